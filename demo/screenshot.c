@@ -1,0 +1,1 @@
+void xwk_demo_placeholder(void) {}

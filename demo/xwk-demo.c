@@ -1,0 +1,2 @@
+#include <Xwk/Xwk.h>
+int main(void) { return 0; }

@@ -1,0 +1,17 @@
+/*
+ * Xwk/Xwk.h - the whole public interface of the Xwk GUI Library.
+ *
+ * Link with `pkg-config --cflags --libs xwk`.  Every function is a plain C
+ * function; widgets follow Motif's conventions (Xwk/PrjTree.h and friends).
+ */
+#ifndef XWK_XWK_H
+#define XWK_XWK_H
+
+#include <Xwk/Frame.h>
+#include <Xwk/Lists.h>
+#include <Xwk/Strings.h>
+#include <Xwk/Ini.h>
+#include <Xwk/Desk.h>
+#include <Xwk/Text.h>
+
+#endif

@@ -1,0 +1,294 @@
+#include "xwktest.h"
+
+#include "xvfb.h"
+
+#include <Xm/Xm.h>
+#include <Xwk/Xwk.h>
+#include <X11/extensions/XTest.h>
+#include <X11/IntrinsicP.h>
+#include <X11/CompositeP.h>
+#include <X11/XKBlib.h>
+#include <X11/keysym.h>
+
+#include <poll.h>
+#include <stdlib.h>
+#include <time.h>
+
+#include <cstring>
+
+namespace xwktest {
+namespace {
+
+XwkXvfb server = {-1, -1};
+XtAppContext app_context;
+Widget app_shell;
+
+struct ServerStopper {
+    ~ServerStopper() { xwk_xvfb_stop(&server); }
+} stopper;
+
+long NowMs()
+{
+    timespec ts;
+    clock_gettime(CLOCK_MONOTONIC, &ts);
+    return ts.tv_sec * 1000L + ts.tv_nsec / 1000000L;
+}
+
+// One step of the loop: dispatch what is there, or wait a little for more.
+void Step(XtAppContext app, int wait_ms)
+{
+    XtInputMask mask = XtAppPending(app);
+    if (mask & XtIMXEvent) {
+        XwkAppProcessEvents(app);
+        return;
+    }
+    if (mask) {
+        XtAppProcessEvent(app, mask);
+        return;
+    }
+    Display *dpy = xwkDisplay;
+    if (!dpy)
+        return;
+    pollfd p = {ConnectionNumber(dpy), POLLIN, 0};
+    poll(&p, 1, wait_ms);
+}
+
+Widget Search(Widget w, const std::function<bool(Widget)> &match)
+{
+    if (!w)
+        return nullptr;
+    if (match(w))
+        return w;
+    for (Cardinal i = 0; i < w->core.num_popups; i++)
+        if (Widget f = Search(w->core.popup_list[i], match))
+            return f;
+    if (XtIsComposite(w)) {
+        CompositeWidget c = (CompositeWidget)w;
+        for (Cardinal i = 0; i < c->composite.num_children; i++)
+            if (Widget f = Search(c->composite.children[i], match))
+                return f;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+const char *DisplayName()
+{
+    if (server.pid <= 0 && xwk_xvfb_start(&server, 0) != 0) {
+        fprintf(stderr, "xwktest: cannot start Xvfb\n");
+        abort();
+    }
+    return getenv("DISPLAY");
+}
+
+std::string PseudoColorDisplayName()
+{
+    DisplayName();
+    return ":" + std::to_string(server.display) + ".1";
+}
+
+Widget StartApp(const char *app_class, String *fallback)
+{
+    if (app_shell)
+        return app_shell;
+    DisplayName();
+    static int argc = 1;
+    static char arg0[] = "xwktest";
+    static char *argv[] = {arg0, nullptr};
+    app_shell = XtVaAppInitialize(&app_context, app_class, nullptr, 0, &argc, argv,
+                                  fallback, XmNwidth, 200, XmNheight, 100, nullptr);
+    XwkInitialize(app_context, app_shell);
+    return app_shell;
+}
+
+XtAppContext App()
+{
+    return xwkApp ? xwkApp : app_context;
+}
+
+bool PumpUntil(const std::function<bool()> &cond, int timeout_ms)
+{
+    long end = NowMs() + timeout_ms;
+    for (;;) {
+        if (cond())
+            return true;
+        if (NowMs() >= end)
+            return false;
+        if (xwkDisplay)
+            XFlush(xwkDisplay);
+        Step(App(), 5);
+    }
+}
+
+void Pump(int ms)
+{
+    PumpUntil([] { return false; }, ms);
+}
+
+void Settle()
+{
+    if (!xwkDisplay)
+        return;
+    for (int round = 0; round < 3; round++) {
+        XSync(xwkDisplay, False);
+        while (XtAppPending(App()))
+            Step(App(), 0);
+    }
+}
+
+bool WaitViewable(Widget w, int timeout_ms)
+{
+    return PumpUntil([w] {
+        if (!XtIsRealized(w))
+            return false;
+        XWindowAttributes a;
+        return XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) && a.map_state == IsViewable;
+    }, timeout_ms);
+}
+
+Widget FindWidget(Widget root, const char *name)
+{
+    return Search(root, [name](Widget w) { return std::strcmp(XtName(w), name) == 0; });
+}
+
+Widget FindWidgetOfClass(Widget root, WidgetClass wc)
+{
+    return Search(root, [wc](Widget w) { return XtClass(w) == wc; });
+}
+
+void RootPosition(Widget w, int *x, int *y)
+{
+    Window child;
+    Display *dpy = XtDisplay(w);
+    XTranslateCoordinates(dpy, XtWindow(w), DefaultRootWindow(dpy), 0, 0, x, y, &child);
+}
+
+void MovePointer(Display *dpy, int root_x, int root_y)
+{
+    XTestFakeMotionEvent(dpy, 0, root_x, root_y, CurrentTime);
+    XSync(dpy, False);
+}
+
+void Click(Widget w, int x, int y, unsigned button)
+{
+    Display *dpy = XtDisplay(w);
+    int rx, ry;
+    RootPosition(w, &rx, &ry);
+    MovePointer(dpy, rx + x, ry + y);
+    XTestFakeButtonEvent(dpy, button, True, CurrentTime);
+    XTestFakeButtonEvent(dpy, button, False, CurrentTime);
+    XSync(dpy, False);
+}
+
+void ClickCenter(Widget w, unsigned button)
+{
+    Click(w, w->core.width / 2, w->core.height / 2, button);
+}
+
+void PressKey(Display *dpy, KeySym sym, unsigned modifiers_mask)
+{
+    static const struct { unsigned mask; KeySym sym; } mods[] = {
+        {ShiftMask, XK_Shift_L}, {ControlMask, XK_Control_L}, {Mod1Mask, XK_Alt_L}};
+    for (auto &m : mods)
+        if (modifiers_mask & m.mask)
+            XTestFakeKeyEvent(dpy, XKeysymToKeycode(dpy, m.sym), True, CurrentTime);
+    KeyCode code = XKeysymToKeycode(dpy, sym);
+    bool shifted = !(modifiers_mask & ShiftMask) && XkbKeycodeToKeysym(dpy, code, 0, 0) != sym &&
+                   XkbKeycodeToKeysym(dpy, code, 0, 1) == sym;
+    KeyCode shift = XKeysymToKeycode(dpy, XK_Shift_L);
+    if (shifted)
+        XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
+    XTestFakeKeyEvent(dpy, code, True, CurrentTime);
+    XTestFakeKeyEvent(dpy, code, False, CurrentTime);
+    if (shifted)
+        XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
+    for (auto &m : mods)
+        if (modifiers_mask & m.mask)
+            XTestFakeKeyEvent(dpy, XKeysymToKeycode(dpy, m.sym), False, CurrentTime);
+    XSync(dpy, False);
+}
+
+void TypeText(Display *dpy, const char *text)
+{
+    for (const char *p = text; *p; p++) {
+        KeySym sym;
+        if (*p == '\n')
+            sym = XK_Return;
+        else if (*p == ' ')
+            sym = XK_space;
+        else {
+            char one[2] = {*p, 0};
+            sym = XStringToKeysym(one);
+            if (sym == NoSymbol)
+                sym = (KeySym)(unsigned char)*p;
+        }
+        PressKey(dpy, sym);
+    }
+}
+
+void SendDeleteWindow(Widget shell)
+{
+    Display *dpy = XtDisplay(shell);
+    XEvent ev;
+    std::memset(&ev, 0, sizeof ev);
+    ev.xclient.type = ClientMessage;
+    ev.xclient.window = XtWindow(shell);
+    ev.xclient.message_type = XInternAtom(dpy, "WM_PROTOCOLS", False);
+    ev.xclient.format = 32;
+    ev.xclient.data.l[0] = (long)XInternAtom(dpy, "WM_DELETE_WINDOW", False);
+    ev.xclient.data.l[1] = CurrentTime;
+    XSendEvent(dpy, XtWindow(shell), False, NoEventMask, &ev);
+    XSync(dpy, False);
+}
+
+Capture::Capture(Display *dpy, Window win, int x, int y, unsigned w, unsigned h)
+{
+    XSync(dpy, False);
+    image_ = XGetImage(dpy, win, x, y, w, h, AllPlanes, ZPixmap);
+}
+
+Capture::Capture(Widget w)
+    : Capture(XtDisplay(w), XtWindow(w), 0, 0, w->core.width, w->core.height)
+{
+}
+
+Capture::~Capture()
+{
+    if (image_)
+        XDestroyImage(image_);
+}
+
+unsigned long Capture::Pixel(int x, int y) const
+{
+    return XGetPixel(image_, x, y);
+}
+
+int Capture::Count(unsigned long pixel, int x, int y, int w, int h) const
+{
+    int n = 0;
+    for (int j = y; j < y + h && j < image_->height; j++)
+        for (int i = x; i < x + w && i < image_->width; i++)
+            if (XGetPixel(image_, i, j) == pixel)
+                n++;
+    return n;
+}
+
+int Capture::width() const
+{
+    return image_->width;
+}
+
+int Capture::height() const
+{
+    return image_->height;
+}
+
+unsigned long PixelOf(Widget w, const char *resource)
+{
+    Pixel p = 0;
+    XtVaGetValues(w, resource, &p, nullptr);
+    return p;
+}
+
+}  // namespace xwktest

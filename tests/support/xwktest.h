@@ -1,0 +1,73 @@
+// Test support: a private Xvfb per test process, Xt started on it, event
+// pumping, real input through XTest and pixels read back with XGetImage.
+#ifndef XWK_TEST_SUPPORT_H
+#define XWK_TEST_SUPPORT_H
+
+#include <X11/Intrinsic.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <functional>
+#include <string>
+
+namespace xwktest {
+
+// Starts the server on first use and sets DISPLAY to it.
+// Screen 0 is 24-bit TrueColor, screen 1 8-bit PseudoColor.
+const char *DisplayName();
+// The name that selects the 8-bit PseudoColor screen, ":N.1".
+std::string PseudoColorDisplayName();
+
+// Way B start-up, once per process: XtVaAppInitialize on the test server,
+// then XwkInitialize.  Returns the application shell.
+Widget StartApp(const char *app_class = "XwkTest", String *fallback = nullptr);
+XtAppContext App();
+
+// Processes events and timers until cond() holds or timeout_ms passes.
+bool PumpUntil(const std::function<bool()> &cond, int timeout_ms = 3000);
+// Processes events and timers for ms milliseconds.
+void Pump(int ms);
+// Flushes, waits for the server and handles all that is pending.
+void Settle();
+// Waits until the widget's window is viewable.
+bool WaitViewable(Widget w, int timeout_ms = 3000);
+
+// Finds a descendant by widget name, pop-ups included; nullptr if none.
+Widget FindWidget(Widget root, const char *name);
+// Finds the first descendant of the class (pop-ups included).
+Widget FindWidgetOfClass(Widget root, WidgetClass wc);
+
+// Real input through XTest, on the display of the widget.
+void RootPosition(Widget w, int *x, int *y);
+void MovePointer(Display *dpy, int root_x, int root_y);
+void Click(Widget w, int x, int y, unsigned button = 1);
+void ClickCenter(Widget w, unsigned button = 1);
+void PressKey(Display *dpy, KeySym sym, unsigned modifiers_mask = 0);
+void TypeText(Display *dpy, const char *text);
+
+// Window manager's close: a WM_DELETE_WINDOW client message to the shell.
+void SendDeleteWindow(Widget shell);
+
+// Pixels read back from the server.
+class Capture {
+public:
+    Capture(Display *dpy, Window win, int x, int y, unsigned w, unsigned h);
+    explicit Capture(Widget w);
+    ~Capture();
+    Capture(const Capture &) = delete;
+    Capture &operator=(const Capture &) = delete;
+    bool ok() const { return image_ != nullptr; }
+    unsigned long Pixel(int x, int y) const;
+    // Number of pixels in the rectangle whose value is pixel.
+    int Count(unsigned long pixel, int x, int y, int w, int h) const;
+    int width() const;
+    int height() const;
+private:
+    XImage *image_ = nullptr;
+};
+
+unsigned long PixelOf(Widget w, const char *resource);  // e.g. XmNbackground
+
+}  // namespace xwktest
+
+#endif
