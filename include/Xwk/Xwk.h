@@ -13,5 +13,8 @@
 #include <Xwk/Ini.h>
 #include <Xwk/Desk.h>
 #include <Xwk/Text.h>
+#include <Xwk/Graphics.h>
+#include <Xwk/ComboBox.h>
+#include <Xwk/PanedW.h>
 
 #endif

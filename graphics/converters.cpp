@@ -1,0 +1,13 @@
+#include <Xwk/Frame.h>
+
+#include <Xm/Xm.h>
+
+// Registers the library's type converters once per process.
+void XwkSetConverters(void)
+{
+    static bool done;
+    if (done)
+        return;
+    done = true;
+    XmRegisterConverters();
+}

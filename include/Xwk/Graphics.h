@@ -1,0 +1,14 @@
+#ifndef XWK_GRAPHICS_H
+#define XWK_GRAPHICS_H
+
+#pragma GCC visibility push(default)
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#ifdef __cplusplus
+}
+#endif
+#pragma GCC visibility pop
+
+#endif
