@@ -1,6 +1,8 @@
 #include <Xwk/Frame.h>
 
-#include <Xm/Xm.h>
+#include <Xm/XmP.h>
+
+#include "frame/XmPrivate.h"
 
 // Registers the library's type converters once per process.
 void XwkSetConverters(void)
