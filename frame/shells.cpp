@@ -54,6 +54,17 @@ bool is_viewable(Widget w, bool *known)
     return *known && a.map_state == IsViewable;
 }
 
+// Xt never marks a shell managed: a pop-up shell counts as managed once it
+// is popped up, a root shell once it is realized.
+bool is_managed(Widget w)
+{
+    if (!XtIsShell(w))
+        return XtIsManaged(w);
+    if (!XtParent(w))
+        return XtIsRealized(w);
+    return ((ShellWidget)w)->shell.popped_up;
+}
+
 bool mapped_when_managed(Widget w)
 {
     Boolean mapped = False;
@@ -143,8 +154,8 @@ void ForceUpdate(Widget w)
     Widget shell, top;
     if (!shells_for(w, &shell, &top))
         return;
-    if (XtIsManaged(shell) && XtIsRealized(shell) && mapped_when_managed(shell) &&
-        XtIsManaged(top) && XtIsRealized(top) && mapped_when_managed(top)) {
+    if (is_managed(shell) && XtIsRealized(shell) && mapped_when_managed(shell) &&
+        is_managed(top) && XtIsRealized(top) && mapped_when_managed(top)) {
         Display *dpy = XtDisplay(shell);
         XGrabServer(dpy);
         for (;;) {
@@ -166,7 +177,7 @@ void ForceDestroy(Widget w)
     Widget shell, top;
     if (!shells_for(w, &shell, &top))
         return;
-    if (XtIsManaged(shell) && XtIsRealized(shell) && XtIsManaged(top) && XtIsRealized(top)) {
+    if (is_managed(shell) && XtIsRealized(shell) && is_managed(top) && XtIsRealized(top)) {
         for (;;) {
             bool known;
             if (!is_viewable(shell, &known) || !known)
