@@ -1,6 +1,8 @@
 // In-place text filters and small string utilities.
 #include <Xwk/Strings.h>
 
+#include "frame/strings_private.h"
+
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -337,3 +339,5 @@ extern "C" float XwkAtoF(const char *text)
     value /= scale;
     return negative ? -value : value;
 }
+
+extern "C" const char xwkEmptyString[] = "";
