@@ -178,13 +178,10 @@ void split_help(const char *help, std::string *page, std::string *anchor)
     *anchor = hash == std::string::npos ? "" : s.substr(hash + 1);
 }
 
-std::string without_white_space(const std::string &s)
+std::string without_white_space(std::string s)
 {
-    std::string out;
-    for (char c : s)
-        if (c != ' ' && c != '\t' && c != '\n' && c != '\r' && c != '\f' && c != '\v')
-            out += c;
-    return out;
+    stpcvt(s.data(), XWK_CVT_ALL_SPACE);
+    return s.c_str();
 }
 
 void hand_over_help(XwkDeskRec *desk)
