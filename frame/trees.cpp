@@ -53,7 +53,8 @@ void UnlinkChild(XwkTreeNode *node)
 // preorder, no other number moves and its own is its predecessor's plus 1.
 // This relies on a fresh tree holding exact preorder numbers; code that
 // relinks nodes by hand sets XWK_TREE_STALE or calls t_enumerate.
-bool FollowsPreorder(const XwkTree *tree, XwkTreeNode *node)
+// Returns false when only a full renumbering will do.
+bool NumberIfLast(const XwkTree *tree, XwkTreeNode *node)
 {
     const XwkTreeNode *top = node;
     for (const XwkTreeNode *n = node; n; n = n->parent) {
@@ -128,7 +129,7 @@ XwkTreeNode *t_tlink(XwkTree *tree, XwkTreeNode *parent, XtPointer data)
     }
     if (!was_fresh)
         return node;
-    if (parent && FollowsPreorder(tree, node)) {
+    if (parent && NumberIfLast(tree, node)) {
         tree->flags &= ~XWK_TREE_STALE;
         return node;
     }
