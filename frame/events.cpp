@@ -18,16 +18,6 @@ XwkEventHandlerRec *handlers;
 int walk_depth;
 std::vector<XwkEventHandlerRec *> removed_during_walk;
 
-// The destroy callback's own copy of the six values: the record it names may
-// have been removed by hand long before the widget dies.
-struct HandlerKey {
-    Widget widget;
-    unsigned int value;
-    int type;
-    int offset;
-    XwkEventHandlerProc proc;
-    XtPointer closure;
-};
 
 bool same(const XwkEventHandlerRec *r, Widget widget, unsigned int value, int type, int offset,
           XwkEventHandlerProc proc, XtPointer closure)
@@ -47,7 +37,7 @@ XwkEventHandlerRec *find_handler(Widget widget, unsigned int value, int type, in
 
 void remove_on_destroy(Widget, XtPointer client_data, XtPointer)
 {
-    HandlerKey *k = (HandlerKey *)client_data;
+    XwkEventHandlerRec *k = (XwkEventHandlerRec *)client_data;
     XwkRemoveEventHandler(k->widget, k->value, k->type, k->offset, k->proc, k->closure);
     XtFree((char *)k);
 }
@@ -73,8 +63,11 @@ XwkEventHandlerRec *XwkAddEventHandler(Widget widget, unsigned int value, int ty
     XwkEventHandlerRec *r = (XwkEventHandlerRec *)XtMalloc(sizeof *r);
     *r = {widget, value, type, offset, proc, closure, handlers};
     handlers = r;
-    HandlerKey *k = (HandlerKey *)XtMalloc(sizeof *k);
-    *k = {widget, value, type, offset, proc, closure};
+    // The destroy callback keeps its own copy of the six values: the record
+    // may be removed by hand long before the widget dies.
+    XwkEventHandlerRec *k = (XwkEventHandlerRec *)XtMalloc(sizeof *k);
+    *k = *r;
+    k->next = nullptr;
     XtAddCallback(widget, XtNdestroyCallback, remove_on_destroy, k);
     return r;
 }

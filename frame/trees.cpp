@@ -10,6 +10,17 @@
 
 namespace {
 
+// The preorder successor of n within the subtree of top; null past its end.
+XwkTreeNode *next_in_subtree(XwkTreeNode *n, const XwkTreeNode *top)
+{
+    if (n->first_child)
+        return n->first_child;
+    while (n != top && !n->next_sibling)
+        n = n->parent;
+    return n == top ? nullptr : n->next_sibling;
+}
+
+
 bool IsPreorder(int kind)
 {
     return (kind & XWK_TREE_KIND_MASK) == XWK_TREE_PREORDER;
@@ -257,19 +268,8 @@ void t_label(int kind, XwkTreeNode *node, unsigned int *counter)
 {
     if (!IsPreorder(kind) || !node || !counter)
         return;
-    XwkTreeNode *n = node;
-    for (;;) {
+    for (XwkTreeNode *n = node; n; n = next_in_subtree(n, node))
         n->id = (*counter)++;
-        if (n->first_child) {
-            n = n->first_child;
-            continue;
-        }
-        while (n != node && !n->next_sibling)
-            n = n->parent;
-        if (n == node)
-            return;
-        n = n->next_sibling;
-    }
 }
 
 void t_enumerate(XwkTree *tree)
@@ -326,20 +326,10 @@ XwkTreeNode *t_usercreep(int kind, XwkTreeNode *node, XwkTreeFindProc find,
 {
     if (!IsPreorder(kind) || !node || !find)
         return nullptr;
-    XwkTreeNode *n = node;
-    for (;;) {
+    for (XwkTreeNode *n = node; n; n = next_in_subtree(n, node))
         if (find(n->data, argument) == 0)
             return n;
-        if (n->first_child) {
-            n = n->first_child;
-            continue;
-        }
-        while (n != node && !n->next_sibling)
-            n = n->parent;
-        if (n == node)
-            return nullptr;
-        n = n->next_sibling;
-    }
+    return nullptr;
 }
 
 void t_tour(int, XwkTreeNode *node, XwkTreeTourProc proc, XtPointer argument)
