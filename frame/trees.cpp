@@ -20,7 +20,6 @@ XwkTreeNode *next_in_subtree(XwkTreeNode *n, const XwkTreeNode *top)
     return n == top ? nullptr : n->next_sibling;
 }
 
-
 bool IsPreorder(int kind)
 {
     return (kind & XWK_TREE_KIND_MASK) == XWK_TREE_PREORDER;
