@@ -6,6 +6,7 @@
 
 #include "frame/XmPrivate.h"
 
+#include <Xm/Display.h>
 #include <Xm/Xm.h>
 #include <X11/IntrinsicP.h>
 
@@ -157,7 +158,7 @@ Boolean string_to_render_table(Display *display, XrmValuePtr, Cardinal *num_args
         Arg args[2];
         XtSetArg(args[0], XmNfontType, entry.type);
         XtSetArg(args[1], XmNfont, font);
-        XmRendition r = XmRenditionCreate(nullptr, (char *)entry.tag.c_str(), args, 2);
+        XmRendition r = XmRenditionCreate(XmGetXmDisplay(display), (char *)entry.tag.c_str(), args, 2);
         table = XmRenderTableAddRenditions(table, &r, 1, XmMERGE_REPLACE);
         XmRenditionFree(r);
     }

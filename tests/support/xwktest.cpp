@@ -107,6 +107,24 @@ XtAppContext App()
     return xwkApp ? xwkApp : app_context;
 }
 
+Widget PseudoColorShell()
+{
+    static Widget shell;
+    if (shell)
+        return shell;
+    StartApp();
+    std::string name = PseudoColorDisplayName();
+    static int argc = 0;
+    Display *dpy = XtOpenDisplay(App(), name.c_str(), "pseudo", "XwkTest", nullptr, 0, &argc, nullptr);
+    if (!dpy) {
+        fprintf(stderr, "xwktest: cannot open %s\n", name.c_str());
+        abort();
+    }
+    shell = XtVaAppCreateShell("pseudo", "XwkTest", applicationShellWidgetClass, dpy, XmNwidth, 60,
+                               XmNheight, 40, nullptr);
+    return shell;
+}
+
 bool PumpUntil(const std::function<bool()> &cond, int timeout_ms)
 {
     long end = NowMs() + timeout_ms;
