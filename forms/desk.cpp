@@ -178,13 +178,10 @@ void split_help(const char *help, std::string *page, std::string *anchor)
     *anchor = hash == std::string::npos ? "" : s.substr(hash + 1);
 }
 
-std::string without_white_space(const std::string &s)
+std::string without_white_space(std::string s)
 {
-    std::string out;
-    for (char c : s)
-        if (c != ' ' && c != '\t' && c != '\n' && c != '\r' && c != '\f' && c != '\v')
-            out += c;
-    return out;
+    stpcvt(s.data(), XWK_CVT_ALL_SPACE);
+    return s.c_str();
 }
 
 void hand_over_help(XwkDeskRec *desk)
@@ -275,7 +272,7 @@ void OpenDeskExt(XwkDeskRec *desk, const char *labels, int count)
     XtManageChild(desk->work);
     XtManageChild(frame);
 
-    Dimension min_width = 0;
+    int min_width = 0;  // WMShell keeps its size hints as int
     Boolean mapped = False;
     XtVaGetValues(shell, XtNminWidth, &min_width, XtNmappedWhenManaged, &mapped, NULL);
     if (mapped)
@@ -289,12 +286,16 @@ void OpenDeskExt(XwkDeskRec *desk, const char *labels, int count)
             XtRealizeWidget(shell);
     }
 
-    Dimension width = shell->core.width > min_width ? shell->core.width : min_width;
+    Dimension width = (Dimension)(shell->core.width > min_width ? shell->core.width : min_width);
     XtVaSetValues(desk->form, XtNwidth, width, NULL);
     XtVaSetValues(shell, XtNwidth, width, XtNmappedWhenManaged, mapped, NULL);
     if (mapped) {
-        // A top-level desk lives in a pop-up shell: nothing else maps it.
-        if (!is_app_shell(shell) && !XtIsTransientShell(shell))
+        // Xt maps a shell that becomes mapped-when-managed only if it counts
+        // as managed, which shells never do; dialog shells map themselves
+        // when their form is managed.
+        if (is_app_shell(shell))
+            XtMapWidget(shell);
+        else if (!XtIsTransientShell(shell))
             XtPopup(shell, XtGrabNone);
         ForceUpdate(desk->form);
     }
