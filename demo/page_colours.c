@@ -7,8 +7,6 @@
 #include <Xm/Xm.h>
 #include <X11/Xutil.h>
 
-#include <math.h>
-
 #include "pages.h"
 
 static const char *folder_xpm[] = {
@@ -88,7 +86,8 @@ static XwkImage *make_picture(void)
     for (y = 0; y < PICTURE_H; y++) {
         for (x = 0; x < PICTURE_W; x++) {
             double fx = (double)x / PICTURE_W, fy = (double)y / PICTURE_H;
-            double sun = exp(-((fx - 0.7) * (fx - 0.7) + (fy - 0.3) * (fy - 0.3)) * 30.0);
+            double d = (fx - 0.7) * (fx - 0.7) + (fy - 0.3) * (fy - 0.3);
+            double sun = 1.0 / (1.0 + d * 60.0);
             unsigned char *p = image->data + (y * PICTURE_W + x) * 3;
             double r = 40 + 120 * fy + 200 * sun, g = 90 + 80 * fy + 160 * sun, b = 220 - 90 * fy + 20 * sun;
             p[0] = (unsigned char)(r > 255 ? 255 : r);

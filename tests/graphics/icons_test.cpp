@@ -228,7 +228,8 @@ TEST(Icons, FreeingTheListSurvivesPixmapsTheServerDropped)
     XwkIcon *a = XwkIconCreateFromData(shell, (char **)kFace);
     XwkIcon *b = XwkIconCreateFromData(shell, (char **)kPlain);
     ASSERT_TRUE(a && b);
-    b->extraPixmap = XCreatePixmap(dpy, DefaultRootWindow(dpy), 2, 2, 24);
+    Pixmap extra = XCreatePixmap(dpy, DefaultRootWindow(dpy), 2, 2, 24);
+    b->extraPixmap = extra;
     XFreePixmap(dpy, a->pixmap);
     XFreePixmap(dpy, a->mask);
     ErrorWatch watch(dpy);
@@ -238,7 +239,7 @@ TEST(Icons, FreeingTheListSurvivesPixmapsTheServerDropped)
     Window root;
     int x, y;
     unsigned w, h, bw, d;
-    EXPECT_EQ(XGetGeometry(dpy, b->extraPixmap, &root, &x, &y, &w, &h, &bw, &d), 0);
+    EXPECT_EQ(XGetGeometry(dpy, extra, &root, &x, &y, &w, &h, &bw, &d), 0);
 
     // The list starts again.
     std::string dir = TempDir();

@@ -112,18 +112,18 @@ Widget PseudoColorShell()
     static Widget shell;
     if (shell)
         return shell;
-    StartApp();
-    std::string name = PseudoColorDisplayName();
-    static int argc = 0;
-    Display *dpy = XtOpenDisplay(App(), name.c_str(), "pseudo", "XwkTest", nullptr, 0, &argc, nullptr);
-    if (!dpy) {
-        fprintf(stderr, "xwktest: cannot open %s\n", name.c_str());
+    Widget top = StartApp();
+    Display *dpy = XtDisplay(top);
+    if (ScreenCount(dpy) < 2) {
+        fprintf(stderr, "xwktest: the server has no PseudoColor screen\n");
         abort();
     }
-    shell = XtVaAppCreateShell("pseudo", "XwkTest", applicationShellWidgetClass, dpy, XmNwidth, 60,
-                               XmNheight, 40, nullptr);
+    shell = XtVaAppCreateShell("pseudo", "XwkTest", applicationShellWidgetClass, dpy,
+                               XtNscreen, ScreenOfDisplay(dpy, 1), XtNdepth, DefaultDepth(dpy, 1),
+                               XtNcolormap, DefaultColormap(dpy, 1), XmNwidth, 60, XmNheight, 40, nullptr);
     return shell;
 }
+
 
 bool PumpUntil(const std::function<bool()> &cond, int timeout_ms)
 {

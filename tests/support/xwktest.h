@@ -22,8 +22,8 @@ std::string PseudoColorDisplayName();
 // then XwkInitialize.  Returns the application shell.
 Widget StartApp(const char *app_class = "XwkTest", String *fallback = nullptr);
 XtAppContext App();
-// An application shell on the 8-bit PseudoColor screen, through a second
-// display connection of the same application (StartApp first).  Made once.
+// An application shell on the 8-bit PseudoColor screen (screen 1 of the
+// display StartApp opened).  Made once.
 Widget PseudoColorShell();
 
 // Processes events and timers until cond() holds or timeout_ms passes.
