@@ -309,11 +309,15 @@ XwkImage *XwkImageCompress(XwkImage *image, int colors)
     {
         ColourIndex index(limit);
         bool counting = true;
+        unsigned last = ~0u;
         uint32_t *hist = histogram.get();
         // The table stops once the limit is passed; the histogram goes on.
         for_each_pixel(image, [&](size_t, unsigned rgb) {
             hist[slot_of(rgb)]++;
-            if (counting && index.Insert(rgb) && index.Count() > (size_t)limit)
+            if (!counting || rgb == last)
+                return;
+            last = rgb;
+            if (index.Insert(rgb) && index.Count() > (size_t)limit)
                 counting = false;
         });
         if (index.Count() <= (size_t)limit)
