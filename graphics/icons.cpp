@@ -191,15 +191,17 @@ XwkIcon *keep(Widget w, const XwkIcon &record, const char *path)
 
 }  // namespace
 
-Boolean XwkIconCreateRecFromData(Widget w, char **data, XwkIcon *record)
+namespace {
+
+// A picture for libXpm: a data array, or a file already parsed.
+struct Source {
+    char **data;
+    XpmImage *image;
+    const XpmInfo *info;
+};
+
+Boolean make_record(Widget w, const Source &source, XwkIcon *record)
 {
-    if (!record)
-        return False;
-    memset(record, 0, sizeof *record);
-    if (!w || !XtIsWidget(w) || !plausible_data(data)) {
-        xwkXpmStatus = XpmFileInvalid;
-        return False;
-    }
     Display *dpy = XtDisplay(w);
     Screen *screen = XtScreen(w);
     Colormap colormap = w->core.colormap;
@@ -229,7 +231,23 @@ Boolean XwkIconCreateRecFromData(Widget w, char **data, XwkIcon *record)
         a.valuemask |= XpmAllocColor;
         a.alloc_color = alloc_xpm_color;
     }
-    int status = XpmCreatePixmapFromData(dpy, drawable_for(w), data, &record->pixmap, &record->mask, &a);
+    Drawable d = drawable_for(w);
+    int status;
+    if (source.data) {
+        status = XpmCreatePixmapFromData(dpy, d, source.data, &record->pixmap, &record->mask, &a);
+    } else {
+        status = XpmCreatePixmapFromXpmImage(dpy, d, source.image, &record->pixmap, &record->mask, &a);
+        // What reading from data reports by itself.
+        a.width = source.image->width;
+        a.height = source.image->height;
+        a.cpp = source.image->cpp;
+        a.valuemask |= XpmSize | XpmCharsPerPixel;
+        if (source.info && (source.info->valuemask & XpmHotspot)) {
+            a.x_hotspot = source.info->x_hotspot;
+            a.y_hotspot = source.info->y_hotspot;
+            a.valuemask |= XpmHotspot;
+        }
+    }
     a.colorsymbols = nullptr;
     if (status == XpmSuccess || (status == XpmColorError && record->pixmap)) {
         record->composed = record->mask ? None : record->pixmap;
@@ -242,6 +260,25 @@ Boolean XwkIconCreateRecFromData(Widget w, char **data, XwkIcon *record)
     memset(record, 0, sizeof *record);
     xwkXpmStatus = status;
     return False;
+}
+
+bool usable_widget(Widget w)
+{
+    return w && XtIsWidget(w);
+}
+
+}  // namespace
+
+Boolean XwkIconCreateRecFromData(Widget w, char **data, XwkIcon *record)
+{
+    if (!record)
+        return False;
+    memset(record, 0, sizeof *record);
+    if (!usable_widget(w) || !plausible_data(data)) {
+        xwkXpmStatus = XpmFileInvalid;
+        return False;
+    }
+    return make_record(w, Source{data, nullptr, nullptr}, record);
 }
 
 XwkIcon *XwkIconCreateFromData(Widget w, char **data)
@@ -267,15 +304,27 @@ XwkIcon *XwkIconCreateFromFile(Widget w, const char *name)
             return e.icon;
         }
     }
+    // Parsed to an image rather than to a data array: this libXpm's
+    // conversion to data loses the row of a picture one row high.
     XwkIcon *icon = nullptr;
-    char **data = nullptr;
-    if (plausible_file(path) && XpmReadFileToData(path, &data) == XpmSuccess) {
+    XpmImage image;
+    XpmInfo info;
+    memset(&image, 0, sizeof image);
+    memset(&info, 0, sizeof info);
+    int status = XpmFileInvalid;
+    if (usable_widget(w) && plausible_file(path))
+        status = XpmReadFileToXpmImage(path, &image, &info);
+    if (status == XpmSuccess) {
         XwkIcon record;
-        if (XwkIconCreateRecFromData(w, data, &record))
+        memset(&record, 0, sizeof record);
+        if (image.width < 1 || image.height < 1 || image.width > kMaxSide || image.height > kMaxSide)
+            xwkXpmStatus = XpmFileInvalid;
+        else if (make_record(w, Source{nullptr, &image, &info}, &record))
             icon = keep(w, record, path);
-        XpmFree(data);
+        XpmFreeXpmImage(&image);
+        XpmFreeXpmInfo(&info);
     } else {
-        xwkXpmStatus = XpmFileInvalid;
+        xwkXpmStatus = status;
     }
     XtFree(path);
     return icon;

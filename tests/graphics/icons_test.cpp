@@ -165,6 +165,20 @@ TEST(Icons, OneRecordPerFile)
     EXPECT_EQ(XwkIconCreateFromFile(shell, (dir + "/pixmaps/missing.xpm").c_str()), nullptr);
     EXPECT_EQ(XwkIconCreateFromFile(shell, "face"), a);
 
+    // One row high, with a hot spot.
+    WriteFile(dir + "/pixmaps/row.xpm",
+              "/* XPM */\nstatic char *row[] = {\n\"3 1 2 1 2 0\",\n\"x c #0000ff\",\n\"o c #ffffff\",\n\"xox\"};\n");
+    XwkIcon *row = XwkIconCreateFromFile(shell, "row");
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->attributes.width, 3u);
+    EXPECT_EQ(row->attributes.height, 1u);
+    EXPECT_TRUE(row->attributes.valuemask & XpmHotspot);
+    EXPECT_EQ(row->attributes.x_hotspot, 2u);
+    xwktest::Capture pic(XtDisplay(shell), row->pixmap, 0, 0, 3, 1);
+    EXPECT_EQ(pic.Pixel(0, 0), 0x0000ffUL);
+    EXPECT_EQ(pic.Pixel(1, 0), 0xffffffUL);
+    XwkIconFree(shell, row);
+
     XwkIconFree(shell, a);
     XwkIcon *b = XwkIconCreateFromFile(shell, "face");
     ASSERT_NE(b, nullptr);
