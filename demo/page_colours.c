@@ -7,6 +7,8 @@
 #include <Xm/Xm.h>
 #include <X11/Xutil.h>
 
+#include <string.h>
+
 #include "pages.h"
 
 static const char *folder_xpm[] = {
@@ -98,35 +100,76 @@ static XwkImage *make_picture(void)
     return image;
 }
 
-/* Draws an image into a pixmap of the widget's depth through the default
- * palette: arithmetic on TrueColor, cells (or the nearest) on the others. */
+/* A copy of an image with at most 256 map entries, for colormaps with cells. */
+static XwkImage *mapped_copy(XwkImage *image)
+{
+    XwkImage *copy;
+    size_t bytes;
+    if (image->cmapSize > 0 && image->cmapSize <= 256) {
+        copy = XwkImageNewCmap(image->width, image->height, image->cmapSize);
+        memcpy(copy->cmap, image->cmap, (size_t)image->cmapSize * 3);
+        bytes = (size_t)image->width * image->height;
+    } else {
+        XwkImage *rgb = XwkImageToRGB(image);
+        copy = XwkImageNew(image->width, image->height);
+        bytes = (size_t)image->width * image->height * 3;
+        memcpy(copy->data, rgb->data, bytes);
+        if (rgb != image)
+            XwkImageDelete(rgb);
+        return XwkImageCompress(copy, 200);
+    }
+    memcpy(copy->data, image->data, bytes);
+    return copy;
+}
+
+/* Draws an image into a pixmap of the widget's depth: TrueColor by the
+ * default palette's arithmetic; on a colormap with cells each map entry is
+ * allocated once, the nearest cell standing in when the map is full. */
 static Pixmap image_to_pixmap(Widget w, XwkImage *image)
 {
     Display *dpy = XtDisplay(w);
     Screen *screen = XtScreen(w);
     XwkPalette *palette = XwkPaletteGetDefault(w);
-    XwkImage *rgb = XwkImageToRGB(image);
     Pixmap pixmap = XCreatePixmap(dpy, RootWindowOfScreen(screen), (unsigned)image->width,
                                   (unsigned)image->height, (unsigned)DefaultDepthOfScreen(screen));
     XImage *xi = XGetImage(dpy, pixmap, 0, 0, (unsigned)image->width, (unsigned)image->height, AllPlanes, ZPixmap);
     GC gc = XCreateGC(dpy, pixmap, 0, NULL);
-    int x, y;
-    for (y = 0; y < image->height; y++) {
-        for (x = 0; x < image->width; x++) {
-            const unsigned char *p = rgb->data + (y * image->width + x) * 3;
-            XColor c;
-            c.red = (unsigned short)(p[0] << 8);
-            c.green = (unsigned short)(p[1] << 8);
-            c.blue = (unsigned short)(p[2] << 8);
-            c.flags = DoRed | DoGreen | DoBlue;
-            XPutPixel(xi, x, y, XwkPaletteAlloc(palette, &c));
+    int x, y, i;
+    if (!palette->usesCells) {
+        XwkImage *rgb = XwkImageToRGB(image);
+        for (y = 0; y < image->height; y++) {
+            for (x = 0; x < image->width; x++) {
+                const unsigned char *p = rgb->data + (y * image->width + x) * 3;
+                XColor c;
+                c.red = (unsigned short)(p[0] << 8);
+                c.green = (unsigned short)(p[1] << 8);
+                c.blue = (unsigned short)(p[2] << 8);
+                c.flags = DoRed | DoGreen | DoBlue;
+                XPutPixel(xi, x, y, XwkPaletteAlloc(palette, &c));
+            }
         }
+        if (rgb != image)
+            XwkImageDelete(rgb);
+    } else {
+        XwkImage *mapped = mapped_copy(image);
+        unsigned long pixels[256];
+        for (i = 0; i < mapped->cmapSize; i++) {
+            XColor c;
+            c.red = (unsigned short)(mapped->cmap[i * 3] * 257);
+            c.green = (unsigned short)(mapped->cmap[i * 3 + 1] * 257);
+            c.blue = (unsigned short)(mapped->cmap[i * 3 + 2] * 257);
+            c.flags = DoRed | DoGreen | DoBlue;
+            XwkFindColor(dpy, DefaultColormapOfScreen(screen), &c);
+            pixels[i] = c.pixel;
+        }
+        for (y = 0; y < image->height; y++)
+            for (x = 0; x < image->width; x++)
+                XPutPixel(xi, x, y, pixels[mapped->data[y * image->width + x]]);
+        XwkImageDelete(mapped);
     }
     XPutImage(dpy, pixmap, gc, xi, 0, 0, 0, 0, (unsigned)image->width, (unsigned)image->height);
     XFreeGC(dpy, gc);
     XDestroyImage(xi);
-    if (rgb != image)
-        XwkImageDelete(rgb);
     return pixmap;
 }
 
