@@ -222,7 +222,11 @@ extern "C" int XwkWriteIni(const char *file, const char *section, char **keys, c
         return 0;
     }
     struct stat st;
-    bool empty = fstat(fileno(in), &st) != 0 || st.st_size == 0;
+    if (fstat(fileno(in), &st) != 0) {
+        std::fclose(in);
+        return 0;
+    }
+    const bool empty = st.st_size == 0;
     FILE *out = tmp.fp();
 
     const std::string header = "[" + std::string(section) + "]";

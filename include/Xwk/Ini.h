@@ -29,11 +29,14 @@ signed char XwkReadIni(const char *file, const char *section, char ***keys, char
                        int *count);
 /* Sets count keys of [section], creating the file or the section as
  * needed; a key also replaces the first entry it is a prefix of.  A null
- * value writes as empty.  1 on success, 0 on failure; when writing fails
- * the file keeps its old text. */
+ * value writes as empty.  1 on success, 0 on failure.  When reading the
+ * file or writing the temporary copy fails, the file keeps its old text;
+ * when copying the result back fails, the temporary copy (in $TMPDIR or
+ * /tmp, named ini...) is left in place with the whole new text. */
 int XwkWriteIni(const char *file, const char *section, char **keys, char **values, int count);
 /* Removes from [section] the entries that begin with key or whose value
- * contains value; with both null, the whole section but its comments. */
+ * contains value; with both null, the whole section but its comments.  A
+ * missing file stays missing; failures leave the file as XwkWriteIni does. */
 void XwkDeleteIni(const char *file, const char *section, const char *key, const char *value);
 
 #ifdef __cplusplus

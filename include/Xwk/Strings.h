@@ -4,7 +4,8 @@
  * Routines that work in place change the caller's buffer and return it.
  * Results described as allocated come from XtMalloc and are freed with
  * XtFree by the caller.  Every routine given a null pointer where a text or
- * buffer is needed does nothing and returns null (or 0, -1 for stschind).
+ * buffer is needed does nothing and returns null (or 0, -1 for stschind);
+ * where a null has a meaning, the routine says so below.
  */
 #ifndef XWK_STRINGS_H
 #define XWK_STRINGS_H
