@@ -4,8 +4,6 @@
 #include <Xwk/Frame.h>
 #include <Xwk/Graphics.h>
 
-#include "graphics/buckets.h"
-
 #include <X11/IntrinsicP.h>
 #include <X11/Shell.h>
 
@@ -30,7 +28,7 @@ struct PaletteEntry {
 PaletteEntry *palettes;
 XwkPalette *default_palette;
 
-int compare_color(const void *stored, const void *key)
+int compare_color(XtPointer stored, XtPointer key)
 {
     const XColor *a = (const XColor *)stored;
     const XColor *b = (const XColor *)key;
@@ -43,21 +41,11 @@ int compare_color(const void *stored, const void *key)
     return 0;
 }
 
-int compare_pixel(const void *stored, const void *key)
+int compare_pixel(XtPointer stored, XtPointer key)
 {
     Pixel a = ((const XColor *)stored)->pixel;
     Pixel b = ((const XColor *)key)->pixel;
     return a < b ? -1 : a > b ? 1 : 0;
-}
-
-xwk::BucketTrees *by_color(XwkPalette *p)
-{
-    return (xwk::BucketTrees *)p->byColor;
-}
-
-xwk::BucketTrees *by_pixel(XwkPalette *p)
-{
-    return (xwk::BucketTrees *)p->byPixel;
 }
 
 // The colour bucket is taken from the colour as given; cells are stored and
@@ -85,27 +73,27 @@ XColor masked(const XColor *c)
 
 void add_cell(XwkPalette *p, XwkPaletteCell *cell, const XColor *key_color)
 {
-    by_color(p)->Add(color_bucket(key_color), &cell->color);
-    by_pixel(p)->Add(pixel_bucket(cell->color.pixel), &cell->color);
+    HashAdd(p->byColor, color_bucket(key_color), &cell->color);
+    HashAdd(p->byPixel, pixel_bucket(cell->color.pixel), &cell->color);
 }
 
 void remove_cell(XwkPalette *p, XwkPaletteCell *cell)
 {
-    by_color(p)->Remove(color_bucket(&cell->color), &cell->color);
-    by_pixel(p)->Remove(pixel_bucket(cell->color.pixel), &cell->color);
+    HashRemove(p->byColor, color_bucket(&cell->color), &cell->color);
+    HashRemove(p->byPixel, pixel_bucket(cell->color.pixel), &cell->color);
 }
 
 XwkPaletteCell *find_color(XwkPalette *p, const XColor *color)
 {
     XColor key = masked(color);
-    return (XwkPaletteCell *)by_color(p)->Find(color_bucket(&key), &key);
+    return (XwkPaletteCell *)HashFind(p->byColor, color_bucket(&key), &key);
 }
 
 XwkPaletteCell *find_pixel(XwkPalette *p, Pixel pixel)
 {
     XColor key = {};
     key.pixel = pixel;
-    return (XwkPaletteCell *)by_pixel(p)->Find(pixel_bucket(pixel), &key);
+    return (XwkPaletteCell *)HashFind(p->byPixel, pixel_bucket(pixel), &key);
 }
 
 PaletteEntry *entry_of(XwkPalette *p)
@@ -213,8 +201,8 @@ XwkPalette *create_palette(Widget w, bool as_default)
     p->mapEntries = visual->map_entries;
     p->grey = visual->c_class < 2;
     p->usesCells = visual->c_class != TrueColor;
-    p->byColor = new xwk::BucketTrees(compare_color, kBuckets);
-    p->byPixel = new xwk::BucketTrees(compare_pixel, kBuckets);
+    p->byColor = HashCreate(compare_color, nullptr, kBuckets);
+    p->byPixel = HashCreate(compare_pixel, nullptr, kBuckets);
     Window root = RootWindowOfScreen(screen);
 
     switch (visual->c_class) {
@@ -427,10 +415,10 @@ XColor *XwkPaletteLookup(XwkPalette *p, Pixel pixel)
     if (!cell)
         return nullptr;
     if (cell->invalid) {
-        by_color(p)->Remove(color_bucket(&cell->color), &cell->color);
+        HashRemove(p->byColor, color_bucket(&cell->color), &cell->color);
         XQueryColor(p->display, p->colormap, &cell->color);
         cell->color = masked(&cell->color);
-        by_color(p)->Add(color_bucket(&cell->color), &cell->color);
+        HashAdd(p->byColor, color_bucket(&cell->color), &cell->color);
         cell->invalid = 0;
     }
     return &cell->color;
@@ -513,8 +501,8 @@ void XwkPaletteDelete(XwkPalette *p)
     }
     if (default_palette == p)
         default_palette = nullptr;
-    delete by_color(p);
-    delete by_pixel(p);
+    HashDestroy(p->byColor);
+    HashDestroy(p->byPixel);
     XtFree((char *)p->cells);
     XtFree((char *)p);
 }

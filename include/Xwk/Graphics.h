@@ -12,6 +12,7 @@
 #include <X11/Intrinsic.h>
 #include <X11/Xlib.h>
 #include <X11/xpm.h>
+#include <Xwk/Lists.h>
 
 #pragma GCC visibility push(default)
 #ifdef __cplusplus
@@ -38,8 +39,8 @@ typedef struct _XwkPalette {
     Colormap colormap;
     Visual *visual;
     int depth;
-    void *byColor;            /* cells by red, green, blue */
-    void *byPixel;            /* cells by pixel */
+    HashTree *byColor;        /* cells by red, green, blue, 128 buckets */
+    HashTree *byPixel;        /* cells by pixel, 128 buckets */
     XwkPaletteCell *cells;    /* mapEntries cells of writable classes, else NULL */
     Pixel unusedPixel;        /* a pixel kept back for the caller */
     int redShift, greenShift, blueShift;   /* TrueColor only */
