@@ -16,6 +16,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -74,9 +75,18 @@ Widget ColouredLabel(Widget parent, Pixel background)
     return XtVaCreateManagedWidget("icons", xmLabelWidgetClass, parent, XmNbackground, background, NULL);
 }
 
+struct TempDirRemover {
+    std::string dir;
+    ~TempDirRemover()
+    {
+        if (!dir.empty())
+            std::filesystem::remove_all(dir);
+    }
+} temp_dir_remover;
+
 std::string TempDir()
 {
-    static std::string dir;
+    std::string &dir = temp_dir_remover.dir;
     if (dir.empty()) {
         char templ[] = "/tmp/xwk-icons-XXXXXX";
         dir = mkdtemp(templ);
