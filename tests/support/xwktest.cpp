@@ -107,6 +107,24 @@ XtAppContext App()
     return xwkApp ? xwkApp : app_context;
 }
 
+Widget PseudoColorShell()
+{
+    static Widget shell;
+    if (shell)
+        return shell;
+    Widget top = StartApp();
+    Display *dpy = XtDisplay(top);
+    if (ScreenCount(dpy) < 2) {
+        fprintf(stderr, "xwktest: the server has no PseudoColor screen\n");
+        abort();
+    }
+    shell = XtVaAppCreateShell("pseudo", "XwkTest", applicationShellWidgetClass, dpy,
+                               XtNscreen, ScreenOfDisplay(dpy, 1), XtNdepth, DefaultDepth(dpy, 1),
+                               XtNcolormap, DefaultColormap(dpy, 1), XmNwidth, 60, XmNheight, 40, nullptr);
+    return shell;
+}
+
+
 bool PumpUntil(const std::function<bool()> &cond, int timeout_ms)
 {
     long end = NowMs() + timeout_ms;

@@ -22,6 +22,9 @@ std::string PseudoColorDisplayName();
 // then XwkInitialize.  Returns the application shell.
 Widget StartApp(const char *app_class = "XwkTest", String *fallback = nullptr);
 XtAppContext App();
+// An application shell on the 8-bit PseudoColor screen (screen 1 of the
+// display StartApp opened).  Made once.
+Widget PseudoColorShell();
 
 // Processes events and timers until cond() holds or timeout_ms passes.
 bool PumpUntil(const std::function<bool()> &cond, int timeout_ms = 3000);
