@@ -32,6 +32,7 @@ static const struct {
     PageBuilder build;
 } pages[] = {
     {"Desk forms", demo_page_frame},
+    {"Colours and images", demo_page_colours},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 
@@ -157,7 +158,7 @@ int main(int argc, char **argv)
 
     if (headless) {
         for (int i = 0; i < npages; i++)
-            open_page(i, (Position)(60 + 40 * i), (Position)(320 + 40 * i));
+            open_page(i, (Position)(60 + (i % 3) * 420), (Position)(240 + (i / 3) * 360));
         int rc = take_screenshot(screenshot);
         xwk_xvfb_stop(&server);
         return rc;

@@ -17,6 +17,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "frame/xerrors.h"
+
 int xwkXpmStatus;
 
 namespace {
@@ -43,11 +45,6 @@ Display *shared_display;
 Screen *shared_screen;
 Drawable shared_drawable;
 Pixmap empty_drag_bitmap;
-
-int ignore_x_error(Display *, XErrorEvent *)
-{
-    return 0;
-}
 
 bool read_number(const char **cursor, unsigned long *value)
 {
@@ -353,7 +350,7 @@ void XwkIconFreeIconsList(void)
             displays.push_back(e.display);
     if (shared_display && std::find(displays.begin(), displays.end(), shared_display) == displays.end())
         displays.push_back(shared_display);
-    XErrorHandler old = XSetErrorHandler(ignore_x_error);
+    XErrorHandler old = XSetErrorHandler(XwkIgnoreXError);
     for (const IconEntry &e : icons) {
         free_icon_parts(e.display, e.icon);
         XtFree((char *)e.icon);

@@ -4,16 +4,13 @@
 
 #include <X11/IntrinsicP.h>
 
-namespace {
+#include "frame/xerrors.h"
 
-int ignore_x_error(Display *, XErrorEvent *)
-{
-    return 0;
-}
+namespace {
 
 Window frame_window(Display *dpy, Window w)
 {
-    XErrorHandler old = XSetErrorHandler(ignore_x_error);
+    XErrorHandler old = XSetErrorHandler(XwkIgnoreXError);
     XGrabServer(dpy);
     Window result = 0;
     for (;;) {
