@@ -291,7 +291,7 @@ void Popdown(Widget w)
     if (p.grabProc) {
         // Popped but the grabs were never taken: only the shell goes.
         CancelPendingGrab(w);
-        if (p.shell)
+        if (p.shell && !p.shell->core.being_destroyed)
             XtPopdown(p.shell);
     }
     if (!(p.flags & XwkCB_LIST_UP))
@@ -315,8 +315,12 @@ void Popdown(Widget w)
     // grab would be ignored by the server.
     XtUngrabPointer(p.shell, CurrentTime);
     XtUngrabKeyboard(p.list, CurrentTime);
-    XtRemoveGrab(p.shell);
-    XtPopdown(p.shell);
+    // A shell being destroyed has its Xt grab and popup state cleared by
+    // the toolkit's own destroy callbacks.
+    if (!p.shell->core.being_destroyed) {
+        XtRemoveGrab(p.shell);
+        XtPopdown(p.shell);
+    }
     XSync(dpy, False);
     if (p.text && !p.text->core.being_destroyed)
         XmProcessTraversal(p.text, XmTRAVERSE_CURRENT);
