@@ -5,5 +5,6 @@
 #include <X11/Intrinsic.h>
 
 Widget demo_page_frame(Widget parent);
+Widget demo_page_companions(Widget parent);
 
 #endif
