@@ -165,7 +165,14 @@ int XwkComboBoxReplaceItem(Widget w, XmString old_item, XmString new_item)
     int pos = XmListItemPos(p.list, old_item);
     if (pos <= 0)
         return 0;
+    // Motif's list loses track of (and leaks) its copy of a selected item
+    // that is replaced in place; replace it unselected and select again.
+    bool selected = XmListPosSelected(p.list, pos);
+    if (selected)
+        XmListDeselectPos(p.list, pos);
     XmListReplaceItemsPos(p.list, &new_item, 1, pos);
+    if (selected)
+        XmListSelectPos(p.list, pos, False);
     XwkComboBoxUpdate(w);
     return pos;
 }
