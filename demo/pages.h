@@ -6,5 +6,6 @@
 
 Widget demo_page_frame(Widget parent);
 Widget demo_page_colours(Widget parent);
+Widget demo_page_companions(Widget parent);
 
 #endif

@@ -33,6 +33,7 @@ static const struct {
 } pages[] = {
     {"Desk forms", demo_page_frame},
     {"Colours and images", demo_page_colours},
+    {"Combo boxes and panes", demo_page_companions},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 

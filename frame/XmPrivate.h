@@ -14,3 +14,18 @@ void XmRegisterConverters(void);
 }
 
 #endif
+
+// --- companions: paned window and combo box ---
+#include <Xm/XmP.h>
+
+extern "C" {
+
+void _XmMoveObject(Widget w, Position x, Position y);
+void _XmResizeObject(Widget w, Dimension width, Dimension height, Dimension border_width);
+void _XmDrawHighlight(Display *display, Drawable d, GC gc, Position x, Position y, Dimension width,
+                      Dimension height, Dimension thickness, int line_style);
+void _XmManagerFocusIn(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmManagerFocusOut(Widget w, XEvent *event, String *params, Cardinal *num_params);
+Boolean _XmParentProcess(Widget w, XmParentProcessData data);
+
+}

@@ -49,8 +49,14 @@ void Step(XtAppContext app, int wait_ms)
     Display *dpy = xwkDisplay;
     if (!dpy)
         return;
-    pollfd p = {ConnectionNumber(dpy), POLLIN, 0};
-    poll(&p, 1, wait_ms);
+    // Idle: let Xt run its work procedures, as XtAppNextEvent does in the
+    // real loop, then wait for the guard timer or an earlier one.
+    bool fired = false;
+    XtIntervalId guard = XtAppAddTimeOut(
+        app, wait_ms, [](XtPointer closure, XtIntervalId *) { *(bool *)closure = true; }, &fired);
+    XtAppProcessEvent(app, XtIMTimer);
+    if (!fired)
+        XtRemoveTimeOut(guard);
 }
 
 Widget Search(Widget w, const std::function<bool(Widget)> &match)

@@ -1,0 +1,400 @@
+// The combo box: popping the list with real clicks and keys, choosing,
+// typing, and taking it down so that nothing stays grabbed.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/ComboBoxP.h>
+#include <Xm/XmP.h>
+#include <Xm/List.h>
+#include <Xm/PushB.h>
+#include <Xm/RowColumn.h>
+#include <Xm/Text.h>
+#include <X11/ShellP.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+std::vector<XwkComboBoxCallbackStruct> selections;
+std::vector<std::string> warnings;
+int pushes;
+
+void OnSelection(Widget, XtPointer, XtPointer call)
+{
+    selections.push_back(*(XwkComboBoxCallbackStruct *)call);
+}
+
+void OnPush(Widget, XtPointer, XtPointer) { pushes++; }
+
+void CollectWarning(String name, String, String, String def, String *, Cardinal *)
+{
+    warnings.push_back(def ? def : name);
+}
+
+// A second client: can it take the pointer and keyboard right now?
+bool OthersCanGrab()
+{
+    Display *other = XOpenDisplay(xwktest::DisplayName());
+    if (!other)
+        return false;
+    Window root = DefaultRootWindow(other);
+    int p = XGrabPointer(other, root, False, ButtonPressMask, GrabModeAsync, GrabModeAsync, None, None,
+                         CurrentTime);
+    int k = XGrabKeyboard(other, root, False, GrabModeAsync, GrabModeAsync, CurrentTime);
+    XUngrabPointer(other, CurrentTime);
+    XUngrabKeyboard(other, CurrentTime);
+    XCloseDisplay(other);
+    return p == GrabSuccess && k == GrabSuccess;
+}
+
+struct Fixture {
+    Widget shell = nullptr, row = nullptr, combo = nullptr, button = nullptr;
+    explicit Fixture(unsigned char type, int items = 5, const char *name = "combo")
+    {
+        Widget app = xwktest::StartApp();
+        shell = XtVaCreatePopupShell("combos", topLevelShellWidgetClass, app, NULL);
+        row = XtVaCreateManagedWidget("row", xmRowColumnWidgetClass, shell, XmNorientation, XmVERTICAL, NULL);
+        // Above the combo box, where the list does not cover it.
+        button = XtVaCreateManagedWidget("push", xmPushButtonWidgetClass, row, NULL);
+        XtAddCallback(button, XmNactivateCallback, OnPush, nullptr);
+        std::vector<XmString> strings;
+        for (int i = 0; i < items; i++)
+            strings.push_back(XmStringCreateLocalized((char *)("item" + std::to_string(i + 1)).c_str()));
+        Arg args[4];
+        Cardinal n = 0;
+        XtSetArg(args[n], XmNcomboBoxType, type); n++;
+        XtSetArg(args[n], XmNitems, strings.data()); n++;
+        XtSetArg(args[n], XmNitemCount, items); n++;
+        XtSetArg(args[n], XmNvisibleItemCount, 4); n++;
+        combo = XwkCreateComboBox(row, (String)name, args, n);
+        for (XmString s : strings)
+            XmStringFree(s);
+        XtAddCallback(combo, XmNselectionCallback, OnSelection, nullptr);
+        XtManageChild(combo);
+        XtPopup(shell, XtGrabNone);
+        xwktest::WaitViewable(combo);
+        xwktest::Settle();
+        selections.clear();
+        pushes = 0;
+    }
+    ~Fixture()
+    {
+        if (shell)
+            XtDestroyWidget(shell);
+        xwktest::Settle();
+    }
+    XwkComboBoxPart &part() { return ((XwkComboBoxWidget)combo)->combo; }
+    bool listUp() { return part().flags & XwkCB_LIST_UP; }
+    bool WaitUp() { return xwktest::PumpUntil([&] { return listUp(); }); }
+    std::string Text()
+    {
+        char *s = XmTextGetString(XwkComboBoxGetText(combo));
+        std::string out = s ? s : "";
+        XtFree(s);
+        return out;
+    }
+};
+
+TEST(ComboBox, ArrowClickPopsListAndAChoiceClosesIt)
+{
+    Fixture f(XwkDROP_DOWN_LIST);
+    EXPECT_EQ(f.Text(), "item1");
+    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
+    ASSERT_TRUE(f.WaitUp());
+    Widget list = XwkComboBoxGetList(f.combo);
+    ASSERT_TRUE(xwktest::WaitViewable(list));
+    xwktest::Pump(50);
+    EXPECT_TRUE(f.listUp());  // the release of the opening click leaves it up
+    EXPECT_FALSE(OthersCanGrab());
+
+    // The shell opens under the combo box, as wide as it within the highlight.
+    Widget shell = XwkComboBoxGetShell(f.combo);
+    int cx, cy, sx, sy;
+    xwktest::RootPosition(f.combo, &cx, &cy);
+    xwktest::RootPosition(shell, &sx, &sy);
+    EXPECT_EQ(sx, cx + 2);
+    EXPECT_EQ(sy, cy + f.combo->core.height - 2);
+    EXPECT_EQ(shell->core.width, f.combo->core.width - 4);
+
+    // Third item: rows are equal in height.
+    int row_h = list->core.height / 4;
+    xwktest::Click(list, list->core.width / 2, row_h * 2 + row_h / 2);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    xwktest::Settle();
+    ASSERT_EQ(selections.size(), 1u);
+    EXPECT_EQ(selections[0].reason, XwkCR_COMBO_SELECT);
+    EXPECT_EQ(selections[0].position, 3);
+    EXPECT_EQ(f.Text(), "item3");
+    EXPECT_TRUE(OthersCanGrab());
+}
+
+TEST(ComboBox, ClickOutsideClosesAndReachesTheWidgetUnderIt)
+{
+    Fixture f(XwkDROP_DOWN_LIST);
+    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
+    ASSERT_TRUE(f.WaitUp());
+    xwktest::Pump(50);
+    xwktest::ClickCenter(f.button);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return pushes == 1; }));
+    EXPECT_TRUE(selections.empty());
+    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_FALSE(((ShellWidget)XwkComboBoxGetShell(f.combo))->shell.popped_up);
+
+    // A click on the root window closes it as well.
+    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
+    ASSERT_TRUE(f.WaitUp());
+    xwktest::Pump(50);
+    Display *dpy = XtDisplay(f.combo);
+    xwktest::MovePointer(dpy, WidthOfScreen(XtScreen(f.combo)) - 5, HeightOfScreen(XtScreen(f.combo)) - 5);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    EXPECT_TRUE(OthersCanGrab());
+}
+
+TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
+{
+    Fixture f(XwkDROP_DOWN_LIST);
+    Display *dpy = XtDisplay(f.combo);
+    xwktest::ClickCenter(XwkComboBoxGetText(f.combo));  // a drop-down list pops on any click
+    ASSERT_TRUE(f.WaitUp());
+    xwktest::Pump(50);
+    xwktest::PressKey(dpy, XK_Escape);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    EXPECT_TRUE(selections.empty());
+    EXPECT_TRUE(OthersCanGrab());
+
+    // Focus is back in the text: Down moves the choice and notifies.
+    xwktest::PressKey(dpy, XK_Down);
+    xwktest::Settle();
+    ASSERT_EQ(selections.size(), 1u);
+    EXPECT_EQ(selections[0].position, 2);
+    EXPECT_EQ(f.Text(), "item2");
+
+    xwktest::PressKey(dpy, XK_Down, ControlMask);
+    ASSERT_TRUE(f.WaitUp());
+    xwktest::PressKey(dpy, XK_Down);
+    xwktest::PressKey(dpy, XK_Return);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    xwktest::Settle();
+    EXPECT_EQ(f.Text(), "item3");
+    EXPECT_EQ(f.part().selectedPosition, 3);
+    EXPECT_TRUE(OthersCanGrab());
+}
+
+TEST(ComboBox, EditableTextTakesTypingAndActivates)
+{
+    Fixture f(XwkDROP_DOWN_COMBO_BOX);
+    Display *dpy = XtDisplay(f.combo);
+    Widget text = XwkComboBoxGetText(f.combo);
+    xwktest::ClickCenter(text);
+    xwktest::Settle();
+    EXPECT_FALSE(f.listUp());  // a click in an editable text is for the text
+    XmTextSetString(text, (char *)"");
+    xwktest::TypeText(dpy, "hello");
+    xwktest::Settle();
+    EXPECT_EQ(f.Text(), "hello");
+    xwktest::PressKey(dpy, XK_Return);
+    xwktest::Settle();
+    ASSERT_EQ(selections.size(), 1u);
+    EXPECT_EQ(selections[0].reason, XmCR_ACTIVATE);
+    EXPECT_EQ(selections[0].position, 0);
+
+    // Down in an editable text changes the text without a callback.
+    selections.clear();
+    xwktest::PressKey(dpy, XK_Down);
+    xwktest::Settle();
+    EXPECT_TRUE(selections.empty());
+    EXPECT_EQ(f.Text(), "item1");
+    xwktest::PressKey(dpy, XK_Down);
+    xwktest::Settle();
+    EXPECT_EQ(f.Text(), "item2");
+    EXPECT_EQ(f.part().selectedPosition, 2);
+    EXPECT_TRUE(selections.empty());
+}
+
+TEST(ComboBox, WheelScrollsTheListAndLeavesItUp)
+{
+    Fixture f(XwkDROP_DOWN_LIST, 20);
+    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
+    ASSERT_TRUE(f.WaitUp());
+    xwktest::Pump(50);
+    Widget list = XwkComboBoxGetList(f.combo);
+    int top = 0;
+    XtVaGetValues(list, XmNtopItemPosition, &top, NULL);
+    xwktest::ClickCenter(list, 5);
+    xwktest::Settle();
+    int after = 0;
+    XtVaGetValues(list, XmNtopItemPosition, &after, NULL);
+    EXPECT_GT(after, top);
+    EXPECT_TRUE(f.listUp());
+    xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    EXPECT_TRUE(OthersCanGrab());
+}
+
+TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
+{
+    auto *f = new Fixture(XwkDROP_DOWN_LIST);
+    xwktest::ClickCenter(XwkComboBoxGetArrow(f->combo));
+    ASSERT_TRUE(f->WaitUp());
+    XtDestroyWidget(f->combo);
+    xwktest::Settle();
+    EXPECT_TRUE(OthersCanGrab());
+    delete f;
+
+    // Destroyed between the popup and the grabs.
+    auto *g = new Fixture(XwkDROP_DOWN_LIST);
+    XwkComboBoxProcessXY(g->combo, g->combo->core.width - 5, 5);
+    XtDestroyWidget(g->combo);
+    xwktest::Settle();
+    EXPECT_TRUE(OthersCanGrab());
+    delete g;
+}
+
+TEST(ComboBox, BadValuesAndEmptyLists)
+{
+    Widget app = xwktest::StartApp();
+    XtAppSetWarningMsgHandler(XtWidgetToApplicationContext(app), CollectWarning);
+    warnings.clear();
+    Fixture f(XwkCOMBO_BOX, 0);
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_NE(warnings[0].find("Sorry, type of XmCOMBO_BOX while is not implemented, using default."),
+              std::string::npos);
+    EXPECT_EQ(f.part().comboBoxType, XwkDROP_DOWN_LIST);
+    XtVaSetValues(f.combo, XmNcomboBoxType, 0, NULL);
+    EXPECT_EQ(warnings.size(), 2u);
+    XtVaSetValues(f.combo, XmNcomboBoxType, 9, XwkNarrowPlacement, 7, NULL);
+    EXPECT_EQ(f.part().comboBoxType, XwkDROP_DOWN_LIST);
+    EXPECT_EQ(f.part().arrowPlacement, XwkARROW_RIGHT);
+    XtAppSetWarningMsgHandler(XtWidgetToApplicationContext(app), nullptr);
+
+    // Empty list: the arrow still pops an empty shell.
+    EXPECT_EQ(f.Text(), "");
+    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
+    ASSERT_TRUE(f.WaitUp());
+    xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    EXPECT_TRUE(OthersCanGrab());
+
+    EXPECT_EQ(XwkComboBoxSelectPos(f.combo, 3, True), 3);
+    EXPECT_TRUE(selections.empty());
+    XmString missing = XmStringCreateLocalized((char *)"missing");
+    EXPECT_EQ(XwkComboBoxSelectItem(f.combo, missing, True), 0);
+    EXPECT_EQ(XwkComboBoxSelectItem(app, missing, True), -1);
+    EXPECT_EQ(XwkComboBoxSetItem(app, missing), -1);
+    EXPECT_EQ(XwkComboBoxGetList(app), nullptr);
+    XwkComboBoxDeletePos(f.combo, 4, True);
+    XwkComboBoxDeleteItem(f.combo, missing, True);
+    XwkComboBoxAddItem(f.combo, missing, 0, True);
+    XwkComboBoxAddItem(f.combo, missing, 0, True);
+    int count = 0;
+    XtVaGetValues(XwkComboBoxGetList(f.combo), XmNitemCount, &count, NULL);
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(f.Text(), "missing");
+    XmStringFree(missing);
+}
+
+TEST(ComboBox, ItemOperations)
+{
+    Fixture f(XwkDROP_DOWN_LIST);
+    XmString three = XmStringCreateLocalized((char *)"item3");
+    XmString other = XmStringCreateLocalized((char *)"other");
+    EXPECT_EQ(XwkComboBoxSelectItem(f.combo, three, True), 3);
+    ASSERT_EQ(selections.size(), 1u);
+    EXPECT_EQ(selections[0].position, 3);
+    EXPECT_EQ(f.Text(), "item3");
+    EXPECT_EQ(XwkComboBoxReplaceItem(f.combo, three, other), 3);
+    EXPECT_EQ(f.Text(), "other");
+    EXPECT_EQ(XwkComboBoxReplaceItem(f.combo, three, other), 0);
+    selections.clear();
+    // Deleting the selected item selects its neighbour and tells.
+    XwkComboBoxDeletePos(f.combo, 3, True);
+    ASSERT_EQ(selections.size(), 1u);
+    EXPECT_EQ(f.Text(), "item2");
+    XwkComboBoxSelectPos(f.combo, 1, False);
+    XwkComboBoxDeletePos(f.combo, 1, False);
+    EXPECT_EQ(f.Text(), "item2");
+    XwkComboBoxDeleteAllItems(f.combo);
+    EXPECT_EQ(f.Text(), "");
+    XmStringFree(three);
+    XmStringFree(other);
+}
+
+TEST(ComboBox, PopupListKindAndPlacementAtScreenEdge)
+{
+    Fixture f(XwkPOPUP_LIST);
+    EXPECT_EQ(XwkComboBoxGetText(f.combo), nullptr);
+    EXPECT_EQ(XwkComboBoxGetArrow(f.combo), nullptr);
+    XwkComboBoxPopupList(f.combo, 10000, 10000);
+    ASSERT_TRUE(f.WaitUp());
+    Widget shell = XwkComboBoxGetShell(f.combo);
+    Screen *screen = XtScreen(f.combo);
+    EXPECT_EQ(shell->core.x + (int)shell->core.width, WidthOfScreen(screen));
+    EXPECT_EQ(shell->core.y + (int)shell->core.height, HeightOfScreen(screen));
+    Widget list = XwkComboBoxGetList(f.combo);
+    xwktest::Click(list, list->core.width / 2, 3);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    xwktest::Settle();
+    ASSERT_EQ(selections.size(), 1u);
+    EXPECT_EQ(selections[0].position, 1);
+    EXPECT_TRUE(OthersCanGrab());
+}
+
+TEST(ComboBox, ListNearTheBottomOpensAbove)
+{
+    Fixture f(XwkDROP_DOWN_LIST);
+    Screen *screen = XtScreen(f.combo);
+    XtVaSetValues(f.shell, XmNx, 20, XmNy, HeightOfScreen(screen) - 60, NULL);
+    XMoveWindow(XtDisplay(f.shell), XtWindow(f.shell), 20, HeightOfScreen(screen) - 60);
+    xwktest::Settle();
+    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
+    ASSERT_TRUE(f.WaitUp());
+    int cx, cy, sx, sy;
+    Widget shell = XwkComboBoxGetShell(f.combo);
+    xwktest::RootPosition(f.combo, &cx, &cy);
+    xwktest::RootPosition(shell, &sx, &sy);
+    EXPECT_LT(sy + (int)shell->core.height, cy + 2);
+    xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    EXPECT_TRUE(OthersCanGrab());
+}
+
+TEST(ComboBox, ArrowIsDrawnAndResourcesComeFromTheDatabase)
+{
+    Widget app = xwktest::StartApp();
+    XrmDatabase db = XtDatabase(XtDisplay(app));
+    XrmPutStringResource(&db, "*fromdb.comboBoxType", "drop_down_combo_box");
+    XrmPutStringResource(&db, "*fromdb.arrowPlacement", "left");
+    Fixture f(XwkDROP_DOWN_LIST, 3, "fromdb");
+    // The argument list wins over the database for the type; placement comes from it.
+    EXPECT_EQ(f.part().arrowPlacement, XwkARROW_LEFT);
+    Widget arrow = XwkComboBoxGetArrow(f.combo);
+    Widget text = XwkComboBoxGetText(f.combo);
+    EXPECT_LT(arrow->core.x, text->core.x);
+
+    Fixture g(XwkDROP_DOWN_LIST, 3, "plain");
+    XrmPutStringResource(&db, "*typed.comboBoxType", "drop_down_combo_box");
+    Widget c = XwkCreateComboBox(g.row, (String) "typed", nullptr, 0);
+    EXPECT_EQ(((XwkComboBoxWidget)c)->combo.comboBoxType, XwkDROP_DOWN_COMBO_BOX);
+    XtDestroyWidget(c);
+
+    // The arrow has its bar and shadows: more than one colour inside it.
+    Widget a = XwkComboBoxGetArrow(g.combo);
+    xwktest::Capture shot(a);
+    ASSERT_TRUE(shot.ok());
+    Pixel bg = xwktest::PixelOf(a, XmNbackground);
+    int w = a->core.width, h = a->core.height;
+    int other = w * h - shot.Count(bg, 0, 0, w, h);
+    EXPECT_GT(other, w + h);
+    Pixel top = xwktest::PixelOf(a, XmNtopShadowColor);
+    EXPECT_EQ(shot.Pixel(0, 0), top);
+}
+
+}  // namespace

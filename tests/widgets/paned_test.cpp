@@ -1,0 +1,334 @@
+// The paned window: layout along either orientation, sashes dragged with the
+// pointer and moved with keys, the orientation switch and the pane queries.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/PanedWP.h>
+#include <Xm/XmP.h>
+#include <Xm/DrawingA.h>
+#include <Xm/SashP.h>
+#include <X11/Shell.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+std::vector<std::string> warnings;
+
+void CollectWarning(String name, String, String, String def, String *, Cardinal *)
+{
+    warnings.push_back(def ? def : name);
+}
+
+Pixel NamedPixel(Widget w, const char *name)
+{
+    XColor c, exact;
+    XAllocNamedColor(XtDisplay(w), DefaultColormapOfScreen(XtScreen(w)), name, &c, &exact);
+    return c.pixel;
+}
+
+struct Panes {
+    Widget shell = nullptr, paned = nullptr;
+    std::vector<Widget> panes;
+    ~Panes()
+    {
+        if (shell)
+            XtDestroyWidget(shell);
+        xwktest::Settle();
+    }
+};
+
+void Build(Panes &p, int count, const char *name = "paned", ArgList args = nullptr, Cardinal n = 0)
+{
+    Widget app = xwktest::StartApp();
+    p.shell = XtVaCreatePopupShell("panes", topLevelShellWidgetClass, app, XmNwidth, 300,
+                                   XmNheight, 240, NULL);
+    p.paned = XwkCreatePanedWindow(p.shell, (String)name, args, n);
+    static const char *colours[] = {"red", "green", "blue", "yellow"};
+    for (int i = 0; i < count; i++) {
+        std::string pane_name = "pane" + std::to_string(i);
+        p.panes.push_back(XtVaCreateManagedWidget(pane_name.c_str(), xmDrawingAreaWidgetClass,
+                                                  p.paned, XmNwidth, 300, XmNheight, 70,
+                                                  XmNbackground, NamedPixel(app, colours[i % 4]),
+                                                  XmNmarginWidth, 0, XmNmarginHeight, 0, NULL));
+    }
+    XtManageChild(p.paned);
+    XtPopup(p.shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(p.paned));
+    xwktest::Settle();
+}
+
+std::vector<Widget> Sashes(Widget paned, bool managed_only = true)
+{
+    std::vector<Widget> out;
+    CompositeWidget c = (CompositeWidget)paned;
+    for (Cardinal i = 0; i < c->composite.num_children; i++)
+        if (XmIsSash(c->composite.children[i]) && (!managed_only || XtIsManaged(c->composite.children[i])))
+            out.push_back(c->composite.children[i]);
+    return out;
+}
+
+Widget SashOf(Widget pane)
+{
+    return ((XwkPanedWindowConstraintPtr)pane->core.constraints)->panedw.sash;
+}
+
+void Drag(Widget w, int dx, int dy)
+{
+    Display *dpy = XtDisplay(w);
+    int x, y;
+    xwktest::RootPosition(w, &x, &y);
+    x += w->core.width / 2;
+    y += w->core.height / 2;
+    xwktest::MovePointer(dpy, x, y);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    xwktest::Settle();
+    for (int step = 1; step <= 4; step++) {
+        xwktest::MovePointer(dpy, x + dx * step / 4, y + dy * step / 4);
+        xwktest::Settle();
+    }
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    xwktest::Settle();
+}
+
+TEST(PanedWindow, StacksPanesWithSashesBetween)
+{
+    Panes p;
+    Build(p, 3);
+    EXPECT_EQ(XwkGetPanedWindowPanesCount(p.paned, True), 3);
+    EXPECT_EQ(Sashes(p.paned).size(), 2u);
+    int y = 3;
+    for (Widget pane : p.panes) {
+        EXPECT_EQ(pane->core.x, 3);
+        EXPECT_EQ(pane->core.y, y);
+        EXPECT_EQ(pane->core.width, p.paned->core.width - 6);
+        y += pane->core.height + 8;
+    }
+    EXPECT_EQ(y - 8 + 3, p.paned->core.height);
+    // The default indent of -10 puts each sash 10 pixels in from the right.
+    for (Widget sash : Sashes(p.paned))
+        EXPECT_EQ(sash->core.x + sash->core.width + 10, p.paned->core.width);
+
+    WidgetList list = nullptr;
+    ASSERT_EQ(XwkGetPanedWindowPanes(p.paned, &list, True), 3);
+    EXPECT_EQ(list[0], p.panes[0]);
+    EXPECT_EQ(list[2], p.panes[2]);
+    XtFree((char *)list);
+    EXPECT_GT(XwkGetPaneSashSize(p.panes[0]), 0u);
+    XtWidgetGeometry preferred = {};
+    XtQueryGeometry(p.panes[0], nullptr, &preferred);
+    EXPECT_EQ(XwkGetPaneChildSize(p.panes[0]), preferred.height + (int)XwkGetPaneSashSize(p.panes[0]));
+
+    XtUnmanageChild(p.panes[1]);
+    xwktest::Settle();
+    EXPECT_EQ(XwkGetPanedWindowPanesCount(p.paned, True), 2);
+    EXPECT_EQ(XwkGetPanedWindowPanesCount(p.paned, False), 3);
+    EXPECT_EQ(Sashes(p.paned).size(), 1u);
+}
+
+TEST(PanedWindow, WrongWidgetsAndSinglePane)
+{
+    Panes p;
+    Build(p, 1);
+    EXPECT_EQ(XwkGetPanedWindowPanesCount(p.shell, True), -1);
+    WidgetList list = nullptr;
+    EXPECT_EQ(XwkGetPanedWindowPanes(p.shell, &list, True), -1);
+    EXPECT_EQ(XwkGetPaneSashSize(p.paned), 0xFFFFu);
+    EXPECT_EQ(XwkGetPaneSashSize(p.panes[0]), 0u);
+    EXPECT_TRUE(Sashes(p.paned).empty());
+    XwkTogglePanedWindowOrientation(p.paned);
+    unsigned char orientation = 0;
+    XtVaGetValues(p.paned, XmNorientation, &orientation, NULL);
+    EXPECT_EQ(orientation, XmVERTICAL);
+    XwkTogglePanedWindowOrientation(p.shell);
+    XwkConfigureSash(p.shell, True);
+}
+
+TEST(PanedWindow, DraggingASashMovesSpaceBetweenNeighbours)
+{
+    Panes p;
+    Build(p, 3);
+    int h0 = p.panes[0]->core.height, h1 = p.panes[1]->core.height, h2 = p.panes[2]->core.height;
+    Drag(SashOf(p.panes[0]), 0, 30);
+    EXPECT_EQ(p.panes[0]->core.height, h0 + 30);
+    EXPECT_EQ(p.panes[1]->core.height, h1 - 30);
+    EXPECT_EQ(p.panes[2]->core.height, h2);
+    EXPECT_EQ(p.panes[1]->core.y, p.panes[0]->core.y + h0 + 30 + 8);
+
+    Drag(SashOf(p.panes[1]), 0, -20);
+    EXPECT_EQ(p.panes[1]->core.height, h1 - 50);
+    EXPECT_EQ(p.panes[2]->core.height, h2 + 20);
+    EXPECT_EQ(p.panes[0]->core.height, h0 + 30);
+}
+
+TEST(PanedWindow, FixedPaneIsSkippedAndHasNoSash)
+{
+    Panes p;
+    Build(p, 3);
+    XtVaSetValues(p.panes[1], XmNpaneMinimum, 70, XmNpaneMaximum, 70, NULL);
+    xwktest::Settle();
+    // The fixed middle pane keeps its separator but loses its sash.
+    ASSERT_EQ(Sashes(p.paned).size(), 1u);
+    int h0 = p.panes[0]->core.height, h2 = p.panes[2]->core.height;
+    Drag(SashOf(p.panes[0]), 0, 25);
+    EXPECT_EQ(p.panes[0]->core.height, h0 + 25);
+    EXPECT_EQ(p.panes[1]->core.height, 70);
+    EXPECT_EQ(p.panes[2]->core.height, h2 - 25);
+}
+
+TEST(PanedWindow, KeysWithinTheMultiClickTimeMoveAsOne)
+{
+    Panes p;
+    Build(p, 2);
+    Widget sash = Sashes(p.paned)[0];
+    int h0 = p.panes[0]->core.height;
+    XtSetKeyboardFocus(p.shell, sash);
+    XmProcessTraversal(sash, XmTRAVERSE_CURRENT);
+    xwktest::ClickCenter(p.panes[1]);
+    xwktest::Settle();
+    XmProcessTraversal(sash, XmTRAVERSE_CURRENT);
+    xwktest::Settle();
+    for (int i = 0; i < 4; i++)
+        xwktest::PressKey(XtDisplay(sash), XK_Down, ControlMask);
+    xwktest::Settle();
+    EXPECT_EQ(p.panes[0]->core.height, h0);  // still gathering
+    XwkPanedWindowWidget pw = (XwkPanedWindowWidget)p.paned;
+    EXPECT_EQ(pw->paned_window.increment, 40);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return pw->paned_window.increment == 0; }));
+    xwktest::Settle();
+    EXPECT_EQ(p.panes[0]->core.height, h0 + 40);
+}
+
+TEST(PanedWindow, OrientationSwitchesAtRunTime)
+{
+    Panes p;
+    Build(p, 3);
+    Widget app = xwktest::StartApp();
+    Pixel red = NamedPixel(app, "red"), blue = NamedPixel(app, "blue");
+    {
+        xwktest::Capture shot(p.paned);
+        ASSERT_TRUE(shot.ok());
+        EXPECT_EQ(shot.Pixel(p.paned->core.width / 2, 10), red);
+        EXPECT_EQ(shot.Pixel(p.paned->core.width / 2, p.paned->core.height - 10), blue);
+    }
+    XwkTogglePanedWindowOrientation(p.paned);
+    xwktest::Settle();
+    unsigned char orientation = 0;
+    XtVaGetValues(p.paned, XmNorientation, &orientation, NULL);
+    EXPECT_EQ(orientation, XmHORIZONTAL);
+    for (size_t i = 1; i < p.panes.size(); i++) {
+        EXPECT_EQ(p.panes[i]->core.y, p.panes[0]->core.y);
+        EXPECT_GT(p.panes[i]->core.x, p.panes[i - 1]->core.x + p.panes[i - 1]->core.width);
+    }
+    for (size_t i = 0; i + 1 < p.panes.size(); i++) {
+        Widget sash = SashOf(p.panes[i]);
+        int centre = sash->core.x + sash->core.width / 2;
+        EXPECT_GT(centre, p.panes[i]->core.x + (int)p.panes[i]->core.width);
+        EXPECT_LT(centre, p.panes[i + 1]->core.x);
+        EXPECT_EQ(sash->core.y + sash->core.height + 10, p.paned->core.height);
+    }
+    {
+        xwktest::Capture shot(p.paned);
+        int mid = p.paned->core.height / 2;
+        EXPECT_EQ(shot.Pixel(5, mid), red);
+        EXPECT_EQ(shot.Pixel(p.paned->core.width - 5, mid), blue);
+    }
+    // A horizontal drag now moves the space between columns.
+    int w0 = p.panes[0]->core.width;
+    Drag(SashOf(p.panes[0]), 15, 0);
+    EXPECT_EQ(p.panes[0]->core.width, w0 + 15);
+
+    XwkTogglePanedWindowOrientation(p.paned);
+    xwktest::Settle();
+    EXPECT_EQ(p.panes[1]->core.x, p.panes[0]->core.x);
+    EXPECT_GT(p.panes[1]->core.y, p.panes[0]->core.y);
+}
+
+TEST(PanedWindow, FlatSashesRunTheFullLength)
+{
+    Panes p;
+    Build(p, 2);
+    XwkConfigureSash(p.paned, False);
+    xwktest::Settle();
+    XtResizeWidget(p.shell, 320, 260, 0);
+    xwktest::Pump(100);
+    xwktest::Settle();
+    Widget sash = Sashes(p.paned)[0];
+    EXPECT_EQ(sash->core.width, p.paned->core.width);
+    EXPECT_EQ(sash->core.height, 6);
+    EXPECT_EQ(sash->core.x, 0);
+    Boolean traversal = True;
+    ASSERT_TRUE(xwktest::PumpUntil([&] {
+        XtVaGetValues(sash, XmNtraversalOn, &traversal, NULL);
+        return !traversal;
+    }));
+    // Space given by the sash drag goes to the first pane.
+    int h0 = p.panes[0]->core.height;
+    Drag(sash, 0, 20);
+    EXPECT_EQ(p.panes[0]->core.height, h0 + 20);
+}
+
+TEST(PanedWindow, NegativeIndentFallsBackToZeroWhenOutside)
+{
+    Arg args[1];
+    XtSetArg(args[0], XmNsashIndent, -1000);
+    Panes p;
+    Build(p, 2, "paned", args, 1);
+    EXPECT_EQ(Sashes(p.paned)[0]->core.x, 0);
+    XtVaSetValues(p.paned, XmNsashIndent, 12, NULL);
+    xwktest::Settle();
+    EXPECT_EQ(Sashes(p.paned)[0]->core.x, 12);
+}
+
+TEST(PanedWindow, ResourceDatabaseSetsOrientation)
+{
+    Widget app = xwktest::StartApp();
+    XrmDatabase db = XtDatabase(XtDisplay(app));
+    XrmPutStringResource(&db, "*sideways.orientation", "horizontal");
+    XrmPutStringResource(&db, "*sideways.spacing", "14");
+    Panes p;
+    Build(p, 2, "sideways");
+    unsigned char orientation = 0;
+    XtVaGetValues(p.paned, XmNorientation, &orientation, NULL);
+    EXPECT_EQ(orientation, XmHORIZONTAL);
+    EXPECT_EQ(p.panes[1]->core.x, p.panes[0]->core.x + p.panes[0]->core.width + 14);
+}
+
+TEST(PanedWindow, InvalidLimitsWarnAndAreRepaired)
+{
+    Widget app = xwktest::StartApp();
+    XtAppSetWarningMsgHandler(XtWidgetToApplicationContext(app), CollectWarning);
+    Panes p;
+    Build(p, 2);
+    warnings.clear();
+    XtVaSetValues(p.panes[0], XmNpaneMinimum, 0, NULL);
+    XtVaSetValues(p.panes[1], XmNpaneMinimum, 50, XmNpaneMaximum, 20, NULL);
+    ASSERT_EQ(warnings.size(), 2u);
+    EXPECT_NE(warnings[0].find("Invalid minimum value, must be > 0."), std::string::npos);
+    EXPECT_NE(warnings[1].find("Invalid minimum/maximum value, minimum must be < maximum."),
+              std::string::npos);
+    Dimension min = 0, max = 0;
+    XtVaGetValues(p.panes[1], XmNpaneMinimum, &min, XmNpaneMaximum, &max, NULL);
+    EXPECT_EQ(min, 50);
+    EXPECT_EQ(max, 51);
+    XtAppSetWarningMsgHandler(XtWidgetToApplicationContext(app), nullptr);
+}
+
+TEST(PanedWindow, DestroyingAPaneTakesItsSash)
+{
+    Panes p;
+    Build(p, 3);
+    size_t before = ((CompositeWidget)p.paned)->composite.num_children;
+    XtDestroyWidget(p.panes[1]);
+    xwktest::Settle();
+    EXPECT_EQ(((CompositeWidget)p.paned)->composite.num_children, before - 3);
+    EXPECT_EQ(Sashes(p.paned).size(), 1u);
+    EXPECT_EQ(XwkGetPanedWindowPanesCount(p.paned, True), 2);
+}
+
+}  // namespace
