@@ -1,5 +1,6 @@
 // Help data hung on widgets: a file, a page and an anchor per widget window.
 #include <Xwk/Frame.h>
+#include <Xwk/Strings.h>
 
 #include <X11/IntrinsicP.h>
 #include <X11/StringDefs.h>
@@ -55,6 +56,8 @@ void XwkSetHelpData(Widget w, const char *file, const char *page, const char *an
     else
         XtAddCallback(w, XtNdestroyCallback, forget_help_data, nullptr);
     HelpData *d = (HelpData *)XtMalloc(sizeof *d);
+    if (!file)
+        file = XwkFindPath("$(C_SMELD)/c-smeld.help", ".:..");
     d->file = file ? XtNewString(file) : nullptr;
     d->page = XtNewString(page ? page : "");
     d->anchor = XtNewString(anchor ? anchor : "");
