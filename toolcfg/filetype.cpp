@@ -1,6 +1,7 @@
 // File type rules: a rule file, read once per process, that maps a file's
 // name or first bytes to an action and an argument, and holds named options.
 #include <Xwk/Text.h>
+#include "toolcfg/filetype.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -373,4 +374,11 @@ char *GetModuleOption(const char *rule_file, const char *name)
         if (rules[i].kind == '[' && std::strcmp(rules[i].argument, name) == 0)
             return rules[i].pattern;
     return nullptr;
+}
+
+void XwkFileTypeUnload(void)
+{
+    std::free(rule_text);
+    rule_text = nullptr;
+    rule_count = 0;
 }
