@@ -39,7 +39,17 @@ inline uint32_t I(uint32_t x, uint32_t y, uint32_t z) { return y ^ (x | ~z); }
 template <uint32_t (*f)(uint32_t, uint32_t, uint32_t)>
 inline void step(uint32_t &a, uint32_t b, uint32_t c, uint32_t d, uint32_t x, uint32_t t, int s)
 {
-    a = rol(a + f(b, c, d) + x + t, s) + b;
+    // a, x and t are ready before b: add them first to shorten the chain.
+    uint32_t sum = a + x + t;
+    a = rol(sum + f(b, c, d), s) + b;
+}
+
+// G as the sum of its two disjoint terms; the one without b goes first.
+template <>
+inline void step<G>(uint32_t &a, uint32_t b, uint32_t c, uint32_t d, uint32_t x, uint32_t t, int s)
+{
+    uint32_t sum = a + x + t + (c & ~d);
+    a = rol(sum + (b & d), s) + b;
 }
 
 void transform(uint32_t state[4], const unsigned char *block)

@@ -184,4 +184,19 @@ TEST(Crc32, AgreeWithBitwiseComputationAtEveryLength)
     EXPECT_EQ(crc32b(data.data() + 5, 99), SlowCrcLsb(data.data() + 5, 99));
 }
 
+// Long buffers take the wide paths: every start offset within 16 bytes and
+// every tail length.
+TEST(Crc32, LongBuffersAtEveryAlignment)
+{
+    std::vector<unsigned char> data = Pattern(70000, 11);
+    for (size_t off = 0; off < 16; off++) {
+        for (size_t len : {1000 + off, 4096 + 3 * off, 65536 + off}) {
+            ASSERT_EQ(crc32b(data.data() + off, len), SlowCrcLsb(data.data() + off, len))
+                << off << " " << len;
+            ASSERT_EQ(crc32(data.data() + off, len), SlowCrcMsb(data.data() + off, len))
+                << off << " " << len;
+        }
+    }
+}
+
 } // namespace
