@@ -293,8 +293,12 @@ void OpenDeskExt(XwkDeskRec *desk, const char *labels, int count)
     XtVaSetValues(desk->form, XtNwidth, width, NULL);
     XtVaSetValues(shell, XtNwidth, width, XtNmappedWhenManaged, mapped, NULL);
     if (mapped) {
-        // A top-level desk lives in a pop-up shell: nothing else maps it.
-        if (!is_app_shell(shell) && !XtIsTransientShell(shell))
+        // Xt maps a shell that becomes mapped-when-managed only if it counts
+        // as managed, which shells never do; dialog shells map themselves
+        // when their form is managed.
+        if (is_app_shell(shell))
+            XtMapWidget(shell);
+        else if (!XtIsTransientShell(shell))
             XtPopup(shell, XtGrabNone);
         ForceUpdate(desk->form);
     }

@@ -61,6 +61,52 @@ void XwkSetHelpData(Widget w, const char *file, const char *page, const char *an
     XSaveContext(XtDisplay(w), key_of(w), help_context, (XPointer)d);
 }
 
+namespace {
+
+bool is_unset(const char *s)
+{
+    return !s || !*s;
+}
+
+bool is_empty_string(const char *s)
+{
+    return s && !*s;
+}
+
+void fill_unset(char **field, char *value)
+{
+    if (is_unset(*field))
+        *field = value;
+}
+
+}  // namespace
+
+Boolean XwkGetHelpData(Widget w, char **file, char **page, char **anchor)
+{
+    char *f = nullptr, *p = nullptr, *a = nullptr;
+    Boolean found = False;
+    if (help_context && w && !w->core.being_destroyed) {
+        for (Widget at = w; at; at = XtParent(at)) {
+            XPointer data = nullptr;
+            if (XFindContext(XtDisplay(at), key_of(at), help_context, &data) != 0)
+                continue;
+            HelpData *d = (HelpData *)data;
+            fill_unset(&f, d->file);
+            fill_unset(&p, d->page);
+            fill_unset(&a, d->anchor);
+            // Further ancestors only complete an anchor whose file or page is blank.
+            if (is_unset(a) || (!is_empty_string(f) && !is_empty_string(p))) {
+                found = True;
+                break;
+            }
+        }
+    }
+    if (file) *file = f;
+    if (page) *page = p;
+    if (anchor) *anchor = a;
+    return found;
+}
+
 // The help server is not connected yet: asking for help does nothing.
 void XwkLoadHelp(Widget w)
 {

@@ -4,4 +4,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 dir=$(sh scripts/build.sh)
+if [ -z "${DISPLAY:-}" ] && [ "$#" -eq 0 ]; then
+    set -- --screenshot "$dir/xwk-demo.png"
+fi
 exec "$dir/demo/xwk-demo" "$@"

@@ -104,6 +104,7 @@ void XwkLabelExposeClassProc(Widget label, XEvent *event, Region region);
 void XwkProcessEventsForTipLabel(XEvent *event);
 Boolean XwkFindColor(Display *display, Colormap colormap, XColor *color);
 void XwkSetHelpData(Widget w, const char *file, const char *page, const char *anchor);
+Boolean XwkGetHelpData(Widget w, char **file, char **page, char **anchor);
 void XwkLoadHelp(Widget w);
 void XwkGetWMCoords(Widget shell, Position *x, Position *y);
 

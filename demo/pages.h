@@ -1,0 +1,9 @@
+/* Pages of the gallery: each builds its content under parent and returns it. */
+#ifndef XWK_DEMO_PAGES_H
+#define XWK_DEMO_PAGES_H
+
+#include <X11/Intrinsic.h>
+
+Widget demo_page_frame(Widget parent);
+
+#endif

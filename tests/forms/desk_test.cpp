@@ -1,0 +1,274 @@
+// Desk forms on an application started by the client.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/XmP.h>
+#include <Xm/DialogS.h>
+#include <Xm/Form.h>
+#include <Xm/Label.h>
+#include <Xm/PanedW.h>
+#include <Xm/PushB.h>
+#include <X11/Shell.h>
+
+#include <poll.h>
+
+#include <string>
+
+#include "xwktest.h"
+
+namespace {
+
+// Polls the desk as a client would, but never blocks for more than a second
+// without an event: gives the first non-zero result, -1, or 0 on silence.
+int poll_desk(XwkDeskRec *desk, int max_events = 500)
+{
+    for (int i = 0; i < max_events; i++) {
+        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
+            return 0;
+        int result = 0;
+        UseDesk(desk, &result);
+        if (result != 0)
+            return result;
+    }
+    return 0;
+}
+
+XwkDeskRec *open_desk(const char *title, Widget parent = nullptr, const char *labels = nullptr,
+                      int count = 0)
+{
+    xwktest::StartApp();
+    XwkDeskRec *desk = nullptr;
+    CreateDesk(parent, 1.0f, 2.0f, title, &desk);
+    if (!desk)
+        return nullptr;
+    XmString s = XmStringCreateLocalized((char *)"A label on the desk");
+    XtVaCreateManagedWidget("label", xmLabelWidgetClass, desk->work, XmNlabelString, s,
+                            XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
+                            XmNtopOffset, 10, XmNleftOffset, 10, NULL);
+    XmStringFree(s);
+    OpenDeskExt(desk, labels, count);
+    xwktest::WaitViewable(desk->buttons[0]);
+    xwktest::Settle();
+    return desk;
+}
+
+std::string shell_title(XwkDeskRec *desk)
+{
+    Widget shell = XtIsApplicationShell(desk->form) ? desk->form : XtParent(desk->form);
+    char *title = nullptr;
+    XtVaGetValues(shell, XtNtitle, &title, NULL);
+    return title ? title : "";
+}
+
+}  // namespace
+
+TEST(Desk, TitleAndHelpParts)
+{
+    struct Case { const char *text, *title, *page, *anchor; } cases[] = {
+        {"Name", "Name", "Name", nullptr},
+        {"Name|page", "Name", "page", nullptr},
+        {"Name|page#anchor", "Name", "page", "anchor"},
+        {"Name|#anchor", "Name", nullptr, "anchor"},
+        {"#anchor", "anchor", nullptr, "anchor"},
+        {"Name#anchor", "Name#anchor", "Name", "anchor"},
+        {"Name|", "Name", nullptr, nullptr},
+        {"Spaced | my page # an chor", "Spaced ", "mypage", "anchor"},
+    };
+    for (const Case &c : cases) {
+        XwkDeskRec *desk = open_desk(c.text);
+        ASSERT_NE(desk, nullptr);
+        EXPECT_EQ(shell_title(desk), c.title) << c.text;
+        EXPECT_EQ(desk->help, nullptr) << "handed over at opening";
+        char *file = nullptr, *page = nullptr, *anchor = nullptr;
+        Boolean found = XwkGetHelpData(desk->buttons[0], &file, &page, &anchor);
+        if (!c.page && !c.anchor) {
+            EXPECT_FALSE(found) << c.text;
+        } else {
+            EXPECT_STREQ(page, c.page ? c.page : "") << c.text;
+            EXPECT_STREQ(anchor, c.anchor ? c.anchor : "") << c.text;
+        }
+        CloseDesk(desk);
+    }
+}
+
+TEST(Desk, ClickedButtonNumbers)
+{
+    XwkDeskRec *desk = open_desk("Buttons");
+    ASSERT_EQ(desk->nbuttons, 3);
+    xwktest::ClickCenter(desk->buttons[0]);
+    EXPECT_EQ(poll_desk(desk), 1);
+    xwktest::ClickCenter(desk->buttons[1]);
+    EXPECT_EQ(poll_desk(desk), 2);
+    // The last button is help: it never yields a result.
+    int helped = 0;
+    XtAddCallback(desk->panes, XmNhelpCallback,
+                  [](Widget, XtPointer c, XtPointer) { ++*(int *)c; }, &helped);
+    xwktest::ClickCenter(desk->buttons[2]);
+    EXPECT_EQ(poll_desk(desk, 30), 0);
+    EXPECT_EQ(helped, 1);
+    CloseDesk(desk);
+}
+
+TEST(Desk, ButtonsShareOneWidthAndTheLastStandsRight)
+{
+    XwkDeskRec *desk = open_desk("Widths", nullptr, "&Apply\0&Close window\0_Help", 3);
+    ASSERT_EQ(desk->nbuttons, 3);
+    Dimension w0 = desk->buttons[0]->core.width;
+    EXPECT_EQ(desk->buttons[1]->core.width, w0);
+    EXPECT_EQ(desk->buttons[2]->core.width, w0);
+    Widget area = desk->action;
+    EXPECT_EQ(desk->buttons[2]->core.x + desk->buttons[2]->core.width + 5, (int)area->core.width);
+    EXPECT_EQ(desk->buttons[0]->core.x, 5);
+    KeySym mnemonic = 0;
+    XtVaGetValues(desk->buttons[2], XmNmnemonic, &mnemonic, NULL);
+    EXPECT_EQ(mnemonic, (KeySym)'H');
+    WidgetList buttons = nullptr;
+    EXPECT_EQ(XwkGetActionButtons(desk->panes, &buttons), 3);
+    EXPECT_EQ(buttons[1], desk->buttons[1]);
+    EXPECT_EQ(XwkGetActionButtons(desk->work, &buttons), 0);
+    EXPECT_EQ(buttons, nullptr);
+    CloseDesk(desk);
+}
+
+TEST(Desk, DefaultAndCancelButtons)
+{
+    XwkDeskRec *desk = open_desk("Defaults");
+    Widget board = XtParent(desk->panes);
+    Widget def = nullptr, cancel = nullptr;
+    XtVaGetValues(board, XmNdefaultButton, &def, XmNcancelButton, &cancel, NULL);
+    EXPECT_EQ(def, desk->buttons[0]);
+    EXPECT_EQ(cancel, desk->buttons[1]);
+    EXPECT_EQ(desk->cancel_index, 2);
+    CloseDesk(desk);
+
+    // A first button "Cancel" is the cancel button, and the default falls to it.
+    desk = open_desk("Cancel first", nullptr, "Cancel\0Other", 2);
+    board = XtParent(desk->panes);
+    XtVaGetValues(board, XmNdefaultButton, &def, XmNcancelButton, &cancel, NULL);
+    EXPECT_EQ(cancel, desk->buttons[0]);
+    EXPECT_EQ(def, desk->buttons[0]);
+    CloseDesk(desk);
+
+    // Null labels give the three default buttons whatever the count.
+    desk = open_desk("Null labels", nullptr, nullptr, 1);
+    EXPECT_EQ(desk->nbuttons, 3);
+    CloseDesk(desk);
+}
+
+TEST(Desk, WindowManagerClosePressesCancel)
+{
+    XwkDeskRec *desk = open_desk("Close me");
+    Widget shell = XtParent(desk->form);
+    xwktest::SendDeleteWindow(shell);
+    EXPECT_EQ(poll_desk(desk), 2);
+    CloseDesk(desk);
+}
+
+TEST(Desk, DestroyedShellGivesMinusOne)
+{
+    XwkDeskRec *desk = open_desk("Destroyed");
+    Widget shell = XtParent(desk->form);
+    // Destroyed from inside an event, as a callback of the client would.
+    XtAddCallback(desk->buttons[0], XmNactivateCallback,
+                  [](Widget, XtPointer s, XtPointer) { XtDestroyWidget((Widget)s); }, shell);
+    xwktest::ClickCenter(desk->buttons[0]);
+    EXPECT_EQ(poll_desk(desk), -1);
+    int result = 0;
+    UseDesk(desk, &result);
+    EXPECT_EQ(result, -1) << "the desk closed itself with its shell";
+    CloseDesk(desk);  // a stale handle is ignored
+}
+
+TEST(Desk, CloseDeskDestroysTheShell)
+{
+    XwkDeskRec *desk = open_desk("Closing");
+    Widget shell = XtParent(desk->form);
+    bool destroyed = false;
+    XtAddCallback(shell, XtNdestroyCallback,
+                  [](Widget, XtPointer d, XtPointer) { *(bool *)d = true; }, &destroyed);
+    CloseDesk(desk);
+    xwktest::Settle();
+    EXPECT_TRUE(destroyed);
+    EXPECT_EQ(xwkParentWidget, xwkTopLevel);
+}
+
+TEST(Desk, DialogDeskUnderAParent)
+{
+    XwkDeskRec *outer = open_desk("Outer");
+    XwkDeskRec *desk = open_desk("Inner|inner#top", outer->form);
+    ASSERT_NE(desk, nullptr);
+    EXPECT_TRUE(XmIsDialogShell(XtParent(desk->form)));
+    unsigned char style = 0;
+    XtVaGetValues(desk->form, XmNdialogStyle, &style, NULL);
+    EXPECT_EQ(style, XmDIALOG_PRIMARY_APPLICATION_MODAL);
+    EXPECT_EQ(xwkParentWidget, desk->form);
+    EXPECT_EQ(shell_title(desk), "Inner");
+    xwktest::ClickCenter(desk->buttons[0]);
+    EXPECT_EQ(poll_desk(desk), 1);
+    CloseDesk(desk);
+    EXPECT_EQ(xwkParentWidget, XtParent(outer->form)) << "the shell the dialog hung on";
+    CloseDesk(outer);
+}
+
+TEST(Desk, WorkAreaTakesTheExtentOfItsControls)
+{
+    xwktest::StartApp();
+    XwkDeskRec *desk = nullptr;
+    CreateDesk(nullptr, 0, 0, "Extent", &desk);
+    ASSERT_NE(desk, nullptr);
+    EXPECT_EQ(desk->origin_x, 0);
+    desk->extent_w = 300;
+    desk->extent_h = 120;
+    OpenDesk(desk);
+    xwktest::WaitViewable(desk->buttons[0]);
+    Widget frame = XtParent(desk->work);
+    EXPECT_EQ(frame->core.height, 120 + 9);
+    EXPECT_GE(frame->core.width, 300 + 9);
+    CloseDesk(desk);
+}
+
+TEST(Desk, NullAndStaleHandles)
+{
+    xwktest::StartApp();
+    int result = 7;
+    UseDesk(nullptr, &result);
+    EXPECT_EQ(result, -1);
+    OpenDesk(nullptr);
+    CloseDesk(nullptr);
+    XwkDeskRec fake = {};
+    UseDesk(&fake, &result);
+    EXPECT_EQ(result, -1);
+    CreateDesk(nullptr, 0, 0, "x", nullptr);
+    float w = 1, h = 1;
+    GetDeskItemSize(nullptr, &w, &h);
+    EXPECT_EQ(w, 0);
+}
+
+TEST(Desk, ByReferenceForms)
+{
+    xwktest::StartApp();
+    Widget parent = nullptr;
+    float x = 1.0f, y = 0.5f;
+    XwkDeskRec *desk = nullptr;
+    createdesk_(&parent, &x, &y, "By reference", &desk);
+    ASSERT_NE(desk, nullptr);
+    EXPECT_EQ(desk->origin_x, 28);
+    EXPECT_EQ(desk->origin_y, 14);
+    opendesk_(&desk);
+    xwktest::WaitViewable(desk->buttons[0]);
+    float w = 0, h = 0;
+    getdeskitemsize_(&desk->buttons[0], &w, &h);
+    float ew, eh;
+    pix_cm(desk->buttons[0]->core.width, desk->buttons[0]->core.height, &ew, &eh);
+    EXPECT_EQ(w, ew);
+    EXPECT_EQ(h, eh);
+    xwktest::ClickCenter(desk->buttons[1]);
+    int result = 0;
+    for (int i = 0; i < 200 && result == 0; i++) {
+        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
+            break;
+        usedesk_(&desk, &result);
+    }
+    EXPECT_EQ(result, 2);
+    closedesk_(&desk);
+}

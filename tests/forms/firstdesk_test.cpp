@@ -1,0 +1,62 @@
+// The first desk of a process starts the toolkit itself.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/XmP.h>
+#include <X11/Shell.h>
+
+#include "xwktest.h"
+
+TEST(FirstDesk, StartsXtAndRunsUntilAButtonIsPressed)
+{
+    xwktest::DisplayName();  // the private server, in DISPLAY
+    static char arg0[] = "FirstDeskTest";
+    static char *argv[] = {arg0, nullptr};
+    xargc = 1;
+    xargv = argv;
+    ASSERT_EQ(xwkTopLevel, nullptr);
+
+    XwkDeskRec *desk = nullptr;
+    CreateDesk(nullptr, 0.5f, 0.5f, "First|first#top", &desk);
+    ASSERT_NE(desk, nullptr);
+    ASSERT_NE(xwkTopLevel, nullptr);
+    EXPECT_EQ(desk->form, xwkTopLevel);
+    EXPECT_TRUE(XtIsApplicationShell(desk->form));
+    char *title = nullptr, *icon = nullptr;
+    XtVaGetValues(desk->form, XtNtitle, &title, XtNiconName, &icon, NULL);
+    EXPECT_STREQ(title, "First");
+    EXPECT_STREQ(icon, "First");
+    EXPECT_EQ(xwkCmWidth, 28.0f);
+
+    OpenDesk(desk);
+    ASSERT_TRUE(xwktest::WaitViewable(desk->form));
+    EXPECT_EQ(xwkParentWidget, desk->form);
+    xwktest::Settle();
+
+    // Motif ends the application when its shell is closed by the window
+    // manager, so only buttons are pressed here.
+    xwktest::ClickCenter(desk->buttons[1]);
+    int result = 0;
+    for (int i = 0; i < 200 && result == 0; i++) {
+        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
+            break;
+        UseDesk(desk, &result);
+    }
+    EXPECT_EQ(result, 2);
+
+    xwktest::ClickCenter(desk->buttons[0]);
+    result = 0;
+    for (int i = 0; i < 200 && result == 0; i++) {
+        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
+            break;
+        UseDesk(desk, &result);
+    }
+    EXPECT_EQ(result, 1);
+
+    // Destroying the application shell leaves the desk answering -1.
+    XtDestroyWidget(desk->form);
+    xwktest::Settle();
+    UseDesk(desk, &result);
+    EXPECT_EQ(result, -1);
+    CloseDesk(desk);
+}

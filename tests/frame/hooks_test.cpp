@@ -1,0 +1,204 @@
+// The behaviour changes made to Motif's sash and label classes.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/XmP.h>
+#include <Xm/Form.h>
+#include <Xm/Label.h>
+#include <Xm/PanedW.h>
+#include <Xm/PushB.h>
+#include <Xm/SashP.h>
+
+#include <X11/extensions/XTest.h>
+
+#include "xwktest.h"
+
+namespace {
+
+Widget sash_of(Widget paned)
+{
+    WidgetList children;
+    Cardinal n;
+    XtVaGetValues(paned, XmNchildren, &children, XmNnumChildren, &n, NULL);
+    for (Cardinal i = 0; i < n; i++)
+        if (XmIsSash(children[i]))
+            return children[i];
+    return nullptr;
+}
+
+struct PanedWindow {
+    Widget shell, paned, sash;
+};
+
+PanedWindow make_paned(int spacing, Boolean separator, int indent, int sash_w, int sash_h,
+                       unsigned char orientation = XmVERTICAL)
+{
+    Widget app = xwktest::StartApp();
+    PanedWindow p;
+    p.shell = XtVaCreatePopupShell("panes", topLevelShellWidgetClass, app, XmNwidth, 300,
+                                   XmNheight, 200, NULL);
+    p.paned = XtVaCreateManagedWidget(
+        "paned", xmPanedWindowWidgetClass, p.shell, XmNspacing, spacing, XmNseparatorOn, separator,
+        XmNsashIndent, indent, XmNsashWidth, sash_w, XmNsashHeight, sash_h, XmNorientation,
+        orientation, NULL);
+    XtVaCreateManagedWidget("one", xmFormWidgetClass, p.paned, XmNwidth, 300, XmNheight, 90, NULL);
+    XtVaCreateManagedWidget("two", xmFormWidgetClass, p.paned, XmNwidth, 300, XmNheight, 90, NULL);
+    XtPopup(p.shell, XtGrabNone);
+    xwktest::WaitViewable(p.shell);
+    xwktest::Settle();
+    p.sash = sash_of(p.paned);
+    return p;
+}
+
+int expose_calls;
+void (*saved_expose)(Widget, XEvent *, Region);
+void counting_expose(Widget w, XEvent *e, Region r)
+{
+    expose_calls++;
+    saved_expose(w, e, r);
+}
+
+// Redraws the label and counts the passes through Motif's own expose.
+int count_passes(Widget label)
+{
+    saved_expose = XwkLabelExposeClassOriginalProc;
+    XwkLabelExposeClassOriginalProc = counting_expose;
+    expose_calls = 0;
+    XEvent ev = {};
+    ev.xexpose.type = Expose;
+    ev.xexpose.window = XtWindow(label);
+    ev.xexpose.width = label->core.width;
+    ev.xexpose.height = label->core.height;
+    XtClass(label)->core_class.expose(label, &ev, nullptr);
+    XwkLabelExposeClassOriginalProc = saved_expose;
+    return expose_calls;
+}
+
+}  // namespace
+
+TEST(SashHook, FlatSashOnlyUnderTheExactConditions)
+{
+    PanedWindow flat = make_paned(6, False, 0, 10, 4);
+    ASSERT_NE(flat.sash, nullptr);
+    EXPECT_EQ(flat.sash->core.height, 6);
+    EXPECT_EQ(flat.sash->core.width, flat.paned->core.width) << "full length";
+    EXPECT_EQ(flat.sash->core.border_width, 0);
+    XtDestroyWidget(flat.shell);
+
+    struct { int spacing; Boolean sep; int indent, w, h; } normal[] = {
+        {5, False, 0, 10, 4},   // spacing not 6
+        {6, True, 0, 10, 4},    // separator on
+        {6, False, 2, 10, 4},   // indented
+        {6, False, 0, 10, 10},  // square sash
+    };
+    for (auto &c : normal) {
+        PanedWindow p = make_paned(c.spacing, c.sep, c.indent, c.w, c.h);
+        ASSERT_NE(p.sash, nullptr);
+        EXPECT_EQ(p.sash->core.width, c.w) << "Motif's own sash, spacing " << c.spacing;
+        EXPECT_EQ(p.sash->core.height, c.h);
+        XtDestroyWidget(p.shell);
+    }
+}
+
+TEST(SashHook, HorizontalFlatSashSpansTheHeight)
+{
+    PanedWindow p = make_paned(6, False, 0, 4, 10, XmHORIZONTAL);
+    ASSERT_NE(p.sash, nullptr);
+    EXPECT_EQ(p.sash->core.width, 6);
+    EXPECT_EQ(p.sash->core.height, p.paned->core.height);
+    XtDestroyWidget(p.shell);
+}
+
+TEST(LabelHook, InsensitiveTextIsEtched)
+{
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("etched", topLevelShellWidgetClass, app, NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    XmString text = XmStringCreateLocalized((char *)"WWWW MMMM");
+    Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, form, XmNlabelString, text,
+                                           XmNsensitive, False, NULL);
+    XmStringFree(text);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(label));
+    xwktest::Settle();
+
+    Pixel fg = xwktest::PixelOf(label, XmNforeground);
+    Pixel top = xwktest::PixelOf(label, XmNtopShadowColor);
+    Pixel bottom = xwktest::PixelOf(label, XmNbottomShadowColor);
+    ASSERT_NE(top, bottom);
+    XClearArea(XtDisplay(label), XtWindow(label), 0, 0, 0, 0, True);
+    xwktest::Settle();
+    xwktest::Capture cap(label);
+    ASSERT_TRUE(cap.ok());
+    int w = cap.width(), h = cap.height();
+    EXPECT_GT(cap.Count(top, 0, 0, w, h), 10) << "the raised pass shows";
+    EXPECT_GT(cap.Count(bottom, 0, 0, w, h), 10) << "the sunken pass shows";
+    EXPECT_EQ(cap.Count(fg, 0, 0, w, h), 0) << "no normal text";
+
+    EXPECT_EQ(count_passes(label), 2);
+    XtSetSensitive(label, True);
+    EXPECT_EQ(count_passes(label), 1);
+    XtDestroyWidget(shell);
+}
+
+TEST(LabelHook, InsensitivePixmapLabelIsDrawnOnce)
+{
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("pixmap", topLevelShellWidgetClass, app, NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    XtRealizeWidget(shell);
+    Pixmap pm = XCreatePixmap(XtDisplay(app), XtWindow(shell), 8, 8,
+                              DefaultDepthOfScreen(XtScreen(app)));
+    Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, form, XmNlabelType,
+                                           XmPIXMAP, XmNlabelPixmap, pm, XmNsensitive, False, NULL);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(label));
+    EXPECT_EQ(count_passes(label), 1);
+    XtDestroyWidget(shell);
+    XFreePixmap(XtDisplay(app), pm);
+}
+
+TEST(LabelHook, ArmedPushButtonTextMovesByOnePixel)
+{
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("armed", topLevelShellWidgetClass, app, NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    XmString text = XmStringCreateLocalized((char *)"Press");
+    Widget button = XtVaCreateManagedWidget("button", xmPushButtonWidgetClass, form,
+                                            XmNlabelString, text, XmNfillOnArm, False, NULL);
+    XmStringFree(text);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(button));
+    xwktest::Settle();
+    Pixel fg = xwktest::PixelOf(button, XmNforeground);
+
+    Dimension highlight = 0, shadow = 0;
+    XtVaGetValues(button, XmNhighlightThickness, &highlight, XmNshadowThickness, &shadow, NULL);
+    const int border = highlight + shadow;
+    auto text_box = [&](int *left, int *top) {
+        xwktest::Capture cap(button);
+        *left = *top = 1 << 20;
+        for (int y = border; y < cap.height() - border; y++)
+            for (int x = border; x < cap.width() - border; x++)
+                if (cap.Pixel(x, y) == fg) {
+                    *left = std::min(*left, x);
+                    *top = std::min(*top, y);
+                }
+    };
+    // Inside the shadow, only the text is in the foreground colour.
+    int x0, y0, x1, y1;
+    text_box(&x0, &y0);
+    int rx, ry;
+    xwktest::RootPosition(button, &rx, &ry);
+    xwktest::MovePointer(XtDisplay(button), rx + button->core.width / 2, ry + button->core.height / 2);
+    XTestFakeButtonEvent(XtDisplay(button), 1, True, CurrentTime);
+    XSync(XtDisplay(button), False);
+    xwktest::Pump(100);
+    xwktest::Settle();
+    text_box(&x1, &y1);
+    XTestFakeButtonEvent(XtDisplay(button), 1, False, CurrentTime);
+    xwktest::Settle();
+    EXPECT_EQ(x1, x0 + 1);
+    EXPECT_EQ(y1, y0 + 1);
+    XtDestroyWidget(shell);
+}

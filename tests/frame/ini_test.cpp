@@ -1,0 +1,315 @@
+// Ini files, in a private temporary directory that also takes the
+// temporary copies, so that a test sees whether they are cleaned up.
+#include <gtest/gtest.h>
+
+#include <Xwk/Ini.h>
+
+#include <dirent.h>
+#include <signal.h>
+#include <stdlib.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+class Ini : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        char tmpl[] = "/tmp/xwkiniXXXXXX";
+        ASSERT_NE(mkdtemp(tmpl), nullptr);
+        dir_ = tmpl;
+        tmpdir_ = dir_ + "/tmp";
+        ASSERT_EQ(mkdir(tmpdir_.c_str(), 0700), 0);
+        setenv("TMPDIR", tmpdir_.c_str(), 1);
+        file_ = dir_ + "/settings.ini";
+    }
+    void TearDown() override
+    {
+        EXPECT_EQ(TempEntries(), 0) << "a temporary copy was left behind";
+        std::string cmd = "rm -rf '" + dir_ + "'";
+        ASSERT_EQ(system(cmd.c_str()), 0);
+    }
+    void Put(const std::string &text)
+    {
+        std::ofstream(file_, std::ios::binary) << text;
+    }
+    std::string Get()
+    {
+        std::ifstream in(file_, std::ios::binary);
+        std::stringstream ss;
+        ss << in.rdbuf();
+        return ss.str();
+    }
+    int TempEntries()
+    {
+        int n = 0;
+        DIR *d = opendir(tmpdir_.c_str());
+        if (!d) return -1;
+        while (struct dirent *e = readdir(d))
+            if (std::strcmp(e->d_name, ".") && std::strcmp(e->d_name, "..")) n++;
+        closedir(d);
+        return n;
+    }
+    int Write(const char *section, std::vector<const char *> keys, std::vector<const char *> values)
+    {
+        return XwkWriteIni(file_.c_str(), section, const_cast<char **>(keys.data()),
+                           const_cast<char **>(values.data()), static_cast<int>(keys.size()));
+    }
+    // Entries of the section as "key|value" lines.
+    std::string Read(const char *section, int *result = nullptr)
+    {
+        char **keys = reinterpret_cast<char **>(1), **values = keys;
+        int count = -1;
+        int r = XwkReadIni(file_.c_str(), section, &keys, &values, &count);
+        if (result) *result = r;
+        std::string s;
+        for (int i = 0; i < count; i++) {
+            s += std::string(keys[i]) + "|" + values[i] + "\n";
+            free(keys[i]);
+            free(values[i]);
+        }
+        if (count == 0) {
+            EXPECT_EQ(keys, nullptr);
+            EXPECT_EQ(values, nullptr);
+        }
+        free(keys);
+        free(values);
+        return s;
+    }
+    std::string dir_, tmpdir_, file_;
+};
+
+TEST_F(Ini, ReadCleansKeysAndValues)
+{
+    Put("a=0\n[s]\n; x=1\n# y=2\n.* z=3\na=1\n b = 2 \nno entry\n c=d=e\n=empty\n[t]\nq=9\n");
+    int r = -1;
+    EXPECT_EQ(Read("s", &r), "a|1\nb|2 \nc|d=e\n|empty\n");
+    EXPECT_EQ(r, 4);
+    EXPECT_EQ(Read("t"), "q|9\n");
+    // Names are case sensitive; a header matches by its beginning.
+    EXPECT_EQ(Read("S"), "");
+    Put("[s] trailing\nk=v\n");
+    EXPECT_EQ(Read("s"), "k|v\n");
+}
+
+TEST_F(Ini, ReadStopsAtASecondHeaderOfTheSameName)
+{
+    Put("[s]\na=1\n[s]\nb=2\n");
+    EXPECT_EQ(Read("s"), "a|1\n");
+}
+
+TEST_F(Ini, ReadLosesALastLineWithoutNewline)
+{
+    Put("[s]\na=1\nb=2");
+    EXPECT_EQ(Read("s"), "a|1\n");
+}
+
+TEST_F(Ini, ReadSplitsLongLines)
+{
+    Put("[s]\nk=" + std::string(4093, 'v') + "j=1\n");
+    EXPECT_EQ(Read("s"), "k|" + std::string(4093, 'v') + "\nj|1\n");
+}
+
+TEST_F(Ini, ReadCountIsASignedByte)
+{
+    std::string text = "[s]\n";
+    for (int i = 0; i < 256; i++) text += "k" + std::to_string(i) + "=v\n";
+    Put(text);
+    char **keys, **values;
+    int count;
+    EXPECT_EQ(XwkReadIni(file_.c_str(), "s", &keys, &values, &count), 0);
+    EXPECT_EQ(count, 256);
+    EXPECT_STREQ(keys[255], "k255");
+    for (int i = 0; i < count; i++) {
+        free(keys[i]);
+        free(values[i]);
+    }
+    free(keys);
+    free(values);
+
+    text = "[s]\n";
+    for (int i = 0; i < 200; i++) text += "k=v\n";
+    Put(text);
+    int r = 0;
+    Read("s", &r);
+    EXPECT_EQ(r, -56);
+}
+
+TEST_F(Ini, ReadFailures)
+{
+    int r = -1;
+    EXPECT_EQ(Read("s", &r), "");
+    EXPECT_EQ(r, 0);
+    // A directory opens but cannot be read.
+    file_ = dir_;
+    EXPECT_EQ(Read("s", &r), "");
+    EXPECT_EQ(r, 0);
+
+    char **keys = nullptr, **values = nullptr;
+    int count = 5;
+    EXPECT_EQ(XwkReadIni(nullptr, "s", &keys, &values, &count), 0);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(XwkReadIni(file_.c_str(), nullptr, &keys, &values, &count), 0);
+    EXPECT_EQ(XwkReadIni(file_.c_str(), "s", nullptr, &values, &count), 0);
+    EXPECT_EQ(XwkReadIni(file_.c_str(), "s", &keys, &values, nullptr), 0);
+}
+
+TEST_F(Ini, WriteCreatesTheFile)
+{
+    EXPECT_EQ(Write("s", {"a", "", "b"}, {"1", "lost", nullptr}), 1);
+    EXPECT_EQ(Get(), "[s]\na = 1\nb = \n");
+    EXPECT_EQ(Read("s"), "a|1\nb|\n");
+}
+
+TEST_F(Ini, WriteAppendsAMissingSection)
+{
+    Put("[x]\nk=v\n");
+    EXPECT_EQ(Write("s", {"a"}, {"1"}), 1);
+    EXPECT_EQ(Get(), "[x]\nk=v\n\n[s]\na = 1\n");
+}
+
+TEST_F(Ini, WriteReplacesByPrefixAndKeepsTheRest)
+{
+    Put("; head\n[s]\n; inside\nfoo=old\n other = 2\nab = 3\n foo = 4\n[t]\nfoo=5\n");
+    EXPECT_EQ(Write("s", {"foo", "a", "new"}, {"F", "A", "N"}), 1);
+    EXPECT_EQ(Get(),
+              "; head\n[s]\n; inside\n"
+              "foo = F\na = A\nnew = N\n other = 2\n foo = 4\n"
+              "[t]\nfoo=5\n");
+}
+
+TEST_F(Ini, WriteAtTheEndOfTheFile)
+{
+    Put("[s]\nb=1\nc=2\n");
+    EXPECT_EQ(Write("s", {"c", "d", "c"}, {"3", "4", "5"}), 1);
+    // A key takes one line only; a second "c" finds none left.
+    EXPECT_EQ(Get(), "[s]\nc = 3\nd = 4\nc = 5\nb=1\n");
+}
+
+TEST_F(Ini, WriteIntoAnEmptySectionSwallowsTheNextHeader)
+{
+    Put("[s]\n[t]\nx=1\n");
+    EXPECT_EQ(Write("s", {"x"}, {"9"}), 1);
+    EXPECT_EQ(Get(), "[s]\nx = 9\n[t]\n");
+}
+
+TEST_F(Ini, WriteWithTwoSectionsOfTheSameName)
+{
+    Put("[s]\na=1\n[o]\n[s]\na=2\n[p]\nq=1\n");
+    EXPECT_EQ(Write("s", {"a"}, {"9"}), 1);
+    EXPECT_EQ(Get(), "[s]\na = 9\n[o]\n[s]\na = 9\n[p]\nq=1\n");
+}
+
+TEST_F(Ini, WriteLosesALastLineWithoutNewline)
+{
+    Put("[s]\na=1\n[t]\nz=2");
+    EXPECT_EQ(Write("s", {"a"}, {"3"}), 1);
+    EXPECT_EQ(Get(), "[s]\na = 3\n[t]\n");
+}
+
+TEST_F(Ini, WriteRejectsIncompleteCalls)
+{
+    const char *key = "a";
+    const char *value = "1";
+    char **keys = const_cast<char **>(&key);
+    char **values = const_cast<char **>(&value);
+    EXPECT_EQ(XwkWriteIni(file_.c_str(), nullptr, keys, values, 1), 0);
+    EXPECT_EQ(XwkWriteIni(file_.c_str(), "s", nullptr, values, 1), 0);
+    EXPECT_EQ(XwkWriteIni(file_.c_str(), "s", keys, nullptr, 1), 0);
+    EXPECT_EQ(XwkWriteIni(file_.c_str(), "s", keys, values, 0), 0);
+    EXPECT_EQ(XwkWriteIni(nullptr, "s", keys, values, 1), 0);
+    EXPECT_NE(access(file_.c_str(), F_OK), 0);
+    EXPECT_EQ(XwkWriteIni(dir_.c_str(), "s", keys, values, 1), 0);
+    EXPECT_EQ(XwkWriteIni((dir_ + "/none/x.ini").c_str(), "s", keys, values, 1), 0);
+    struct stat st;
+    ASSERT_EQ(stat(dir_.c_str(), &st), 0);
+    EXPECT_TRUE(S_ISDIR(st.st_mode));
+}
+
+TEST_F(Ini, WriteThroughNulBytes)
+{
+    Put(std::string("[s]\na=1\0junk\nb=2\n", 18));
+    EXPECT_EQ(Read("s"), "a|1\nb|2\n");
+    EXPECT_EQ(Write("s", {"c"}, {"3"}), 1);
+    EXPECT_EQ(Get(), "[s]\nc = 3\na=1\nb=2\n");
+}
+
+TEST_F(Ini, FailedWriteKeepsTheOldText)
+{
+    std::string old = "[s]\n";
+    for (int i = 0; i < 200; i++) old += "key" + std::to_string(i) + " = value\n";
+    Put(old);
+    struct sigaction ignore {}, saved {};
+    ignore.sa_handler = SIG_IGN;
+    sigaction(SIGXFSZ, &ignore, &saved);
+    struct rlimit limit, small;
+    getrlimit(RLIMIT_FSIZE, &limit);
+    small = limit;
+    small.rlim_cur = 1000;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    int r = Write("s", {"key0"}, {"new"});
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    sigaction(SIGXFSZ, &saved, nullptr);
+    EXPECT_EQ(r, 0);
+    EXPECT_EQ(Get(), old);
+}
+
+TEST_F(Ini, DeleteByKeyPrefix)
+{
+    Put("[s]\nfoo=1\nfoobar = 1\n fooz=3\nbar=foo\n[t]\nfoo=2\n");
+    XwkDeleteIni(file_.c_str(), "s", "foo", nullptr);
+    EXPECT_EQ(Get(), "[s]\n fooz=3\nbar=foo\n[t]\nfoo=2\n");
+}
+
+TEST_F(Ini, DeleteByValue)
+{
+    Put("[s]\na=xyz\nb=abc\ny=q\nnoeq y\n[t]\nc=y\n");
+    XwkDeleteIni(file_.c_str(), "s", nullptr, "y");
+    EXPECT_EQ(Get(), "[s]\nb=abc\ny=q\nnoeq y\n[t]\nc=y\n");
+    XwkDeleteIni(file_.c_str(), "s", "b", "q");
+    EXPECT_EQ(Get(), "[s]\nnoeq y\n[t]\nc=y\n");
+}
+
+TEST_F(Ini, DeleteAWholeSectionKeepsItsComments)
+{
+    Put("# top\n[s]\na=1\n; note\nb=2\n[t]\nc=3\n[s]\nd=4\n");
+    XwkDeleteIni(file_.c_str(), "s", nullptr, nullptr);
+    EXPECT_EQ(Get(), "# top\n; note\n[t]\nc=3\n");
+}
+
+TEST_F(Ini, DeleteOnMissingOrOddFiles)
+{
+    XwkDeleteIni(file_.c_str(), "s", "a", nullptr);
+    EXPECT_NE(access(file_.c_str(), F_OK), 0);
+    XwkDeleteIni(dir_.c_str(), "s", nullptr, nullptr);
+    XwkDeleteIni(nullptr, "s", nullptr, nullptr);
+    Put("[s]\na=1\n");
+    XwkDeleteIni(file_.c_str(), nullptr, nullptr, nullptr);
+    EXPECT_EQ(Get(), "[s]\na=1\n");
+    Put(std::string("[s]\nk=\0v\nkeep\n", 14));
+    XwkDeleteIni(file_.c_str(), "s", "k=", nullptr);
+    EXPECT_EQ(Get(), "[s]\nkeep\n");
+}
+
+TEST(IniGlobals, ArePlainVariables)
+{
+    EXPECT_EQ(xwkConfigFileName, nullptr);
+    EXPECT_EQ(xwkConfigFileLine, 0ul);
+    char name[] = "tool.cfg";
+    xwkConfigFileName = name;
+    xwkConfigFileLine = 12;
+    EXPECT_STREQ(xwkConfigFileName, "tool.cfg");
+    xwkConfigFileName = nullptr;
+    xwkConfigFileLine = 0;
+}
+
+}  // namespace

@@ -1,0 +1,345 @@
+// Path services, in a private temporary directory.
+#include <gtest/gtest.h>
+
+#include <Xwk/Frame.h>
+#include <Xwk/Strings.h>
+
+#include <fcntl.h>
+#include <limits.h>
+#include <pwd.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string Cwd()
+{
+    char buf[PATH_MAX];
+    return getcwd(buf, sizeof buf) ? buf : "";
+}
+
+class Paths : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        char tmpl[] = "/tmp/xwkpathsXXXXXX";
+        ASSERT_NE(mkdtemp(tmpl), nullptr);
+        char real[PATH_MAX];
+        ASSERT_NE(realpath(tmpl, real), nullptr);
+        dir_ = real;
+        ASSERT_EQ(mkdir((dir_ + "/sub").c_str(), 0755), 0);
+        Write("f", "content");
+    }
+    void TearDown() override
+    {
+        std::string cmd = "rm -rf '" + dir_ + "'";
+        ASSERT_EQ(system(cmd.c_str()), 0);
+    }
+    void Write(const std::string &name, const std::string &text)
+    {
+        std::ofstream(dir_ + "/" + name, std::ios::binary) << text;
+    }
+    std::string Read(const std::string &name)
+    {
+        std::ifstream in(dir_ + "/" + name, std::ios::binary);
+        std::stringstream ss;
+        ss << in.rdbuf();
+        return ss.str();
+    }
+    std::string P(const std::string &name) { return dir_ + "/" + name; }
+    std::string dir_;
+};
+
+std::string Take(char *s)
+{
+    std::string r = s ? s : "(null)";
+    XtFree(s);
+    return r;
+}
+
+TEST_F(Paths, IsFileExist)
+{
+    EXPECT_TRUE(XwkIsFileExist(P("f").c_str()));
+    EXPECT_TRUE(XwkIsFileExist(P("sub").c_str()));
+    EXPECT_FALSE(XwkIsFileExist(P("none").c_str()));
+    EXPECT_FALSE(XwkIsFileExist(nullptr));
+}
+
+TEST_F(Paths, FindPathExpandsVariables)
+{
+    std::string var = "D=" + dir_;
+    std::vector<char> entry(var.begin(), var.end());
+    entry.push_back('\0');
+    char *env[] = {entry.data(), nullptr};
+
+    for (const char *name : {"$D/f", "$(D)/f", "${D}/f"}) {
+        const char *found = XwkFindPathExt(name, nullptr, env);
+        ASSERT_NE(found, nullptr) << name;
+        EXPECT_EQ(std::string(found), P("f")) << name;
+    }
+    // An unknown name vanishes: "$UNSET/..." is looked up from the root.
+    std::string unset = "$UNSET_XWK_TEST" + dir_ + "/f";
+    const char *found = XwkFindPathExt(unset.c_str(), nullptr, env);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(std::string(found), P("f"));
+
+    // Without an array the process environment is used, with one it is not.
+    setenv("XWK_TEST_DIR", dir_.c_str(), 1);
+    found = XwkFindPath("$(XWK_TEST_DIR)/f", nullptr);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(std::string(found), P("f"));
+    EXPECT_EQ(XwkFindPathExt("$(XWK_TEST_DIR)/f", nullptr, env), nullptr);
+
+    xwkHOME = const_cast<char *>(dir_.c_str());
+    found = XwkFindPath("~/f", nullptr);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(std::string(found), P("f"));
+    xwkHOME = nullptr;
+}
+
+TEST_F(Paths, FindPathSearchesDirectories)
+{
+    std::string search = P("none") + "::" + P("sub") + ":" + dir_;
+    const char *found = XwkFindPath("f", search.c_str());
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(std::string(found), P("f"));
+    // A directory counts; the first directory that has it wins.
+    Write("sub/f", "x");
+    EXPECT_EQ(std::string(XwkFindPath("f", search.c_str())), P("sub/f"));
+    EXPECT_EQ(std::string(XwkFindPath("sub", search.c_str())), P("sub"));
+    EXPECT_EQ(XwkFindPath("nothing", search.c_str()), nullptr);
+    EXPECT_EQ(XwkFindPath("f", nullptr), nullptr);
+    EXPECT_EQ(XwkFindPath(nullptr, search.c_str()), nullptr);
+    // One static buffer per step.
+    EXPECT_EQ(XwkFindPath("f", search.c_str()), XwkFindPath("sub", search.c_str()));
+
+    std::string huge(20000, 'a');
+    EXPECT_EQ(XwkFindPath(huge.c_str(), search.c_str()), nullptr);
+    std::string huge_var = "$(" + std::string(20000, 'B') + ")" + dir_;
+    found = XwkFindPath(huge_var.c_str(), nullptr);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(std::string(found), dir_);
+    std::string long_search(9000, 'd');
+    EXPECT_EQ(XwkFindPath("f", long_search.c_str()), nullptr);
+}
+
+TEST(Patterns, ExtensionAndRegex)
+{
+    EXPECT_EQ(Take(XwkGetExtFromPattern("*.c")), "c");
+    EXPECT_EQ(Take(XwkGetExtFromPattern("a.tar.gz")), "gz");
+    EXPECT_EQ(Take(XwkGetExtFromPattern("x.")), "");
+    EXPECT_EQ(Take(XwkGetExtFromPattern("a.b/c")), "(null)");
+    EXPECT_EQ(Take(XwkGetExtFromPattern("abc")), "(null)");
+    EXPECT_EQ(XwkGetExtFromPattern(nullptr), nullptr);
+
+    EXPECT_EQ(Take(XwkGetMatchPattern("*.c")), "^.*\\.c$");
+    EXPECT_EQ(Take(XwkGetMatchPattern("a?b[0-9]/c*")), "^a.b[0-9]$");
+    EXPECT_EQ(Take(XwkGetMatchPattern("")), "^$");
+    EXPECT_EQ(XwkGetMatchPattern(nullptr), nullptr);
+}
+
+TEST_F(Paths, GetFullPath)
+{
+    std::string before = Cwd();
+    char out[PATH_MAX];
+    EXPECT_EQ(XwkGetFullPath(out, P("sub/../f").c_str()), out);
+    EXPECT_EQ(std::string(out), P("f"));
+    EXPECT_EQ(XwkGetFullPath(out, P("sub/../sub/.").c_str()), out);
+    EXPECT_EQ(std::string(out), P("sub"));
+    // Only the directory above needs to exist.
+    EXPECT_EQ(XwkGetFullPath(out, P("sub/../new").c_str()), out);
+    EXPECT_EQ(std::string(out), P("new"));
+    EXPECT_EQ(XwkGetFullPath(out, P("sub/").c_str()), out);
+    EXPECT_EQ(std::string(out), P("sub"));
+    EXPECT_EQ(XwkGetFullPath(out, P("none/x").c_str()), nullptr);
+    EXPECT_EQ(Cwd(), before);
+
+    ASSERT_EQ(chdir(dir_.c_str()), 0);
+    EXPECT_EQ(std::string(XwkGetFullPath(out, "sub")), P("sub"));
+    EXPECT_EQ(std::string(XwkGetFullPath(out, "sub/x.c")), P("sub/x.c"));
+    EXPECT_EQ(std::string(XwkGetFullPath(out, "..")), dir_.substr(0, dir_.rfind('/')));
+    // A slash in the first column does not split: a missing entry of the
+    // root is joined to the working directory, as it always was.
+    EXPECT_EQ(std::string(XwkGetFullPath(out, "/xwk-no-such-entry")), dir_ + "//xwk-no-such-entry");
+    EXPECT_EQ(std::string(XwkGetFullPath(out, "/")), "/");
+    EXPECT_EQ(Cwd(), dir_);
+    ASSERT_EQ(chdir(before.c_str()), 0);
+
+    EXPECT_EQ(XwkGetFullPath(nullptr, "x"), nullptr);
+    EXPECT_EQ(XwkGetFullPath(out, nullptr), nullptr);
+}
+
+TEST_F(Paths, GetFullPathCutsLongResults)
+{
+    std::string before = Cwd();
+    std::vector<char> out(PATH_MAX + 16, 'G');
+    std::string name(3 * PATH_MAX, 'n');
+    ASSERT_EQ(chdir(dir_.c_str()), 0);
+    EXPECT_EQ(XwkGetFullPath(out.data(), name.c_str()), out.data());
+    EXPECT_EQ(std::strlen(out.data()), static_cast<size_t>(PATH_MAX - 1));
+    EXPECT_EQ(std::string(out.data(), dir_.size()), dir_);
+    EXPECT_EQ(out[PATH_MAX], 'G');
+    ASSERT_EQ(chdir(before.c_str()), 0);
+}
+
+TEST(Split, SplitPath)
+{
+    char *d, *n, *e;
+    XwkSplitPath("/a/b.c", &d, &n, &e);
+    EXPECT_EQ(Take(d), "/a");
+    EXPECT_EQ(Take(n), "b");
+    EXPECT_EQ(Take(e), "c");
+    XwkSplitPath("b", &d, &n, &e);
+    EXPECT_EQ(Take(d), "(null)");
+    EXPECT_EQ(Take(n), "b");
+    EXPECT_EQ(Take(e), "(null)");
+    XwkSplitPath("/x", &d, &n, &e);
+    EXPECT_EQ(Take(d), "");
+    EXPECT_EQ(Take(n), "x");
+    EXPECT_EQ(Take(e), "(null)");
+    XwkSplitPath("a.d/b.tar.gz", &d, &n, nullptr);
+    EXPECT_EQ(Take(d), "a.d");
+    EXPECT_EQ(Take(n), "b.tar.gz");
+    XwkSplitPath("a.d/b.tar.gz", nullptr, &n, &e);
+    EXPECT_EQ(Take(n), "b.tar");
+    EXPECT_EQ(Take(e), "gz");
+    XwkSplitPath("a.d/b", nullptr, &n, &e);
+    EXPECT_EQ(Take(n), "b");
+    EXPECT_EQ(Take(e), "(null)");
+    XwkSplitPath("d/.rc", nullptr, &n, &e);
+    EXPECT_EQ(Take(n), "(null)");
+    EXPECT_EQ(Take(e), "rc");
+    XwkSplitPath("d/", &d, &n, &e);
+    EXPECT_EQ(Take(d), "d");
+    EXPECT_EQ(Take(n), "(null)");
+    EXPECT_EQ(Take(e), "(null)");
+    d = n = e = reinterpret_cast<char *>(1);
+    XwkSplitPath(nullptr, &d, &n, &e);
+    EXPECT_EQ(d, nullptr);
+    EXPECT_EQ(n, nullptr);
+    EXPECT_EQ(e, nullptr);
+    XwkSplitPath("/a/b.c", nullptr, nullptr, nullptr);
+}
+
+TEST(Tilde, ExpandTilde)
+{
+    char home[] = "/home/me";
+    xwkHOME = home;
+    EXPECT_EQ(Take(XwkExpandTilde("~")), "/home/me");
+    EXPECT_EQ(Take(XwkExpandTilde("~/x/y")), "/home/me/x/y");
+    EXPECT_EQ(Take(XwkExpandTilde("a/~/b")), "a/~/b");
+    xwkHOME = nullptr;
+    EXPECT_EQ(Take(XwkExpandTilde("~/x")), "/x");
+    struct passwd *root = getpwnam("root");
+    ASSERT_NE(root, nullptr);
+    EXPECT_EQ(Take(XwkExpandTilde("~root/x")), std::string(root->pw_dir) + "/x");
+    EXPECT_EQ(Take(XwkExpandTilde("~root")), std::string(root->pw_dir));
+    EXPECT_EQ(Take(XwkExpandTilde("~no_such_user_xwk/x")), "~no_such_user_xwk/x");
+    EXPECT_EQ(XwkExpandTilde(nullptr), nullptr);
+}
+
+struct stat Record(mode_t mode, uid_t uid, gid_t gid)
+{
+    struct stat st;
+    std::memset(&st, 0, sizeof st);
+    st.st_mode = mode;
+    st.st_uid = uid;
+    st.st_gid = gid;
+    return st;
+}
+
+TEST(Access, DecidedByTheUserGlobals)
+{
+    int gids[] = {100, 200};
+    xwkUID = 500;
+    xwkGIDs = gids;
+    xwkNumGIDs = 2;
+
+    struct stat st = Record(S_IFREG | 0600, 500, 1);
+    EXPECT_TRUE(XwkAccess(&st, 4));
+    EXPECT_TRUE(XwkAccess(&st, 2));
+    EXPECT_FALSE(XwkAccess(&st, 1));
+    st = Record(S_IFREG | 0400, 501, 1);
+    EXPECT_FALSE(XwkAccess(&st, 4));
+    // Others need the execute bit too, even on a plain file.
+    st = Record(S_IFREG | 0004, 501, 1);
+    EXPECT_FALSE(XwkAccess(&st, 4));
+    st = Record(S_IFREG | 0005, 501, 1);
+    EXPECT_TRUE(XwkAccess(&st, 4));
+    EXPECT_FALSE(XwkAccess(&st, 2));
+    st = Record(S_IFREG | 0003, 501, 1);
+    EXPECT_TRUE(XwkAccess(&st, 2));
+    // Any group of the process counts.
+    st = Record(S_IFREG | 0040, 501, 200);
+    EXPECT_TRUE(XwkAccess(&st, 4));
+    st = Record(S_IFREG | 0040, 501, 300);
+    EXPECT_FALSE(XwkAccess(&st, 4));
+    // A directory needs the execute bit of the class as well.
+    st = Record(S_IFDIR | 0060, 501, 100);
+    EXPECT_FALSE(XwkAccess(&st, 4));
+    EXPECT_FALSE(XwkAccess(&st, 2));
+    st = Record(S_IFDIR | 0070, 501, 100);
+    EXPECT_TRUE(XwkAccess(&st, 4));
+    EXPECT_TRUE(XwkAccess(&st, 2));
+    st = Record(S_IFDIR | 0600, 500, 1);
+    EXPECT_FALSE(XwkAccess(&st, 4));
+    st = Record(S_IFDIR | 0700, 500, 1);
+    EXPECT_TRUE(XwkAccess(&st, 2));
+
+    xwkUID = 0;
+    st = Record(S_IFREG | 0000, 501, 1);
+    EXPECT_TRUE(XwkAccess(&st, 4));
+    EXPECT_TRUE(XwkAccess(&st, 7));
+    xwkUID = 500;
+    xwkGIDs = nullptr;
+    xwkNumGIDs = 3;
+    st = Record(S_IFREG | 0040, 501, 100);
+    EXPECT_FALSE(XwkAccess(&st, 4));
+    EXPECT_FALSE(XwkAccess(nullptr, 4));
+    xwkNumGIDs = 0;
+}
+
+TEST_F(Paths, CopyFile)
+{
+    std::string big;
+    for (int i = 0; i < 50000; i++) big += static_cast<char>(i * 7 + i / 251);
+    Write("big", big);
+    ASSERT_EQ(chmod(P("big").c_str(), 0640), 0);
+    Write("old", "previous text that is longer than the new one");
+    EXPECT_EQ(XwkCopyFile(P("big").c_str(), P("old").c_str()), 0);
+    EXPECT_EQ(Read("old"), big);
+    struct stat st;
+    ASSERT_EQ(stat(P("old").c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 0777, 0640u);
+
+    // Links are copied through.
+    ASSERT_EQ(symlink(P("f").c_str(), P("link").c_str()), 0);
+    EXPECT_EQ(XwkCopyFile(P("link").c_str(), P("copy").c_str()), 0);
+    EXPECT_EQ(Read("copy"), "content");
+    ASSERT_EQ(lstat(P("copy").c_str(), &st), 0);
+    EXPECT_TRUE(S_ISREG(st.st_mode));
+
+    EXPECT_EQ(XwkCopyFile(P("f").c_str(), P("f").c_str()), 0);
+    EXPECT_EQ(Read("f"), "content");
+    EXPECT_LT(XwkCopyFile(P("none").c_str(), P("copy").c_str()), 0);
+    EXPECT_EQ(Read("copy"), "content");
+    EXPECT_EQ(XwkCopyFile(P("f").c_str(), P("none/x").c_str()), -3);
+    // A directory is not copied, and the destination stays.
+    EXPECT_EQ(XwkCopyFile(P("sub").c_str(), P("copy").c_str()), -2);
+    EXPECT_EQ(Read("copy"), "content");
+    EXPECT_LT(XwkCopyFile(nullptr, P("copy").c_str()), 0);
+    EXPECT_LT(XwkCopyFile(P("f").c_str(), nullptr), 0);
+
+    Write("empty", "");
+    EXPECT_EQ(XwkCopyFile(P("empty").c_str(), P("copy").c_str()), 0);
+    EXPECT_EQ(Read("copy"), "");
+}
+
+}  // namespace

@@ -1,0 +1,367 @@
+// Text filters: stpcvt and the small string utilities.
+#include <gtest/gtest.h>
+
+#include <Xwk/Strings.h>
+
+#include <cmath>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string Cvt(const char *text, int mode)
+{
+    std::string s(text);
+    char *r = stpcvt(s.data(), mode);
+    EXPECT_EQ(r, s.data());
+    return std::string(r);
+}
+
+TEST(Stpcvt, WhiteSpaceBits)
+{
+    EXPECT_EQ(Cvt(" a b ", 0x01), "ab");
+    EXPECT_EQ(Cvt(" a b ", 0x06), "a b");
+    EXPECT_EQ(Cvt("a   b", 0x08), "a b");
+    EXPECT_EQ(Cvt(" \t a \n b \t", 0x02), "a \n b \t");
+    EXPECT_EQ(Cvt(" \t a \n b \t", 0x04), " \t a \n b");
+    EXPECT_EQ(Cvt("  a \t\n b  ", 0x08), " a b ");
+    EXPECT_EQ(Cvt("  a \t\n b  ", 0x0E), "a b");
+    // Reduction is ignored when all white space goes.
+    EXPECT_EQ(Cvt("a   b c", 0x09), "abc");
+    EXPECT_EQ(Cvt("   ", 0x04), "");
+    EXPECT_EQ(Cvt("   ", 0x08), " ");
+    EXPECT_EQ(Cvt("", 0x1FF), "");
+}
+
+TEST(Stpcvt, QuotedTextStays)
+{
+    EXPECT_EQ(Cvt(" x = \"a  B\"  'c  d' ", 0x1E | 0x20), "X = \"a  B\" 'c  d'");
+    EXPECT_EQ(Cvt("a \"b c\" d", 0x11), "a\"b c\"d");
+    // Without the bit, quotes are ordinary characters.
+    EXPECT_EQ(Cvt("a \"b c\" d", 0x01), "a\"bc\"d");
+    // A single quote does not end a double-quoted text.
+    EXPECT_EQ(Cvt("\"it's  x\"  y", 0x18), "\"it's  x\" y");
+    // An unterminated quote runs to the end, its blanks included.
+    EXPECT_EQ(Cvt("a 'b  ", 0x1C), "a 'b  ");
+}
+
+TEST(Stpcvt, CaseMapping)
+{
+    EXPECT_EQ(Cvt("aBz09_", 0x20), "ABZ09_");
+    EXPECT_EQ(Cvt("aBz09_", 0x40), "abz09_");
+    std::string lower = "\xA0\xAF\xE0\xEF\x80\x90\xF0\x7F";
+    EXPECT_EQ(Cvt(lower.c_str(), 0x20), std::string("\x80\x8F\x90\x9F\x80\x90\xF0\x7F"));
+    std::string upper = "\x80\x8F\x90\x9F\xA0\xE0\xF1";
+    EXPECT_EQ(Cvt(upper.c_str(), 0x40), std::string("\xA0\xAF\xE0\xEF\xA0\xE0\xF1"));
+}
+
+TEST(Stpcvt, ControlAndIdentifierBits)
+{
+    EXPECT_EQ(Cvt("a\x01" "b\x7F" "c\td", 0x80), "abc\td");
+    // A removed control character does not split a run of white space.
+    EXPECT_EQ(Cvt("a \x02 b", 0x88), "a b");
+    EXPECT_EQ(Cvt("a b\tc!d@e$(f){g}[h].,~/-+i:j", 0x100), "a_b_c_d_e$(f){g}[h].,~/-+i_j");
+    // Trailing white space is cut even when it would become '_'.
+    EXPECT_EQ(Cvt(" a b  ", 0x10E), "a_b");
+    EXPECT_EQ(Cvt("x 'a b!' y", 0x110), "x_'a b!'_y");
+}
+
+TEST(Stpcvt, NullAndByReference)
+{
+    EXPECT_EQ(stpcvt(nullptr, 1), nullptr);
+    int mode = 6;
+    char text[] = "  p q  ";
+    EXPECT_EQ(stpcvt_(text, &mode), text);
+    EXPECT_STREQ(text, "p q");
+    EXPECT_EQ(stpcvt_(text, nullptr), nullptr);
+    EXPECT_EQ(stpcvt_(nullptr, &mode), nullptr);
+}
+
+TEST(Stpcvt, HugeInput)
+{
+    std::string s(1 << 20, ' ');
+    s[500000] = 'x';
+    EXPECT_EQ(Cvt(s.c_str(), 0x06), "x");
+}
+
+TEST(Strings, SearchAndTranslate)
+{
+    EXPECT_EQ(stschind('c', "abcabc"), 2);
+    EXPECT_EQ(stschind('z', "abc"), -1);
+    EXPECT_EQ(stschind('\0', "abc"), -1);
+    EXPECT_EQ(stschind('a', nullptr), -1);
+
+    char text[] = "a-b_c.d";
+    EXPECT_EQ(stpxlate(text, "-_.", "+"), text);
+    EXPECT_STREQ(text, "a+b c d");
+    EXPECT_EQ(stpxlate(nullptr, "a", "b"), nullptr);
+    EXPECT_EQ(stpxlate(text, nullptr, "b"), nullptr);
+}
+
+TEST(Strings, Stptabfy)
+{
+    auto tabfy = [](const char *in, int width) {
+        std::string s(in);
+        stptabfy(s.data(), width);
+        return std::string(s.c_str());
+    };
+    EXPECT_EQ(tabfy("a   b", 4), "a\tb");
+    EXPECT_EQ(tabfy("abc d", 4), "abc d");        // a single blank at a stop stays
+    EXPECT_EQ(tabfy("        x", 4), "\t\tx");
+    EXPECT_EQ(tabfy("a\t   b", 4), "a\t   b");   // the tab resets the column
+    EXPECT_EQ(tabfy("a  ", 8), "a  ");           // pending blanks at the end stay
+    EXPECT_EQ(tabfy("a   b", 0), "a   b");
+    EXPECT_EQ(stptabfy(nullptr, 4), nullptr);
+}
+
+TEST(Strings, StpexpanExpandsAndResumes)
+{
+    char out[64];
+    EXPECT_EQ(stpexpan(out, "a\tb", 4, sizeof out), nullptr);
+    EXPECT_STREQ(out, "a   b");
+    EXPECT_EQ(stpexpan(out, "ab\ncd\tx", 4, sizeof out), nullptr);
+    EXPECT_STREQ(out, "ab\ncd  x");
+    EXPECT_EQ(stpexpan(out, "a\tb", 0, sizeof out), nullptr);
+    EXPECT_STREQ(out, "a\tb");
+
+    // A tab that does not fit is left for the next call.
+    const char *in = "ab\tcd";
+    char small[5];
+    const char *rest = stpexpan(small, in, 4, 4);
+    EXPECT_STREQ(small, "ab");
+    EXPECT_EQ(rest, in + 2);
+    rest = stpexpan(out, rest, 4, sizeof out);
+    EXPECT_STREQ(out, "    cd");
+    EXPECT_EQ(rest, nullptr);
+    EXPECT_EQ(stpexpan(small, in, 4, sizeof small), in + 3);
+    EXPECT_STREQ(small, "ab  ");
+
+    const char *text = "abcdef";
+    EXPECT_EQ(stpexpan(small, text, 8, sizeof small), text + 4);
+    EXPECT_STREQ(small, "abcd");
+    EXPECT_EQ(stpexpan(small, "abcd", 8, sizeof small), nullptr);
+    EXPECT_STREQ(small, "abcd");
+    EXPECT_EQ(stpexpan(small, text, 8, 1), text);
+    EXPECT_STREQ(small, "");
+    EXPECT_EQ(stpexpan(nullptr, text, 8, 4), nullptr);
+}
+
+TEST(Strings, StpexpanBoundsHugeInput)
+{
+    std::string in(100000, '\t');
+    std::vector<char> out(1001, 'Z');
+    const char *rest = stpexpan(out.data(), in.c_str(), 8, 1000);
+    EXPECT_EQ(std::strlen(out.data()), 992u);
+    EXPECT_EQ(rest, in.c_str() + 124);
+    EXPECT_EQ(out[1000], 'Z');
+}
+
+TEST(Strings, Stpjust)
+{
+    char out[16];
+    EXPECT_STREQ(stpjust(out, "ab", '-', 6, 0), "--ab--");
+    EXPECT_STREQ(stpjust(out, "ab", '-', 6, 1), "----ab");
+    EXPECT_STREQ(stpjust(out, "ab", '-', 6, 2), "ab----");
+    EXPECT_STREQ(stpjust(out, "ab", '-', 5, 0), "-ab--");
+    EXPECT_STREQ(stpjust(out, "abcdefg", '-', 4, 0), "bcde");
+    EXPECT_STREQ(stpjust(out, "abcdefg", '-', 4, 1), "defg");
+    EXPECT_STREQ(stpjust(out, "abcdefg", '-', 4, 7), "abcd");
+    EXPECT_STREQ(stpjust(out, "abc", '-', -3, 0), "");
+
+    char same[16] = "xy";
+    EXPECT_STREQ(stpjust(same, same, '.', 6, 1), "....xy");
+
+    int width = 4, mode = 0;
+    char pad = '*';
+    EXPECT_STREQ(stpjust_(out, "a", &pad, &width, &mode), "*a**");
+    EXPECT_EQ(stpjust_(out, "a", &pad, nullptr, &mode), nullptr);
+    EXPECT_EQ(stpjust(out, nullptr, ' ', 3, 0), nullptr);
+
+    // Only width + 1 bytes are written, however long the input.
+    std::string huge(1 << 16, 'q');
+    char guarded[8];
+    std::memset(guarded, 'G', sizeof guarded);
+    stpjust(guarded, huge.c_str(), ' ', 5, 0);
+    EXPECT_STREQ(guarded, "qqqqq");
+    EXPECT_EQ(guarded[6], 'G');
+}
+
+TEST(Strings, StrSepAndConcat)
+{
+    char text[] = "a,b;;c";
+    char *p = text;
+    EXPECT_STREQ(XwkStrSep(&p, ",;"), "a");
+    EXPECT_STREQ(XwkStrSep(&p, ",;"), "b");
+    EXPECT_STREQ(XwkStrSep(&p, ",;"), "");
+    EXPECT_STREQ(XwkStrSep(&p, ",;"), "c");
+    EXPECT_EQ(p, nullptr);
+    EXPECT_EQ(XwkStrSep(&p, ","), nullptr);
+    EXPECT_EQ(XwkStrSep(nullptr, ","), nullptr);
+
+    char *s = concat(nullptr, "ab");
+    s = concat(s, "cd");
+    EXPECT_STREQ(s, "abcd");
+    EXPECT_EQ(concat(s, nullptr), s);
+    XtFree(s);
+    EXPECT_EQ(concat(nullptr, nullptr), nullptr);
+}
+
+TEST(Strings, SortStrings)
+{
+    char a[] = "pear", b[] = "apple", c[] = "Zebra", d[] = "apple2";
+    char *list[] = {a, b, c, d};
+    XwkSortStrings(list, 4);
+    EXPECT_STREQ(list[0], "Zebra");
+    EXPECT_STREQ(list[1], "apple");
+    EXPECT_STREQ(list[2], "apple2");
+    EXPECT_STREQ(list[3], "pear");
+    XwkSortStrings(nullptr, 3);
+}
+
+TEST(Strings, ReplaceString)
+{
+    auto replace = [](const char *text, const char *from, const char *to) {
+        char *r = XwkReplaceString(text, from, to);
+        std::string s = r ? r : "(null)";
+        XtFree(r);
+        return s;
+    };
+    EXPECT_EQ(replace("a.b.c", ".", "::"), "a::b::c");
+    EXPECT_EQ(replace("abc", "x", "y"), "abc");
+    EXPECT_EQ(replace("", "x", "y"), "");
+    EXPECT_EQ(replace("aXbX", "X", ""), "ab");
+    // The result is searched again: new occurrences are replaced too.
+    EXPECT_EQ(replace("aab", "ab", "b"), "b");
+    EXPECT_EQ(replace("xaabby", "ab", ""), "xy");
+    // Where repeated replacement would never end, one pass is made.
+    EXPECT_EQ(replace("a-b", "-", "--"), "a--b");
+    EXPECT_EQ(replace("ab", "", "x"), "ab");
+    EXPECT_EQ(XwkReplaceString(nullptr, "a", "b"), nullptr);
+    EXPECT_EQ(XwkReplaceString("a", nullptr, "b"), nullptr);
+
+    std::string big;
+    for (int i = 0; i < 100000; i++) big += "$(X)";
+    char *r = XwkReplaceString(big.c_str(), "$(X)", "y");
+    EXPECT_EQ(std::string(r), std::string(100000, 'y'));
+    XtFree(r);
+}
+
+TEST(Numbers, FtoAKeepsItsRendering)
+{
+    EXPECT_STREQ(XwkFtoA(2.5), "2.500000");
+    EXPECT_STREQ(XwkFtoA(1.05), "1.50000");   // leading zeros of the fraction are lost
+    EXPECT_STREQ(XwkFtoA(3.0), "3.0");
+    EXPECT_STREQ(XwkFtoA(-2.25), "-2.250000");
+    EXPECT_STREQ(XwkFtoA(-0.5), "0.500000");   // so is the sign below one
+    EXPECT_EQ(XwkFtoA(1.0), XwkFtoA(2.0));      // one static buffer
+    EXPECT_STREQ(XwkFtoA(1e300), "9223372036854775807.0");
+    EXPECT_STREQ(XwkFtoA(-INFINITY), "-9223372036854775808.0");
+    EXPECT_STREQ(XwkFtoA(NAN), "0.0");
+}
+
+TEST(Numbers, AtoF)
+{
+    EXPECT_FLOAT_EQ(XwkAtoF("-1.5e3"), -1.5f);
+    EXPECT_FLOAT_EQ(XwkAtoF("  +12.25x"), 12.25f);
+    EXPECT_FLOAT_EQ(XwkAtoF(".5"), 0.5f);
+    EXPECT_FLOAT_EQ(XwkAtoF("7."), 7.0f);
+    EXPECT_FLOAT_EQ(XwkAtoF("abc"), 0.0f);
+    EXPECT_FLOAT_EQ(XwkAtoF(nullptr), 0.0f);
+    // A value written by XwkFtoA does not come back the same.
+    EXPECT_FLOAT_EQ(XwkAtoF(XwkFtoA(1.05)), 1.5f);
+    std::string many = "0." + std::string(100, '0') + "1";
+    EXPECT_FLOAT_EQ(XwkAtoF(many.c_str()), 0.0f);
+}
+
+TEST(Lists, GetEnv)
+{
+    char e1[] = "PATH=/bin", e2[] = "PA=x", e3[] = "EMPTY=";
+    char *env[] = {e1, e2, e3, nullptr};
+    EXPECT_STREQ(XwkGetEnv(env, "PA"), "x");
+    EXPECT_STREQ(XwkGetEnv(env, "PATH"), "/bin");
+    EXPECT_STREQ(XwkGetEnv(env, "EMPTY"), "");
+    EXPECT_EQ(XwkGetEnv(env, "P"), nullptr);
+    EXPECT_EQ(XwkGetEnv(env, ""), nullptr);
+    EXPECT_EQ(XwkGetEnv(nullptr, "PATH"), nullptr);
+    EXPECT_EQ(XwkGetEnv(env, nullptr), nullptr);
+}
+
+TEST(Lists, ExtractString)
+{
+    char text[] = "  a = 1 , junk, b=\"x, y\" ,c= \"q\",d=\\\"e,f=\"g";
+    char **keys, **values;
+    int n = XwkExtractString(text, &keys, &values);
+    ASSERT_EQ(n, 5);
+    EXPECT_STREQ(keys[0], "a");
+    EXPECT_STREQ(values[0], " 1");
+    EXPECT_STREQ(keys[1], "b");
+    EXPECT_STREQ(values[1], "x, y");
+    EXPECT_STREQ(keys[2], "c");
+    EXPECT_STREQ(values[2], " \"q\"");
+    EXPECT_STREQ(keys[3], "d");
+    EXPECT_STREQ(values[3], "\\\"e");
+    EXPECT_STREQ(keys[4], "f");
+    EXPECT_STREQ(values[4], "\"g");
+    EXPECT_GE(keys[0], text);
+    EXPECT_LT(keys[0], text + sizeof text);
+    XtFree(reinterpret_cast<char *>(keys));
+    XtFree(reinterpret_cast<char *>(values));
+
+    char none[] = "  , x ";
+    EXPECT_EQ(XwkExtractString(none, &keys, &values), 0);
+    EXPECT_EQ(keys, nullptr);
+    EXPECT_EQ(XwkExtractString(nullptr, &keys, &values), 0);
+    EXPECT_EQ(XwkExtractString(none, nullptr, &values), 0);
+}
+
+TEST(Lists, MergeStrings)
+{
+    char o1[] = "HOME=/h", o2[] = "PATHX=/x", o3[] = "TERM=vt";
+    char n1[] = "PATH=/p", n2[] = "TERM=xterm", n3[] = "NEW=1", n4[] = "NEW=2";
+    char *old[] = {o1, o2, o3, nullptr};
+    char *add[] = {n1, n2, n3, n4, nullptr};
+    char **m = XwkMergeStrings(old, add, '=');
+    ASSERT_NE(m, nullptr);
+    // "PATH" is compared over its own length, so it takes "PATHX=".
+    EXPECT_EQ(m[0], o1);
+    EXPECT_EQ(m[1], n1);
+    EXPECT_EQ(m[2], n2);
+    // Appended entries are not compared: both NEW stay.
+    EXPECT_EQ(m[3], n3);
+    EXPECT_EQ(m[4], n4);
+    EXPECT_EQ(m[5], nullptr);
+    XtFree(reinterpret_cast<char *>(m));
+
+    m = XwkMergeStrings(nullptr, add, '=');
+    EXPECT_EQ(m[0], n1);
+    EXPECT_EQ(m[4], nullptr);
+    XtFree(reinterpret_cast<char *>(m));
+    m = XwkMergeStrings(old, nullptr, '=');
+    EXPECT_EQ(m[2], o3);
+    EXPECT_EQ(m[3], nullptr);
+    XtFree(reinterpret_cast<char *>(m));
+    EXPECT_EQ(XwkMergeStrings(nullptr, nullptr, '='), nullptr);
+}
+
+TEST(Lists, ConvertStringToStringTable)
+{
+    int count = -1;
+    char **t = XwkConvertStringToStringTable("a:b\\:c::d:", ':', &count);
+    ASSERT_EQ(count, 3);
+    EXPECT_STREQ(t[0], "a");
+    EXPECT_STREQ(t[1], "b\\:c");
+    EXPECT_STREQ(t[2], "d");
+    EXPECT_EQ(t[3], nullptr);
+    for (int i = 0; i < count; i++) XtFree(t[i]);
+    XtFree(reinterpret_cast<char *>(t));
+
+    t = XwkConvertStringToStringTable(":::", ':', &count);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(t[0], nullptr);
+    XtFree(reinterpret_cast<char *>(t));
+    EXPECT_EQ(XwkConvertStringToStringTable(nullptr, ':', &count), nullptr);
+    EXPECT_EQ(count, 0);
+}
+
+}  // namespace
