@@ -114,6 +114,9 @@ static void settle(void)
 static int take_screenshot(const char *path)
 {
     char full[PATH_MAX];
+    Window root = DefaultRootWindow(xwkDisplay);
+    XSetWindowBackground(xwkDisplay, root, 0x5a6e82);
+    XClearWindow(xwkDisplay, root);
     settle();
     if (demo_write_png(xwkDisplay, DefaultRootWindow(xwkDisplay), path) != 0) {
         fprintf(stderr, "xwk-demo: cannot write %s\n", path);

@@ -275,7 +275,7 @@ void OpenDeskExt(XwkDeskRec *desk, const char *labels, int count)
     XtManageChild(desk->work);
     XtManageChild(frame);
 
-    Dimension min_width = 0;
+    int min_width = 0;  // WMShell keeps its size hints as int
     Boolean mapped = False;
     XtVaGetValues(shell, XtNminWidth, &min_width, XtNmappedWhenManaged, &mapped, NULL);
     if (mapped)
@@ -289,7 +289,7 @@ void OpenDeskExt(XwkDeskRec *desk, const char *labels, int count)
             XtRealizeWidget(shell);
     }
 
-    Dimension width = shell->core.width > min_width ? shell->core.width : min_width;
+    Dimension width = (Dimension)(shell->core.width > min_width ? shell->core.width : min_width);
     XtVaSetValues(desk->form, XtNwidth, width, NULL);
     XtVaSetValues(shell, XtNwidth, width, XtNmappedWhenManaged, mapped, NULL);
     if (mapped) {

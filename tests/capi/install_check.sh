@@ -4,10 +4,11 @@
 set -eu
 build=$1
 client=$2
+cflags=${3:-}
 prefix=$(mktemp -d)
 trap 'rm -rf "$prefix"' EXIT
 cmake --install "$build" --prefix "$prefix" >/dev/null
 export PKG_CONFIG_PATH="$prefix/lib/pkgconfig:$prefix/lib/x86_64-linux-gnu/pkgconfig"
 pkg-config --exists xwk
-cc -o "$prefix/client" "$client" $(pkg-config --cflags --libs xwk)
+cc $cflags -o "$prefix/client" "$client" $(pkg-config --cflags --libs xwk)
 LD_LIBRARY_PATH="$prefix/lib:$prefix/lib/x86_64-linux-gnu" "$prefix/client"
