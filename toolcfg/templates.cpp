@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -129,6 +130,12 @@ struct Expander {
     std::string_view file;
     std::string_view text;
     void *user;
+    // For each "(" of the current line, its closing ")" by counting
+    // parentheses, or the end of the line when there is none.
+    size_t line_start = 0;
+    std::vector<size_t> close_of;
+
+    void match_parentheses(size_t start, size_t end);
 
     char at(size_t i) const { return i < text.size() ? text[i] : '\0'; }
     bool starts(size_t i, std::string_view s) const { return text.substr(i).starts_with(s); }
@@ -136,6 +143,23 @@ struct Expander {
     bool call(const TemplateEntry *entry, size_t arg, size_t close, size_t line_end, int depth,
               std::string &out) const;
 };
+
+// Counting from a "(" to the ")" that brings the count back to zero finds
+// the same ")" as matching with a stack; one pass serves every call.
+void Expander::match_parentheses(size_t start, size_t end)
+{
+    line_start = start;
+    close_of.assign(end - start, end);
+    std::vector<size_t> open;
+    for (size_t i = start; i < end; i++) {
+        if (text[i] == '(') {
+            open.push_back(i);
+        } else if (text[i] == ')' && !open.empty()) {
+            close_of[open.back() - start] = i;
+            open.pop_back();
+        }
+    }
+}
 
 void append_cut(std::string &out, std::string_view s)
 {
@@ -155,20 +179,6 @@ const TemplateEntry *find_entry(const TemplateEntry *list, std::string_view name
         if (list->name && name == list->name)
             return list;
     return nullptr;
-}
-
-// The closing ")" of a call whose name ends at i, by counting parentheses;
-// the end of the line when there is none.
-size_t find_close(std::string_view text, size_t i, size_t line_end)
-{
-    int depth = 1;
-    for (; i < line_end; i++) {
-        if (text[i] == '(')
-            depth++;
-        else if (text[i] == ')' && --depth == 0)
-            return i;
-    }
-    return line_end;
 }
 
 bool Expander::call(const TemplateEntry *entry, size_t arg, size_t close, size_t line_end,
@@ -228,7 +238,7 @@ bool Expander::expand(size_t begin, size_t end, size_t line_end, int depth, std:
             size_t name_end = name;
             while (name_end < line_end && (is_letter_or_digit(text[name_end]) || text[name_end] == '_'))
                 name_end++;
-            size_t close = find_close(text, name_end, line_end);
+            size_t close = close_of[i + 1 - line_start];
             const TemplateEntry *entry = find_entry(list, text.substr(name, name_end - name));
             if (!entry) {
                 append_cut(out, text.substr(i, close - i));
@@ -292,7 +302,7 @@ void templ_free(TemplateEntry **list)
 
 int templ_expand(TemplateEntry *list, const char *file, const char *text, char **result, void *user)
 {
-    Expander ex{list, file ? file : "", text ? text : "", user};
+    Expander ex{list, file ? file : "", text ? text : "", user, 0, {}};
     std::string out;
     out.reserve(0x100A);
     size_t start = 0;
@@ -303,6 +313,7 @@ int templ_expand(TemplateEntry *list, const char *file, const char *text, char *
             end = ex.text.size();
         line++;
         std::string buf;
+        ex.match_parentheses(start, end);
         if (!ex.expand(start, end, end, 0, buf))
             return line;
         out += buf;
