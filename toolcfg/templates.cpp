@@ -134,6 +134,7 @@ struct Expander {
     // parentheses, or the end of the line when there is none.
     size_t line_start = 0;
     std::vector<size_t> close_of;
+    std::vector<size_t> open;
 
     void match_parentheses(size_t start, size_t end);
 
@@ -150,7 +151,7 @@ void Expander::match_parentheses(size_t start, size_t end)
 {
     line_start = start;
     close_of.assign(end - start, end);
-    std::vector<size_t> open;
+    open.clear();
     for (size_t i = start; i < end; i++) {
         if (text[i] == '(') {
             open.push_back(i);
@@ -302,8 +303,9 @@ void templ_free(TemplateEntry **list)
 
 int templ_expand(TemplateEntry *list, const char *file, const char *text, char **result, void *user)
 {
-    Expander ex{list, file ? file : "", text ? text : "", user, 0, {}};
+    Expander ex{list, file ? file : "", text ? text : "", user, 0, {}, {}};
     std::string out;
+    std::string buf;
     out.reserve(0x100A);
     size_t start = 0;
     int line = 0;
@@ -312,7 +314,7 @@ int templ_expand(TemplateEntry *list, const char *file, const char *text, char *
         if (end == std::string_view::npos)
             end = ex.text.size();
         line++;
-        std::string buf;
+        buf.clear();
         ex.match_parentheses(start, end);
         if (!ex.expand(start, end, end, 0, buf))
             return line;
