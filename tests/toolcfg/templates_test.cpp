@@ -1,0 +1,239 @@
+// Template expansion: file name forms, built-in and own macros, nesting,
+// unknown names, and failures by line number.
+#include <gtest/gtest.h>
+
+#include <Xwk/Frame.h>
+#include <Xwk/Text.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+struct Templates : ::testing::Test {
+    TemplateEntry *list = nullptr;
+
+    void SetUp() override { templ_init(&list); }
+    void TearDown() override { templ_free(&list); }
+
+    std::string Expand(const char *text, const char *file = "/src/dir/main.c", void *user = nullptr)
+    {
+        char *out = nullptr;
+        int rc = templ_expand(list, file, text, &out, user);
+        EXPECT_EQ(rc, 0) << text;
+        std::string s = out ? out : "<null>";
+        std::free(out);
+        return s;
+    }
+
+    int Fail(const char *text)
+    {
+        char *out = reinterpret_cast<char *>(&list);
+        int rc = templ_expand(list, "f", text, &out, nullptr);
+        EXPECT_EQ(out, reinterpret_cast<char *>(&list)) << "result set on failure";
+        return rc;
+    }
+};
+
+std::vector<std::string> seen;
+
+char *Record(const char *arg, void *)
+{
+    seen.push_back(arg);
+    return strdup("<>");
+}
+
+char *Null(const char *, void *)
+{
+    return nullptr;
+}
+
+char *Long(const char *arg, void *)
+{
+    return strdup(std::string(std::strtoul(arg, nullptr, 10), 'x').c_str());
+}
+
+char *UserValue(const char *, void *user)
+{
+    return strdup(static_cast<const char *>(user));
+}
+
+std::string Now(const char *format)
+{
+    char buf[100];
+    std::time_t t = std::time(nullptr);
+    std::strftime(buf, sizeof buf, format, std::localtime(&t));
+    return buf;
+}
+
+TEST_F(Templates, InitAddsTheTenBuiltInsAndFreeClears)
+{
+    std::vector<std::pair<std::string, std::string>> entries;
+    for (TemplateEntry *e = list; e; e = e->next)
+        entries.insert(entries.begin(), {e->name, e->description});
+    std::vector<std::pair<std::string, std::string>> expected = {
+        {"USER", "Username"}, {"HOST", "Hostname"}, {"DATE", "Current date"},
+        {"TIME", "Current time"}, {"upper", "Uppecase string"}, {"lower", "Lowercase string"},
+        {"capitalize", "Capitalize string"}, {"identifier", "Cast to identifier"},
+        {"basename", "Basename of the file"}, {"suffix", "Suffix of the file"}};
+    EXPECT_EQ(entries, expected);
+    templ_free(&list);
+    EXPECT_EQ(list, nullptr);
+}
+
+TEST_F(Templates, FileNameForms)
+{
+    EXPECT_EQ(Expand("$@"), "/src/dir/main.c");
+    EXPECT_EQ(Expand("[$(@D)] [$(@F)]"), "[/src/dir] [main.c]");
+    EXPECT_EQ(Expand("$(@D)|$(@F)|", "plain.c"), "|plain.c|");
+    EXPECT_EQ(Expand("$(@D)", "/top"), "");
+    // The character behind the ")" is copied without being looked at.
+    EXPECT_EQ(Expand("$(@F)$@"), "main.c$@");
+    EXPECT_EQ(Expand("$(@F)$(upper x)"), "main.c$(upper x)");
+    EXPECT_EQ(Expand("$(@F)"), "main.c");
+}
+
+TEST_F(Templates, FileNameFormAtLineEndDoublesTheNewline)
+{
+    EXPECT_EQ(Expand("a $(@F)\nb"), "a main.c\n\nb");
+    EXPECT_EQ(Expand("$(@D)\n"), "/src/dir\n\n");
+    EXPECT_EQ(Expand("$@\nb"), "/src/dir/main.c\nb");
+}
+
+TEST_F(Templates, DollarBeforeAnythingElseStaysWithItsCharacter)
+{
+    EXPECT_EQ(Expand("$$@ $x $$(upper a) $(1x) $( upper)"), "$$@ $x $$(upper a) $(1x) $( upper)");
+    EXPECT_EQ(Expand("end $"), "end $");
+    EXPECT_EQ(Expand("$\nx"), "$\n\nx");
+}
+
+TEST_F(Templates, StringBuiltIns)
+{
+    EXPECT_EQ(Expand("$(upper Hello, World 1)"), "HELLO, WORLD 1");
+    EXPECT_EQ(Expand("$(lower Hello, World)"), "hello, world");
+    EXPECT_EQ(Expand("$(capitalize hello world)"), "Hello world");
+    EXPECT_EQ(Expand("$(identifier 9lives-of.a cat)"), "_lives_of_a_cat");
+    EXPECT_EQ(Expand("$(identifier abc_12)"), "abc_12");
+    EXPECT_EQ(Expand("$(basename dir.v2/file)"), "dir");
+    EXPECT_EQ(Expand("$(basename $(@F))"), "main");
+    EXPECT_EQ(Expand("$(basename README)"), "README");
+    EXPECT_EQ(Expand("$(suffix a.tar.gz)"), "gz");
+    EXPECT_EQ(Expand("[$(suffix README)]"), "[]");
+}
+
+TEST_F(Templates, EnvironmentBuiltIns)
+{
+    char *saved = xwkUSER;
+    xwkUSER = const_cast<char *>("alice");
+    EXPECT_EQ(Expand("$(USER) $(upper $(USER))"), "alice ALICE");
+    xwkUSER = nullptr;
+    EXPECT_EQ(Expand("[$(USER)]"), "[]");
+    xwkUSER = saved;
+
+    char host[100] = "";
+    gethostname(host, sizeof host);
+    host[99] = '\0';
+    EXPECT_EQ(Expand("$(HOST)"), host);
+
+    // Either side of a minute boundary is right.
+    std::string before = Now("%d %B %Y|%H:%M");
+    std::string got = Expand("$(DATE)|$(TIME)");
+    std::string after = Now("%d %B %Y|%H:%M");
+    EXPECT_TRUE(got == before || got == after) << got;
+}
+
+TEST_F(Templates, ArgumentsNestAndSkipLeadingBlanks)
+{
+    templ_add(&list, "rec", "records its argument", Record);
+    seen.clear();
+    EXPECT_EQ(Expand("$(rec)$(rec   )$(rec \t a (b) c )$(rec $(upper x)y)"), "<><><><>");
+    EXPECT_EQ(seen, (std::vector<std::string>{"", "", "a (b) c ", "Xy"}));
+    EXPECT_EQ(Expand("$(upper $(lower $(capitalize ABC)))"), "ABC");
+    EXPECT_EQ(Expand("$(upper)"), "");
+}
+
+TEST_F(Templates, MissingCloseEndsTheCallAtTheLineEnd)
+{
+    EXPECT_EQ(Expand("$(upper abc\n$(upper def"), "ABC\nDEF");
+    EXPECT_EQ(Expand("x $(nosuch abc\ny"), "x $(nosuch abc\ny");
+}
+
+// Inside an argument the copied character is the ")" closing the call.
+TEST_F(Templates, FileNameFormAtTheEndOfAnArgument)
+{
+    EXPECT_EQ(Expand("$(upper $(@F))!"), "MAIN.C)!");
+}
+
+TEST_F(Templates, UnknownNamesStayAsTheyStand)
+{
+    EXPECT_EQ(Expand("$(nosuch x) $(nosuch $(upper y)) $(Upper z)"),
+              "$(nosuch x) $(nosuch $(upper y)) $(Upper z)");
+    TemplateEntry *empty = nullptr;
+    std::swap(list, empty);
+    EXPECT_EQ(Expand("$(upper x) $@ $(@D) $(@F)", "a/b"), "$(upper x) a/b a b");
+    std::swap(list, empty);
+}
+
+TEST_F(Templates, LaterEntryHidesEarlierAndGetsTheUserValue)
+{
+    templ_add(&list, "upper", "own", UserValue);
+    char value[] = "mine";
+    EXPECT_EQ(Expand("$(upper x)", "f", value), "mine");
+    EXPECT_EQ(list->description, std::string("own"));
+}
+
+TEST_F(Templates, NullFromAMacroFailsItsLine)
+{
+    templ_add(&list, "null", "fails", Null);
+    EXPECT_EQ(Fail("$(null)"), 1);
+    EXPECT_EQ(Fail("one\ntwo\n  $(upper $(null)) three\nfour"), 3);
+    EXPECT_EQ(Expand("$(nosuch $(null))"), "$(nosuch $(null))");
+}
+
+TEST_F(Templates, ResultsAreBoundTo4095CharactersALine)
+{
+    templ_add(&list, "long", "long text", Long);
+    EXPECT_EQ(Expand("$(long 4095)").size(), 4095u);
+    EXPECT_EQ(Fail("$(long 4096)"), 1);
+    EXPECT_EQ(Fail("ok\nx$(long 4095)"), 2);
+    EXPECT_EQ(Fail("$(long 2000)$(long 2000)$(long 96)"), 1);
+    EXPECT_EQ(Fail("$(upper $(long 4096))"), 1);
+    EXPECT_EQ(Expand("$(long 4000)\n$(long 4000)").size(), 8001u);
+    // Plain text past the bound is cut, not a failure.
+    std::string plain(5000, 'p');
+    EXPECT_EQ(Expand(plain.c_str()), std::string(4095, 'p'));
+}
+
+TEST_F(Templates, EmptyTextAndLineEnds)
+{
+    EXPECT_EQ(Expand(""), "");
+    EXPECT_EQ(Expand("\n\n"), "\n\n");
+    EXPECT_EQ(Expand("a\n"), "a\n");
+}
+
+TEST_F(Templates, TemplateFileExpandsToTheExpectedSource)
+{
+    char dir[] = "/tmp/xwk-templ-XXXXXX";
+    ASSERT_TRUE(mkdtemp(dir));
+    std::string path = std::string(dir) + "/header.tpl";
+    {
+        std::ofstream f(path);
+        f << "/* $(@F) */\n#ifndef $(upper $(identifier $(basename $(@F))))_H\n"
+             "#define $(upper $(identifier $(basename $(@F))))_H\n#endif /* $(suffix $@) */\n";
+    }
+    std::ifstream f(path);
+    std::stringstream text;
+    text << f.rdbuf();
+    EXPECT_EQ(Expand(text.str().c_str(), "src/io-util.h"),
+              "/* io-util.h */\n#ifndef IO_UTIL_H\n#define IO_UTIL_H\n#endif /* h */\n");
+    unlink(path.c_str());
+    rmdir(dir);
+}
+
+} // namespace
