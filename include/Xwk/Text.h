@@ -87,8 +87,12 @@ int md5_convert_to_digest(const char *hex, void *digest);
 /* ---- CRC-32 ------------------------------------------------------------ */
 
 /* Polynomial 0x04C11DB7, most significant bit first, start 0, no final
- * inversion. */
-uint32_t crc32(const void *buffer, size_t length);
+ * inversion.
+ * The binary symbol is "XwkCrc32": zlib exports a crc32 of its own, which
+ * libpng and zlib itself call, and a library-wide "crc32" would take their
+ * calls over in every process that loads both.  Callers write crc32() as
+ * usual; a source file that also includes <zlib.h> cannot see both. */
+uint32_t crc32(const void *buffer, size_t length) __asm__("XwkCrc32");
 /* The same polynomial reflected (0xEDB88320), least significant bit first,
  * start 0, no final inversion. */
 uint32_t crc32b(const void *buffer, size_t length);

@@ -3,6 +3,8 @@
 #include <Xwk/Text.h>
 #include <gtest/gtest.h>
 
+#include <dlfcn.h>
+
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -200,3 +202,16 @@ TEST(Crc32, LongBuffersAtEveryAlignment)
 }
 
 } // namespace
+
+// zlib has a crc32 of its own that libpng and zlib itself call through the
+// global scope: the library must not offer a symbol of that name.
+TEST(Crc32, LeavesZlibsSymbolAlone)
+{
+    void *found = dlsym(RTLD_DEFAULT, "crc32");
+    if (found) {
+        Dl_info info = {};
+        ASSERT_TRUE(dladdr(found, &info));
+        EXPECT_EQ(std::strstr(info.dli_fname, "libXwk"), nullptr) << info.dli_fname;
+    }
+    EXPECT_EQ(crc32("123456789", 9), ~0x765E7680u);
+}
