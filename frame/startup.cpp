@@ -57,37 +57,37 @@ Status alloc_color_through_find_color(Display *display, Colormap colormap, XColo
     return XwkFindColor(display, colormap, color) ? 1 : 0;
 }
 
-struct DragIconSpec {
+struct DragIconData {
     const char *name;
     int hot_x, hot_y;
     unsigned char bits[32];
     unsigned char mask[32];
 };
 
-const DragIconSpec kInvalidIcon = {
+const DragIconData kInvalidIcon = {
     "invalidDragIcon", 0, 0,
     {0x1f, 0xfc, 0xe7, 0xf3, 0xfb, 0xef, 0x1d, 0xdc, 0xed, 0xde, 0x76, 0xb7, 0xb6, 0xb3, 0xd6, 0xb5,
      0xe6, 0xb6, 0x76, 0xb7, 0xbd, 0xdb, 0x1d, 0xdc, 0xfb, 0xef, 0xe7, 0xf3, 0x1f, 0xfc, 0xff, 0xff},
     {0xe0, 0x03, 0xf8, 0x0f, 0xfc, 0x1f, 0xfe, 0x3f, 0x1e, 0x3f, 0x8f, 0x7f, 0xcf, 0x7f, 0xef, 0x7b,
      0xff, 0x79, 0xff, 0x78, 0x7e, 0x3c, 0xfe, 0x3f, 0xfc, 0x1f, 0xf8, 0x0f, 0xe0, 0x03, 0x00, 0x00}};
 
-const DragIconSpec kValidIcon = {
+const DragIconData kValidIcon = {
     "validDragIcon", 1, 1,
     {0xfc, 0xff, 0xfa, 0xff, 0xf6, 0xff, 0xee, 0xff, 0xde, 0xff, 0xbe, 0xff, 0x7e, 0xff, 0xfe, 0xfe,
      0xfe, 0xfd, 0x3e, 0xfc, 0xb6, 0xff, 0x6a, 0xff, 0x6c, 0xff, 0xdf, 0xfe, 0xdf, 0xfe, 0x3f, 0xfe},
     {0x03, 0x00, 0x07, 0x00, 0x0f, 0x00, 0x1f, 0x00, 0x3f, 0x00, 0x7f, 0x00, 0xff, 0x00, 0xff, 0x01,
      0xff, 0x03, 0xff, 0x03, 0x7f, 0x00, 0xf7, 0x00, 0xf3, 0x00, 0xe0, 0x01, 0xe0, 0x01, 0xc0, 0x01}};
 
-Widget create_drag_icon(Widget xm_screen, const DragIconSpec &spec)
+Widget create_drag_icon(Widget xm_screen, const DragIconData &icon)
 {
     Display *dpy = XtDisplay(xm_screen);
     Window root = RootWindowOfScreen(XtScreen(xm_screen));
-    Pixmap bits = XCreateBitmapFromData(dpy, root, (const char *)spec.bits, 16, 16);
-    Pixmap mask = XCreateBitmapFromData(dpy, root, (const char *)spec.mask, 16, 16);
+    Pixmap bits = XCreateBitmapFromData(dpy, root, (const char *)icon.bits, 16, 16);
+    Pixmap mask = XCreateBitmapFromData(dpy, root, (const char *)icon.mask, 16, 16);
     Arg args[9];
     Cardinal n = 0;
-    XtSetArg(args[n], XmNhotX, spec.hot_x); n++;
-    XtSetArg(args[n], XmNhotY, spec.hot_y); n++;
+    XtSetArg(args[n], XmNhotX, icon.hot_x); n++;
+    XtSetArg(args[n], XmNhotY, icon.hot_y); n++;
     XtSetArg(args[n], XmNwidth, 16); n++;
     XtSetArg(args[n], XmNheight, 16); n++;
     XtSetArg(args[n], XmNdepth, 1); n++;
@@ -95,7 +95,7 @@ Widget create_drag_icon(Widget xm_screen, const DragIconSpec &spec)
     XtSetArg(args[n], XmNmask, mask); n++;
     XtSetArg(args[n], XmNoffsetX, -8); n++;
     XtSetArg(args[n], XmNoffsetY, -8); n++;
-    return XmCreateDragIcon(xm_screen, (char *)spec.name, args, n);
+    return XmCreateDragIcon(xm_screen, (char *)icon.name, args, n);
 }
 
 Widget create_source_icon(Widget xm_screen)
