@@ -28,131 +28,131 @@ struct _XwkIcon;
 
 /* ---- Resource names ------------------------------------------------------ */
 
-#define XmNmother "mother"
-#define XmCMather "Mather"
-#define XmNclones "clones"
-#define XmCClones "Clones"
-#define XmNnumClones "numClones"
-#define XmCNumClones "NumClones"
-#define XmNactiveBackground "activeBackground"
-#define XmCActiveBackground "ActiveBackground"
-#define XmNactiveForeground "activeForeground"
-#define XmCActiveForeground "ActiveForeground"
-#define XmNinactiveBackground "inactiveBackground"
-#define XmCInactiveBackground "InactiveBackground"
-#define XmNinactiveForeground "inactiveForeground"
-#define XmCInactiveForeground "InactiveForeground"
-#define XmNtreeTrunkColor "treeTrunkColor"
-#define XmCTreeTrunkColor "TreeTrunkColor"
-#define XmNgridColor "gridColor"
-#define XmCGridColor "GridColor"
-#define XmNselectionChanged "selectionChanged"
-#define XmNstartDragCallback "startDragCallback"
-#define XmNdeleteCallback "deleteCallback"
-#define XmNinsertCallback "insertCallback"
-#define XmNcanSlam "canSlam"
-#define XmCCanSlam "CanSlam"
-#define XmNuseDashLine "useDashLine"
-#define XmCUseDashLine "UseDashLine"
-#define XmNclosedStateIcon "closedStateIcon"
-#define XmCClosedStateIcon "ClosedStateIcon"
-#define XmNdontMove "dontMove"
-#define XmCDontMove "DontMove"
-#define XmNclearOnUpdate "clearOnUpdate"
-#define XmCClearOnUpdate "ClearOnUpdate"
-#define XmNfruitlessStateIcon "fruitlessStateIcon"
-#define XmCFruitlessStateIcon "FruitlessStateIcon"
-#define XmNhIconPad "hIconPad"
-#define XmNhPad "hPad"
-#define XmNrowHeight "rowHeight"
-#define XmCRowHeight "RowHeight"
-#define XmNrowWidth "rowWidth"
-#define XmCRowWidth "RowWidth"
+#define XmNmother ((char *)"mother")
+#define XmCMather ((char *)"Mather")
+#define XmNclones ((char *)"clones")
+#define XmCClones ((char *)"Clones")
+#define XmNnumClones ((char *)"numClones")
+#define XmCNumClones ((char *)"NumClones")
+#define XmNactiveBackground ((char *)"activeBackground")
+#define XmCActiveBackground ((char *)"ActiveBackground")
+#define XmNactiveForeground ((char *)"activeForeground")
+#define XmCActiveForeground ((char *)"ActiveForeground")
+#define XmNinactiveBackground ((char *)"inactiveBackground")
+#define XmCInactiveBackground ((char *)"InactiveBackground")
+#define XmNinactiveForeground ((char *)"inactiveForeground")
+#define XmCInactiveForeground ((char *)"InactiveForeground")
+#define XmNtreeTrunkColor ((char *)"treeTrunkColor")
+#define XmCTreeTrunkColor ((char *)"TreeTrunkColor")
+#define XmNgridColor ((char *)"gridColor")
+#define XmCGridColor ((char *)"GridColor")
+#define XmNselectionChanged ((char *)"selectionChanged")
+#define XmNstartDragCallback ((char *)"startDragCallback")
+#define XmNdeleteCallback ((char *)"deleteCallback")
+#define XmNinsertCallback ((char *)"insertCallback")
+#define XmNcanSlam ((char *)"canSlam")
+#define XmCCanSlam ((char *)"CanSlam")
+#define XmNuseDashLine ((char *)"useDashLine")
+#define XmCUseDashLine ((char *)"UseDashLine")
+#define XmNclosedStateIcon ((char *)"closedStateIcon")
+#define XmCClosedStateIcon ((char *)"ClosedStateIcon")
+#define XmNdontMove ((char *)"dontMove")
+#define XmCDontMove ((char *)"DontMove")
+#define XmNclearOnUpdate ((char *)"clearOnUpdate")
+#define XmCClearOnUpdate ((char *)"ClearOnUpdate")
+#define XmNfruitlessStateIcon ((char *)"fruitlessStateIcon")
+#define XmCFruitlessStateIcon ((char *)"FruitlessStateIcon")
+#define XmNhIconPad ((char *)"hIconPad")
+#define XmNhPad ((char *)"hPad")
+#define XmNrowHeight ((char *)"rowHeight")
+#define XmCRowHeight ((char *)"RowHeight")
+#define XmNrowWidth ((char *)"rowWidth")
+#define XmCRowWidth ((char *)"RowWidth")
 #ifndef XmNmenuWidget
-#define XmNmenuWidget "menuWidget"
+#define XmNmenuWidget ((char *)"menuWidget")
 #endif
 #ifndef XmCMenuWidget
-#define XmCMenuWidget "MenuWidget"
+#define XmCMenuWidget ((char *)"MenuWidget")
 #endif
-#define XmNopenStateIcon "openStateIcon"
-#define XmCOpenStateIcon "OpenStateIcon"
-#define XmNselected "selected"
-#define XmCSelected "Selected"
-#define XmNselectedIcon "selectedIcon"
-#define XmCSelectedIcon "SelectedIcon"
-#define XmNslamPolicy "slamPolicy"
-#define XmCSlamPolicy "SlamPolicy"
-#define XmNvisualMode "visualMode"
-#define XmCVisualMode "VisualMode"
-#define XmNsashCursor "sashCursor"
-#define XmCSashCursor "SashCursor"
-#define XmNdelimeter "delimeter"
-#define XmCDelimeter "Delimeter"
-#define XmNtitleWidget "titleWidget"
-#define XmCTitleWidget "TitleWidget"
-#define XmNtitleHeight "titleHeight"
-#define XmCTitleHeight "TitleHeight"
-#define XmNtitleBackground "titleBackground"
-#define XmCTitleBackground "TitleBackground"
-#define XmNtitleForeground "titleForeground"
-#define XmCTitleForeground "TitleForeground"
-#define XmNtitleMargin "titleMargin"
-#define XmCTitleMargin "TitleMargin"
-#define XmNtitleFontList "titleFontList"
-#define XmCTitleFontList "TitleFontList"
-#define XmNtitleItemAlignment "titleItemAlignment"
-#define XmCTitleItemAlignment "TitleItemAlignment"
-#define XmNtitleItemType "titleItemType"
-#define XmCTitleItemType "TitleItemType"
-#define XmNlayoutString "layoutString"
-#define XmCLayoutString "LayoutString"
-#define XmNtitleDragIcon "titleDragIcon"
-#define XmCTitleDragIcon "TitleDragIcon"
-#define XmNdefaultCharSet "defaultCharSet"
-#define XmCDefaultCharSet "DefaultCharSet"
-#define XmNselectCharSet "selectCharSet"
-#define XmCSelectCharSet "SelectCharSet"
-#define XmNtreeMarginWidth "treeMarginWidth"
-#define XmCTreeMarginWidth "TreeMarginWidth"
-#define XmNtreeMarginHeight "treeMarginHeight"
-#define XmCTreeMarginHeight "TreeMarginHeight"
-#define XmNtreeTrunkDrawing "treeTrunkDrawing"
-#define XmCTreeTrunkDrawing "TreeTrunkDrawing"
-#define XmNvFontPad "vFontPad"
-#define XmNvisibleLines "visibleLines"
-#define XmCVisibleLines "VisibleLines"
-#define XmNvPad "vPad"
-#define XmNcreateIconProc "createIconProc"
-#define XmCCreateIconProc "CreateIconProc"
-#define XmNsortProc "sortProc"
-#define XmCSortProc "SortProc"
-#define XmNuseSort "useSort"
-#define XmCUseSort "UseSort"
-#define XmNuseAverageColumnWidth "useAverageColumnWidth"
-#define XmCUseAverageColumnWidth "UseAverageColumnWidth"
-#define XmNuseTitleScrolling "useTitleScrolling"
-#define XmCUseTitleScrolling "UseTitleScrolling"
-#define XmNsortColumn "sortColumn"
-#define XmCSortColumn "SortColumn"
-#define XmNsortDirection "sortDirection"
-#define XmCSortDirection "SortDirection"
-#define XmNshowGrid "showGrid"
-#define XmCShowGrid "ShowGrid"
-#define XmNcellTextField "cellTextField"
-#define XmCCellTextField "CellTextField"
-#define XmNcellComboBox "cellComboBox"
-#define XmCCellComboBox "CellComboBox"
-#define XmNcellPushButton "cellPushButton"
-#define XmCCellPushButton "CellPushButton"
-#define XmNcellActive "cellActive"
-#define XmCCellActive "CellActive"
-#define XmNcellNodeId "cellNodeId"
-#define XmCCellNodeId "CellNodeId"
-#define XmNcellColumn "cellColumn"
-#define XmCCellColumn "CellColumn"
-#define XmNcurrentNodeId "currentNodeId"
-#define XmCCurrentNodeId "CurrentNodeId"
-#define XmNcellManageCallback "cellManageCallback"
+#define XmNopenStateIcon ((char *)"openStateIcon")
+#define XmCOpenStateIcon ((char *)"OpenStateIcon")
+#define XmNselected ((char *)"selected")
+#define XmCSelected ((char *)"Selected")
+#define XmNselectedIcon ((char *)"selectedIcon")
+#define XmCSelectedIcon ((char *)"SelectedIcon")
+#define XmNslamPolicy ((char *)"slamPolicy")
+#define XmCSlamPolicy ((char *)"SlamPolicy")
+#define XmNvisualMode ((char *)"visualMode")
+#define XmCVisualMode ((char *)"VisualMode")
+#define XmNsashCursor ((char *)"sashCursor")
+#define XmCSashCursor ((char *)"SashCursor")
+#define XmNdelimeter ((char *)"delimeter")
+#define XmCDelimeter ((char *)"Delimeter")
+#define XmNtitleWidget ((char *)"titleWidget")
+#define XmCTitleWidget ((char *)"TitleWidget")
+#define XmNtitleHeight ((char *)"titleHeight")
+#define XmCTitleHeight ((char *)"TitleHeight")
+#define XmNtitleBackground ((char *)"titleBackground")
+#define XmCTitleBackground ((char *)"TitleBackground")
+#define XmNtitleForeground ((char *)"titleForeground")
+#define XmCTitleForeground ((char *)"TitleForeground")
+#define XmNtitleMargin ((char *)"titleMargin")
+#define XmCTitleMargin ((char *)"TitleMargin")
+#define XmNtitleFontList ((char *)"titleFontList")
+#define XmCTitleFontList ((char *)"TitleFontList")
+#define XmNtitleItemAlignment ((char *)"titleItemAlignment")
+#define XmCTitleItemAlignment ((char *)"TitleItemAlignment")
+#define XmNtitleItemType ((char *)"titleItemType")
+#define XmCTitleItemType ((char *)"TitleItemType")
+#define XmNlayoutString ((char *)"layoutString")
+#define XmCLayoutString ((char *)"LayoutString")
+#define XmNtitleDragIcon ((char *)"titleDragIcon")
+#define XmCTitleDragIcon ((char *)"TitleDragIcon")
+#define XmNdefaultCharSet ((char *)"defaultCharSet")
+#define XmCDefaultCharSet ((char *)"DefaultCharSet")
+#define XmNselectCharSet ((char *)"selectCharSet")
+#define XmCSelectCharSet ((char *)"SelectCharSet")
+#define XmNtreeMarginWidth ((char *)"treeMarginWidth")
+#define XmCTreeMarginWidth ((char *)"TreeMarginWidth")
+#define XmNtreeMarginHeight ((char *)"treeMarginHeight")
+#define XmCTreeMarginHeight ((char *)"TreeMarginHeight")
+#define XmNtreeTrunkDrawing ((char *)"treeTrunkDrawing")
+#define XmCTreeTrunkDrawing ((char *)"TreeTrunkDrawing")
+#define XmNvFontPad ((char *)"vFontPad")
+#define XmNvisibleLines ((char *)"visibleLines")
+#define XmCVisibleLines ((char *)"VisibleLines")
+#define XmNvPad ((char *)"vPad")
+#define XmNcreateIconProc ((char *)"createIconProc")
+#define XmCCreateIconProc ((char *)"CreateIconProc")
+#define XmNsortProc ((char *)"sortProc")
+#define XmCSortProc ((char *)"SortProc")
+#define XmNuseSort ((char *)"useSort")
+#define XmCUseSort ((char *)"UseSort")
+#define XmNuseAverageColumnWidth ((char *)"useAverageColumnWidth")
+#define XmCUseAverageColumnWidth ((char *)"UseAverageColumnWidth")
+#define XmNuseTitleScrolling ((char *)"useTitleScrolling")
+#define XmCUseTitleScrolling ((char *)"UseTitleScrolling")
+#define XmNsortColumn ((char *)"sortColumn")
+#define XmCSortColumn ((char *)"SortColumn")
+#define XmNsortDirection ((char *)"sortDirection")
+#define XmCSortDirection ((char *)"SortDirection")
+#define XmNshowGrid ((char *)"showGrid")
+#define XmCShowGrid ((char *)"ShowGrid")
+#define XmNcellTextField ((char *)"cellTextField")
+#define XmCCellTextField ((char *)"CellTextField")
+#define XmNcellComboBox ((char *)"cellComboBox")
+#define XmCCellComboBox ((char *)"CellComboBox")
+#define XmNcellPushButton ((char *)"cellPushButton")
+#define XmCCellPushButton ((char *)"CellPushButton")
+#define XmNcellActive ((char *)"cellActive")
+#define XmCCellActive ((char *)"CellActive")
+#define XmNcellNodeId ((char *)"cellNodeId")
+#define XmCCellNodeId ((char *)"CellNodeId")
+#define XmNcellColumn ((char *)"cellColumn")
+#define XmCCellColumn ((char *)"CellColumn")
+#define XmNcurrentNodeId ((char *)"currentNodeId")
+#define XmCCurrentNodeId ((char *)"CurrentNodeId")
+#define XmNcellManageCallback ((char *)"cellManageCallback")
 
 /* ---- Enumerations -------------------------------------------------------- */
 
