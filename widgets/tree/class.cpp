@@ -4,6 +4,7 @@
 #include "frame/XmPrivate.h"
 
 #include <Xm/XmP.h>
+#include <Xm/BaseClassP.h>
 #include <Xm/DrawingAP.h>
 #include <Xm/PushB.h>
 #include <Xm/RepType.h>
@@ -198,8 +199,47 @@ XmSyntheticResource syn_resources[] = {
     SYN(XmNcellPushButton, cellPushButton, GetPushButton),
 };
 
+// The list takes the keyboard focus itself, as a primitive would.
+XmNavigability WidgetNavigable(Widget w)
+{
+    auto *mgr = (XmManagerWidget)w;
+    if (!XtIsSensitive(w) || !mgr->manager.traversal_on)
+        return XmNOT_NAVIGABLE;
+    XmNavigationType nav = mgr->manager.navigation_type;
+    if (nav == XmSTICKY_TAB_GROUP || nav == XmEXCLUSIVE_TAB_GROUP || nav == XmTAB_GROUP)
+        return XmTAB_NAVIGABLE;
+    return XmCONTROL_NAVIGABLE;
+}
+
+XmBaseClassExtRec base_class_extension = {
+    nullptr,
+    NULLQUARK,
+    XmBaseClassExtVersion,
+    sizeof(XmBaseClassExtRec),
+    XmInheritInitializePrehook,
+    XmInheritSetValuesPrehook,
+    XmInheritInitializePosthook,
+    XmInheritSetValuesPosthook,
+    XmInheritClass,
+    XmInheritSecObjectCreate,
+    XmInheritGetSecResData,
+    {0},
+    XmInheritGetValuesPrehook,
+    XmInheritGetValuesPosthook,
+    XmInheritClassPartInitPrehook,
+    XmInheritClassPartInitPosthook,
+    nullptr,
+    nullptr,
+    0,
+    False,
+    WidgetNavigable,
+    XmInheritFocusChange,
+    nullptr,
+};
+
 void ClassInitialize()
 {
+    base_class_extension.record_type = XmQmotif;
     static const char *slam_policy[] = {"slam_default", "slam_per_row"};
     static const char *slam_state[] = {"slam_open", "slam_close", "slam_undefined", "slam_none"};
     static const char *visual_mode[] = {"simple_list", "table_list", "spreadsheet"};
@@ -655,7 +695,7 @@ XmPrjTreeClassRec xmPrjTreeClassRec = {
         /* tm_table */ (String)xwk::tree::default_translations,
         /* query_geometry */ QueryGeometry,
         /* display_accelerator */ XtInheritDisplayAccelerator,
-        /* extension */ nullptr,
+        /* extension */ (XtPointer)&base_class_extension,
     },
     {
         /* geometry_manager */ nullptr,
@@ -674,7 +714,7 @@ XmPrjTreeClassRec xmPrjTreeClassRec = {
         /* extension */ nullptr,
     },
     {
-        /* translations */ XtInheritTranslations,
+        /* translations */ nullptr,
         /* syn_resources */ syn_resources,
         /* num_syn_resources */ XtNumber(syn_resources),
         /* syn_constraint_resources */ nullptr,

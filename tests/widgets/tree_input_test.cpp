@@ -1,0 +1,302 @@
+// The tree list driven by real input: clicks, double clicks, Ctrl and
+// Shift gestures, keys, the slam keys and the wheel, with the callbacks
+// they raise.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/PrjTreeP.h>
+#include <Xm/XmP.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+struct Call {
+    std::string list;
+    XmPrjTreeCallbackStruct data;
+};
+std::vector<Call> calls;
+
+void Record(Widget, XtPointer closure, XtPointer call)
+{
+    calls.push_back({(const char *)closure, *(XmPrjTreeCallbackStruct *)call});
+}
+
+int Count(const std::string &list)
+{
+    int n = 0;
+    for (auto &c : calls)
+        n += c.list == list;
+    return n;
+}
+
+const Call *Last(const std::string &list)
+{
+    for (auto it = calls.rbegin(); it != calls.rend(); ++it)
+        if (it->list == list)
+            return &*it;
+    return nullptr;
+}
+
+XmPrjTreePart &Part(Widget w)
+{
+    return ((XmPrjTreeWidget)w)->tree;
+}
+
+struct Live {
+    Widget shell, tree;
+    std::vector<XmPrjTreeNode> rows;
+    Live(bool slam, unsigned char policy = XmSINGLE_SELECT, int n = 40)
+    {
+        Widget app = xwktest::StartApp();
+        shell = XtVaCreatePopupShell("input", topLevelShellWidgetClass, app, XmNwidth, 260,
+                                     XmNheight, 220, NULL);
+        Arg args[2];
+        XtSetArg(args[0], XmNcanSlam, slam);
+        XtSetArg(args[1], XmNselectionPolicy, policy);
+        tree = XmCreateScrolledTreeList(shell, (String) "list", args, 2);
+        for (const char *name : {"activateCallback", "selectionChanged", "defaultActionCallback",
+                                 "multipleSelectionCallback", "focusCallback"})
+            XtAddCallback(tree, name, Record, (XtPointer)name);
+        for (int i = 0; i < n; i++) {
+            char label[32];
+            snprintf(label, sizeof label, "row %d", i);
+            rows.push_back(XmPrjTreeAddItem(tree, nullptr, label, nullptr, (XtPointer)(long)(i + 1),
+                                            XmSLAM_CLOSE, nullptr, nullptr, nullptr));
+        }
+        XtManageChild(tree);
+        XtPopup(shell, XtGrabNone);
+        EXPECT_TRUE(xwktest::WaitViewable(tree));
+        xwktest::Pump(200);
+        calls.clear();
+    }
+    ~Live()
+    {
+        XtDestroyWidget(shell);
+        xwktest::Settle();
+    }
+    int RowMiddle(int row)
+    {
+        XmPrjTreePart &t = Part(tree);
+        Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
+        return t.treeMarginHeight + shadow + (row - t.topRow) * t.rowHeight + t.rowHeight / 2;
+    }
+    void ClickRow(int row, unsigned mods = 0, int x = 60)
+    {
+        Display *dpy = XtDisplay(tree);
+        KeyCode ctrl = XKeysymToKeycode(dpy, XK_Control_L), shift = XKeysymToKeycode(dpy, XK_Shift_L);
+        if (mods & ControlMask)
+            XTestFakeKeyEvent(dpy, ctrl, True, CurrentTime);
+        if (mods & ShiftMask)
+            XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
+        xwktest::Click(tree, x, RowMiddle(row));
+        if (mods & ShiftMask)
+            XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
+        if (mods & ControlMask)
+            XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
+        xwktest::Pump(80);
+    }
+    void Key(KeySym sym, unsigned mods = 0)
+    {
+        xwktest::PressKey(XtDisplay(tree), sym, mods);
+        xwktest::Pump(80);
+    }
+    void Wheel(unsigned button)
+    {
+        Display *dpy = XtDisplay(tree);
+        XTestFakeButtonEvent(dpy, button, True, CurrentTime);
+        XTestFakeButtonEvent(dpy, button, False, CurrentTime);
+        XSync(dpy, False);
+        xwktest::Pump(80);
+    }
+    XmPrjTreeNode Current() { return XmPrjTreeGetSelectedItem(tree); }
+};
+
+TEST(TreeClicks, SelectAndDoubleClick)
+{
+    Live l(false);
+    // Wait past the multi-click time after start-up.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(3);
+    EXPECT_EQ(l.Current(), l.rows[3]);
+    ASSERT_NE(Last("activateCallback"), nullptr);
+    EXPECT_EQ(Last("activateCallback")->data.reason, XmCR_ACTIVATE);
+    EXPECT_EQ(Last("activateCallback")->data.node, l.rows[3]);
+    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_LABEL);
+    EXPECT_EQ(Last("activateCallback")->data.clientData, (XtPointer)4);
+    EXPECT_TRUE(Last("activateCallback")->data.selected);
+    EXPECT_EQ(Count("selectionChanged"), 1);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    XtPointer selected = nullptr;
+    XtVaGetValues(l.tree, XmNselected, &selected, NULL);
+    EXPECT_EQ(selected, (XtPointer)4);
+    // A second press on the same row within the multi-click time.
+    l.ClickRow(3);
+    ASSERT_EQ(Count("defaultActionCallback"), 1);
+    EXPECT_EQ(Last("defaultActionCallback")->data.reason, XmCR_DEFAULT_ACTION);
+    EXPECT_EQ(Last("defaultActionCallback")->data.node, l.rows[3]);
+    // A press elsewhere restarts the count.
+    l.ClickRow(5);
+    l.ClickRow(3);
+    EXPECT_EQ(Count("defaultActionCallback"), 1);
+    // Below the last row: no node.
+    calls.clear();
+    XmPrjTreeDeleteChildren(l.tree, nullptr);
+    XmPrjTreeAddSimpleItem(l.tree, "only", nullptr);
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(4);
+    ASSERT_NE(Last("activateCallback"), nullptr);
+    EXPECT_EQ(Last("activateCallback")->data.node, nullptr);
+}
+
+TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
+{
+    Live l(false, XmMULTIPLE_SELECT);
+    l.ClickRow(1);
+    l.ClickRow(4, ControlMask);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
+    EXPECT_GE(Count("multipleSelectionCallback"), 1);
+    l.ClickRow(4, ControlMask);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    l.ClickRow(4, ControlMask);
+    l.ClickRow(5, ControlMask);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 3);
+    // A plain press with more than one selected besides the current row
+    // clears them all first.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(2);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    // Shift spreads the state of the current row over the range.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(6, ShiftMask);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 5);
+    XmPrjTreeNode *ids = nullptr;
+    ASSERT_EQ(XmPrjTreeGetSelectedIdList(l.tree, &ids), 5);
+    EXPECT_EQ(ids[0], l.rows[2]);
+    EXPECT_EQ(ids[4], l.rows[6]);
+    XtFree((char *)ids);
+    l.ClickRow(4, ControlMask);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 4);
+    // A plain press clears the rest.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(8);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    EXPECT_EQ(l.Current(), l.rows[8]);
+}
+
+TEST(TreeClicks, CtrlPressInSingleSelectionOnlyTakesFocus)
+{
+    Live l(false);
+    l.ClickRow(2);
+    calls.clear();
+    l.ClickRow(5, ControlMask);
+    EXPECT_EQ(l.Current(), l.rows[2]);
+    EXPECT_EQ(Count("activateCallback"), 0);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+}
+
+TEST(TreeKeys, ArrowsPagesAndEnds)
+{
+    Live l(false);
+    l.ClickRow(0);
+    EXPECT_EQ(l.Current(), l.rows[0]);
+    calls.clear();
+    l.Key(XK_Up);
+    // Up on the first row scrolls to the top and raises nothing.
+    EXPECT_EQ(l.Current(), l.rows[0]);
+    EXPECT_EQ(Count("selectionChanged"), 0);
+    l.Key(XK_Down);
+    EXPECT_EQ(l.Current(), l.rows[1]);
+    ASSERT_NE(Last("selectionChanged"), nullptr);
+    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_SINGLE_SELECT);
+    EXPECT_EQ(Last("selectionChanged")->data.part, XmTREE_PART_ROW);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    int page = Part(l.tree).visibleRows;
+    ASSERT_GT(page, 2);
+    l.Key(XK_Next);
+    EXPECT_GT(Part(l.tree).topRow, 0);
+    EXPECT_EQ(XmPrjTreeGetNodeNumber(l.tree, l.Current()) - 1, page);
+    l.Key(XK_End, ControlMask);
+    EXPECT_EQ(l.Current(), l.rows.back());
+    EXPECT_EQ(Part(l.tree).topRow, 40 - page);
+    l.Key(XK_Home, ControlMask);
+    EXPECT_EQ(l.Current(), l.rows[0]);
+    EXPECT_EQ(Part(l.tree).topRow, 0);
+}
+
+TEST(TreeKeys, SlamKeysOpenAndClose)
+{
+    Live l(true, XmSINGLE_SELECT, 3);
+    XmPrjTreeNode a1 = XmPrjTreeAddItem(l.tree, l.rows[0], "a1", nullptr, nullptr, XmSLAM_CLOSE,
+                                        nullptr, nullptr, nullptr);
+    XmPrjTreeAddItem(l.tree, a1, "a11", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    XwkList *shown = Part(l.tree).visibleList;
+    EXPECT_EQ(shown->count, 3);
+    l.ClickRow(0);
+    l.Key(XK_space);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[0]), XmSLAM_OPEN);
+    EXPECT_EQ(shown->count, 4);
+    l.Key(XK_Down);
+    EXPECT_EQ(l.Current(), a1);
+    l.Key(XK_Down, ControlMask);
+    EXPECT_EQ(shown->count, 5);
+    // Ctrl-Up closes the open row; again, it climbs to the parent and
+    // closes that.
+    l.Key(XK_Up, ControlMask);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, a1), XmSLAM_CLOSE);
+    EXPECT_EQ(shown->count, 4);
+    l.Key(XK_Up, ControlMask);
+    EXPECT_EQ(l.Current(), l.rows[0]);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[0]), XmSLAM_CLOSE);
+    EXPECT_EQ(shown->count, 3);
+}
+
+TEST(TreeKeys, StateIconPressSelectsAndToggles)
+{
+    Live l(true, XmSINGLE_SELECT, 3);
+    XmPrjTreeAddItem(l.tree, l.rows[1], "b1", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
+                     nullptr);
+    XmPrjTreePart &t = Part(l.tree);
+    ASSERT_GT(t.stateIconWidth, 0);
+    Dimension shadow = ((XmManagerWidget)l.tree)->manager.shadow_thickness;
+    int x = t.hPad + t.stateIconWidth / 2 + shadow + t.treeMarginWidth + t.highlightThickness;
+    l.ClickRow(1, 0, x);
+    EXPECT_EQ(l.Current(), l.rows[1]);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[1]), XmSLAM_OPEN);
+    ASSERT_NE(Last("activateCallback"), nullptr);
+    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_STATE_ICON);
+    EXPECT_EQ(t.visibleList->count, 4);
+}
+
+TEST(TreeWheel, HalfPageRowAndPage)
+{
+    Live l(false, XmSINGLE_SELECT, 100);
+    XmPrjTreePart &t = Part(l.tree);
+    int page = t.visibleRows;
+    ASSERT_GE(page, 4);
+    xwktest::Click(l.tree, 30, l.RowMiddle(0));
+    l.Wheel(5);
+    EXPECT_EQ(t.topRow, page - page / 2);
+    l.Wheel(4);
+    EXPECT_EQ(t.topRow, 0);
+    l.Key(XK_Down);  // keeps the pointer's focus on the list
+    Display *dpy = XtDisplay(l.tree);
+    KeyCode shift = XKeysymToKeycode(dpy, XK_Shift_L);
+    XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
+    l.Wheel(5);
+    XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
+    EXPECT_EQ(t.topRow, 1);
+    KeyCode ctrl = XKeysymToKeycode(dpy, XK_Control_L);
+    XTestFakeKeyEvent(dpy, ctrl, True, CurrentTime);
+    l.Wheel(5);
+    XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
+    EXPECT_EQ(t.topRow, 1 + page);
+}
+
+}  // namespace
