@@ -411,13 +411,19 @@ void Destroy(Widget w)
         }
     }
     if (mother) {
+        if (t.visibleList) {
+            // The rows leave the list all at once, not one renumbering each.
+            XwkTreeNode *root = t.tree->root;
+            for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root))
+                if (Item(n))
+                    Item(n)->listElement = nullptr;
+            l_destroy(t.visibleList);
+            t.visibleList = nullptr;
+            t.tree->user = nullptr;
+        }
         if (t.tree) {
             t_destroy(t.tree);
             t.tree = nullptr;
-        }
-        if (t.visibleList) {
-            l_destroy(t.visibleList);
-            t.visibleList = nullptr;
         }
         XtFree(t.titleString);
         t.titleString = nullptr;
