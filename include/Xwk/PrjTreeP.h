@@ -106,32 +106,39 @@ typedef struct _XmPrjTreeTitleRec {
 
 /* Words of a row that most rows never use. */
 typedef struct _XmPrjTreeItemExtRec {
-    XwkIcon *savedIcon;
-    XwkIcon *openIcon, *closedIcon, *fruitlessIcon;
-    XwkList *cells;
+    Widget tree;                /* the view it was added through, when not the mother */
+    char *label;                /* a label given after creation, own copy */
+    char *charset;              /* when it is not the mother's defaultCharSet */
+    XwkIcon *savedIcon;         /* put aside while selectedIcon shows */
+    XwkIcon *openIcon, *closedIcon, *fruitlessIcon;  /* with "slam_per_row" */
+    XwkList *cells;             /* cell records, one per column, in a table */
     XmPrjTreeDeleteProc deleteProc;
     XtPointer deleteData;
+    unsigned int foreground, background;  /* when `colours` is XmTREE_COLOURS_OWN */
 } XmPrjTreeItemExtRec;
 
-/* One row.  A million of them may live at once, so the record is kept
- * short: pixels are 32-bit on the wire, the label usually follows the
- * record in the same block, the string is made when the row is first
- * painted, and rarely used words stand in `ext`. */
+/* One row.  A million of them may live at once, so the record holds only
+ * what every row needs.  The words a row may lack follow it, each present
+ * when its bit in `layout` is set, in this order: the item icon, the
+ * element in visibleList, the extension record; after them the label's
+ * text when it was copied in with the record.  Foreground and background
+ * at creation stand as an index into the mother's table of colour pairs.
+ * The compound string of a label is made when the row is painted.  Code
+ * reads and writes these through the accessors of the widget's sources. */
 typedef struct _XmPrjTreeItemRec {
-    Widget tree;                /* the view it was added through */
-    char *label;                /* own copy, or NULL */
-    XmString xmLabel;           /* made on first paint; never in table mode */
-    XwkIcon *icon;
-    char *charset;              /* not copied */
-    XwkListNode *listElement;   /* place in visibleList, NULL when hidden */
     XtPointer clientData;
-    XmPrjTreeItemExtRec *ext;   /* NULL until needed */
-    unsigned int foreground;
-    unsigned int background;
-    Dimension width, height;
+    Dimension width, height;    /* extent of the label */
     unsigned char slamState;
-    unsigned char flags;
+    unsigned char flags;        /* XmTREE_ITEM_SELECTED, XmTREE_ITEM_SELECTABLE */
+    unsigned char layout;       /* XmTREE_ITEM_HAS_* */
+    unsigned char colours;
 } XmPrjTreeItemRec, *XmPrjTreeItem;
+
+#define XmTREE_ITEM_HAS_ICON 0x1
+#define XmTREE_ITEM_HAS_ELEMENT 0x2
+#define XmTREE_ITEM_HAS_EXT 0x4
+#define XmTREE_ITEM_HAS_LABEL 0x8
+#define XmTREE_COLOURS_OWN 0xff
 
 typedef struct {
     XtPointer extension;

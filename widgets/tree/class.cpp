@@ -280,6 +280,7 @@ void InitMother(Widget w)
     t.fruitlessStateIcon = IconResource(t.fruitlessStateIcon);
     t.tree = t_create(XWK_TREE_PREORDER, TreeFreeProc(), (XtPointer)t.visibleList);
     t_tlink(t.tree, nullptr, nullptr);
+    RegisterTree(w);
     XmFontList fonts = t.fontList ? t.fontList : XmeGetDefaultRenderTable(w, XmTEXT_FONTLIST);
     t.fontList = XmFontListCopy(fonts);
     if (t.titleString)
@@ -416,13 +417,15 @@ void Destroy(Widget w)
             XwkTreeNode *root = t.tree->root;
             for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root))
                 if (Item(n))
-                    Item(n)->listElement = nullptr;
+                    SetElement(n, nullptr);
             l_destroy(t.visibleList);
             t.visibleList = nullptr;
             t.tree->user = nullptr;
         }
+        ForgetStrings(w);
         if (t.tree) {
             t_destroy(t.tree);
+            UnregisterTree(w);
             t.tree = nullptr;
         }
         XtFree(t.titleString);
@@ -565,6 +568,7 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
     }
     if (t.canSlam != o.canSlam) {
         if (t.canSlam) {
+            GiveElementSlots(w);
             t.visibleList = l_create(nullptr, nullptr);
             XwkTreeNode *root = t.tree->root;
             for (XwkTreeNode *c = root->first_child; c; c = c->next_sibling)
@@ -572,13 +576,19 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
         } else if (t.visibleList) {
             for (XwkTreeNode *n = t.tree->root->first_child; n; n = PreorderNext(n, t.tree->root))
                 if (Item(n))
-                    Item(n)->listElement = nullptr;
+                    SetElement(n, nullptr);
             l_destroy(t.visibleList);
             t.visibleList = nullptr;
         }
         t.tree->user = (XtPointer)t.visibleList;
         RowsChanged(w);
         relayout = repaint = true;
+    }
+    if (t.defaultCharSet != o.defaultCharSet) {
+        char *now = t.defaultCharSet;
+        t.defaultCharSet = o.defaultCharSet;
+        KeepCharsets(w);
+        t.defaultCharSet = now;
     }
     if (t.slamPolicy != o.slamPolicy)
         XmeWarning(w, (char *)"You can't change slam policy on the fly!");

@@ -157,7 +157,7 @@ void DrawTrunk(Widget view, XwkTreeNode *node, int y, XwkIcon *shown_icon)
             XwkIcon *state = StateIconOf(view, node);
             XmPrjTreeItem item = Item(node);
             XwkIcon *fruitless = m.slamPolicy == XmSLAM_PER_ROW
-                                     ? (item->ext ? item->ext->fruitlessIcon : nullptr)
+                                     ? (ExtOf(item) ? ExtOf(item)->fruitlessIcon : nullptr)
                                      : m.fruitlessStateIcon;
             if (state && state != fruitless)
                 DrawIcon(view, state, px - IconWidth(state) / 2, mid - IconHeight(state) / 2,
@@ -191,10 +191,11 @@ void PaintRow(Widget view, XwkTreeNode *node)
         return;
     if ((v.flags & XmTREE_SELECTED_ONLY) && !Selected(item))
         return;
-    if (item->icon && !m.iconWidth) {
-        m.iconWidth = (Dimension)IconWidth(item->icon);
-        if (IconHeight(item->icon) > m.rowHeight)
-            m.rowHeight = (Dimension)IconHeight(item->icon);
+    XwkIcon *row_icon = IconOf(item);
+    if (row_icon && !m.iconWidth) {
+        m.iconWidth = (Dimension)IconWidth(row_icon);
+        if (IconHeight(row_icon) > m.rowHeight)
+            m.rowHeight = (Dimension)IconHeight(row_icon);
     }
     Display *dpy = XtDisplay(view);
     Window win = XtWindow(view);
@@ -242,19 +243,20 @@ void PaintRow(Widget view, XwkTreeNode *node)
         text = v.textGC;
     else
         text = v.hasFocus ? v.activeTextGC : v.inactiveTextGC;
-    XmString s = ItemString(view, item);
+    XmString s = RowString(view, node);
     if (s) {
         Pixel fg = ((XmManagerWidget)view)->manager.foreground;
-        bool recolour = text == v.textGC && item->foreground != (unsigned int)fg;
+        Pixel own = ForegroundOf(view, item);
+        bool recolour = text == v.textGC && own != fg;
         if (recolour)
-            XSetForeground(dpy, text, item->foreground);
+            XSetForeground(dpy, text, own);
         XmStringDraw(dpy, win, m.fontList, s, text, (Position)(label_x + m.hPad),
                      (Position)(y + (m.rowHeight - m.vPad - m.labelHeight) / 2), item->width,
                      XmALIGNMENT_BEGINNING, XmSTRING_DIRECTION_L_TO_R, nullptr);
         if (recolour)
             XSetForeground(dpy, text, fg);
     }
-    XwkIcon *icon = item->icon;
+    XwkIcon *icon = row_icon;
     if (selected && v.selectedIcon && m.selectionPolicy != XmMULTIPLE_SELECT)
         icon = v.selectedIcon;
     int level = (int)node->level;
@@ -268,7 +270,7 @@ void PaintRow(Widget view, XwkTreeNode *node)
     if (m.canSlam) {
         XwkIcon *state = StateIconOf(view, node);
         XwkIcon *fruitless = m.slamPolicy == XmSLAM_PER_ROW
-                                 ? (item->ext ? item->ext->fruitlessIcon : nullptr)
+                                 ? (ExtOf(item) ? ExtOf(item)->fruitlessIcon : nullptr)
                                  : m.fruitlessStateIcon;
         bool trunk = m.treeTrunkDrawing;
         bool draw = !trunk || level < 2 || (state == fruitless && state != m.fruitlessStateIcon);

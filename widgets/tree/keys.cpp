@@ -149,7 +149,7 @@ void KbdKey(Widget w, char letter, XEvent *event)
         amount = std::max(amount, 1);
         switch (letter) {
         case 'u': {
-            XwkTreeNode *prev = m.canSlam && Item(old)->listElement ? PrevRow(w, old)
+            XwkTreeNode *prev = m.canSlam && ElementOf(Item(old)) ? PrevRow(w, old)
                                                                      : XmPrjTreeGetPreviousNode(w, old);
             if (!prev)
                 ScrollVertical(w, 0);
@@ -157,7 +157,7 @@ void KbdKey(Widget w, char letter, XEvent *event)
             break;
         }
         case 'd': {
-            XwkTreeNode *next = m.canSlam && Item(old)->listElement ? NextRow(w, old)
+            XwkTreeNode *next = m.canSlam && ElementOf(Item(old)) ? NextRow(w, old)
                                                                      : XmPrjTreeGetNextNode(w, old);
             changed = MoveTo(w, old, next);
             break;

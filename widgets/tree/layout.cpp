@@ -167,12 +167,47 @@ void FindFont(Widget view)
     m.defaultLabelHeight = m.labelHeight;
 }
 
-XmString ItemString(Widget view, XmPrjTreeItem item)
+XmString RowString(Widget view, XwkTreeNode *node)
 {
-    if (!item->xmLabel && item->label)
-        item->xmLabel = XmStringCreate(item->label, (XmStringCharSet)item->charset);
-    (void)view;
-    return item->xmLabel;
+    auto &cache = S(Mother(view)).strings;
+    auto it = cache.find(node);
+    if (it != cache.end())
+        return it->second;
+    // A few pages' worth; beyond that the cache starts again.
+    if (cache.size() >= 512)
+        ForgetStrings(view);
+    XmString s = MakeItemString(view, Item(node));
+    if (s)
+        cache.emplace(node, s);
+    return s;
+}
+
+void ForgetString(Widget w, XwkTreeNode *node)
+{
+    auto &cache = S(Mother(w)).strings;
+    if (cache.empty())
+        return;
+    auto it = cache.find(node);
+    if (it == cache.end())
+        return;
+    XmStringFree(it->second);
+    cache.erase(it);
+}
+
+void ForgetStrings(Widget w)
+{
+    auto &cache = S(Mother(w)).strings;
+    for (auto &e : cache)
+        XmStringFree(e.second);
+    cache.clear();
+}
+
+XmString MakeItemString(Widget view, XmPrjTreeItem item)
+{
+    char *label = LabelOf(item);
+    if (!label)
+        return nullptr;
+    return XmStringCreate(label, (XmStringCharSet)CharsetOf(view, item));
 }
 
 // Measures a label as XmStringExtent would.  For a single segment of plain
@@ -183,15 +218,16 @@ void MeasureItem(Widget view, XmPrjTreeItem item)
 {
     XmPrjTreePart &m = M(view);
     Dimension width = 0, height = 0;
-    XFontStruct *font = item->label && *item->label && PlainText(item->label)
-                            ? FontOf(view, item->charset)
-                            : nullptr;
+    char *label = LabelOf(item);
+    XFontStruct *font = label && *label && PlainText(label) ? FontOf(view, CharsetOf(view, item))
+                                                            : nullptr;
     if (font && font->min_byte1 == 0 && font->max_byte1 == 0) {
-        width = (Dimension)XTextWidth(font, item->label, (int)strlen(item->label));
+        width = (Dimension)XTextWidth(font, label, (int)strlen(label));
         height = (Dimension)(font->ascent + font->descent);
-    } else if (item->label) {
-        XmString s = ItemString(view, item);
+    } else if (label) {
+        XmString s = MakeItemString(view, item);
         XmStringExtent(m.fontList, s, &width, &height);
+        XmStringFree(s);
     }
     if (!height)
         height = m.labelHeight;
@@ -240,8 +276,10 @@ bool LayoutPass(Widget view)
     Dimension old_width = m.rowWidth, old_height = m.rowHeight;
     int screen_h = ScreenHeight(view), screen_w = ScreenWidth(view);
     bool remeasure = v.flags & XmTREE_FONT_CHANGED;
-    if (remeasure)
+    if (remeasure) {
         FindFont(view);
+        ForgetStrings(view);
+    }
 
     int label_height = 0, row_height = 0, row_width = 0, icon_width = 0, state_width = 0;
     unsigned deepest = 0;
@@ -251,13 +289,8 @@ bool LayoutPass(Widget view)
             return;
         if (n->level > deepest)
             deepest = n->level;
-        if (remeasure) {
-            if (item->xmLabel) {
-                XmStringFree(item->xmLabel);
-                item->xmLabel = nullptr;
-            }
+        if (remeasure)
             MeasureItem(view, item);
-        }
         row_width = std::max(row_width, item->width + 2 * m.hPad);
         label_height = std::max(label_height, (int)item->height);
         int need = 2 * m.vFontPad + label_height;
@@ -267,20 +300,20 @@ bool LayoutPass(Widget view)
             else
                 row_height = need;
         }
-        if (item->icon) {
-            int ih = IconHeight(item->icon);
+        if (XwkIcon *icon = IconOf(item)) {
+            int ih = IconHeight(icon);
             if (row_height < ih) {
                 if (ih > screen_h)
                     XmeWarning(view, (char *)"Item icon height is not reasonable");
                 else
                     row_height = ih;
             }
-            icon_width = std::max(icon_width, IconWidth(item->icon));
+            icon_width = std::max(icon_width, IconWidth(icon));
         }
-        if (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW && item->ext) {
+        if (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW && ExtOf(item)) {
+            XmPrjTreeItemExtRec *ext = ExtOf(item);
             int sw = state_width, sh = row_height;
-            for (XwkIcon *i : {item->ext->openIcon, item->ext->closedIcon,
-                               item->ext->fruitlessIcon}) {
+            for (XwkIcon *i : {ext->openIcon, ext->closedIcon, ext->fruitlessIcon}) {
                 sw = std::max(sw, IconWidth(i));
                 sh = std::max(sh, IconHeight(i));
             }
@@ -472,7 +505,7 @@ int LabelX(Widget view, XwkTreeNode *node)
     int x = IconX(view, level);
     XmPrjTreeItem item = Item(node);
     if (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW && item && ItemState(node) == XmSLAM_UNDEFINED &&
-        !(item->ext && item->ext->fruitlessIcon))
+        !(ExtOf(item) && ExtOf(item)->fruitlessIcon))
         return x + (level > 1 ? m.hPad : 0);
     int slot = IndentSlot(view);
     return slot ? x + slot + m.hPad : x;
@@ -500,7 +533,7 @@ XwkIcon *StateIconOf(Widget w, XwkTreeNode *node)
         return nullptr;
     int state = ItemState(node);
     if (m.slamPolicy == XmSLAM_PER_ROW) {
-        XmPrjTreeItemExtRec *ext = item->ext;
+        XmPrjTreeItemExtRec *ext = ExtOf(item);
         if (!ext)
             return nullptr;
         if (!node->first_child && state != XmSLAM_UNDEFINED)

@@ -11,13 +11,6 @@ using namespace xwk::tree;
 
 namespace xwk::tree {
 
-XmPrjTreeItemExtRec *Ext(XmPrjTreeItem item)
-{
-    if (!item->ext)
-        item->ext = (XmPrjTreeItemExtRec *)XtCalloc(1, sizeof(XmPrjTreeItemExtRec));
-    return item->ext;
-}
-
 bool IsRoot(Widget w, XwkTreeNode *node)
 {
     return node && M(w).tree && node == M(w).tree->root;
@@ -43,52 +36,21 @@ bool UsableNode(Widget w, XwkTreeNode *node)
     return Usable(w) && node && Item(node);
 }
 
-char *InlineLabel(XmPrjTreeItem item)
-{
-    return (char *)(item + 1);
-}
-
-XmPrjTreeItem NewItem(const char *label)
-{
-    size_t len = label ? strlen(label) + 1 : 0;
-    auto *item = (XmPrjTreeItem)XtMalloc(sizeof(XmPrjTreeItemRec) + len);
-    memset(item, 0, sizeof(XmPrjTreeItemRec));
-    if (label) {
-        item->label = InlineLabel(item);
-        memcpy(item->label, label, len);
-    }
-    return item;
-}
-
-// Mother of the widget a row was added through, or null once that is gone.
-Widget OwnerOf(XwkTree *tree, XmPrjTreeItem item)
-{
-    (void)tree;
-    if (!item->tree)
-        return nullptr;
-    return Mother(item->tree);
-}
-
 void FreeNode(XwkTreeNode *node, XwkTree *tree)
 {
     XmPrjTreeItem item = Item(node);
     if (!item)
         return;
-    Widget w = OwnerOf(tree, item);
-    if (item->ext && item->ext->deleteProc) {
-        XmPrjTreeDeleteProc proc = item->ext->deleteProc;
-        item->ext->deleteProc = nullptr;
-        proc(node, item->ext->deleteData);
+    Widget w = OwnerOfTree(tree);
+    XmPrjTreeItemExtRec *ext = ExtOf(item);
+    if (ext && ext->deleteProc) {
+        XmPrjTreeDeleteProc proc = ext->deleteProc;
+        ext->deleteProc = nullptr;
+        proc(node, ext->deleteData);
     }
     if (w && !w->core.being_destroyed && P(w).deleteCallback)
         CallCallbacks(w, P(w).deleteCallback, XmCR_TREE_DELETE_ITEM, nullptr, node,
                       XmTREE_PART_ROW, 0, 0);
-    if (item->xmLabel)
-        XmStringFree(item->xmLabel);
-    if (item->label && item->label != InlineLabel(item))
-        XtFree(item->label);
-    item->xmLabel = nullptr;
-    item->label = nullptr;
     if (w) {
         XmPrjTreePart &m = P(w);
         if (m.cellNodeId == node) {
@@ -107,15 +69,12 @@ void FreeNode(XwkTreeNode *node, XwkTree *tree)
             m.highlightedNode = nullptr;
             m.highlightedWidget = nullptr;
         }
-        if (item->listElement)
+        if (ElementOf(Item(node)))
             RemoveVisible(w, node);
     }
-    if (item->ext) {
-        if (item->ext->cells)
-            l_destroy(item->ext->cells);
-        XtFree((char *)item->ext);
-    }
-    XtFree((char *)item);
+    if (w)
+        ForgetString(w, node);
+    FreeItem(Item(node));
     node->data = nullptr;
 }
 
@@ -220,7 +179,7 @@ int CollectList(Widget w, XwkTreeNode *top, bool include_top, bool selected_only
         if (selected_only && !(item->flags & XmTREE_ITEM_SELECTED))
             continue;
         switch (kind) {
-        case XmTREE_LABEL_LIST: out.push_back(item->label); break;
+        case XmTREE_LABEL_LIST: out.push_back(LabelOf(item)); break;
         case XmTREE_USER_LIST: out.push_back(item->clientData); break;
         default: out.push_back(n); break;
         }
@@ -262,20 +221,32 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
     if (parent != m.tree->root && Item(parent) && ItemState(parent) == XmSLAM_UNDEFINED)
         Item(parent)->slamState = XmSLAM_CLOSE;
 
-    XmPrjTreeItem item = NewItem(label);
+    unsigned char layout = 0;
+    if (icon)
+        layout |= XmTREE_ITEM_HAS_ICON;
+    if (m.canSlam)
+        layout |= XmTREE_ITEM_HAS_ELEMENT;
+    if (w != mw || (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW))
+        layout |= XmTREE_ITEM_HAS_EXT;
+    XmPrjTreeItem item = NewItem(label, layout);
     XwkTreeNode *node = t_tlink(m.tree, parent, item);
     if (!node) {
-        XtFree((char *)item);
+        FreeItem(item);
         return nullptr;
     }
-    item->tree = w;
-    item->charset = m.defaultCharSet;
-    item->icon = icon;
+    if (w != mw)
+        Ext(node)->tree = w;
+    SetIcon(node, icon);
+    item = Item(node);
     item->clientData = clientData;
     item->flags = XmTREE_ITEM_SELECTABLE;
-    item->foreground = (unsigned int)mw->core.border_pixel;
-    item->foreground = (unsigned int)((XmManagerWidget)mw)->manager.foreground;
-    item->background = (unsigned int)mw->core.background_pixel;
+    item->colours = ColourIndex(mw, ((XmManagerWidget)mw)->manager.foreground,
+                                mw->core.background_pixel);
+    if (item->colours == XmTREE_COLOURS_OWN) {
+        Ext(node)->foreground = (unsigned int)((XmManagerWidget)mw)->manager.foreground;
+        Ext(node)->background = (unsigned int)mw->core.background_pixel;
+        item = Item(node);
+    }
     item->slamState = (unsigned char)(slamState < 0 || slamState > XmSLAM_NONE ? XmSLAM_UNDEFINED
                                                                                 : slamState);
     MeasureItem(w, item);
@@ -284,7 +255,7 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
 
     if (m.canSlam) {
         if (m.slamPolicy == XmSLAM_PER_ROW) {
-            XmPrjTreeItemExtRec *ext = Ext(item);
+            XmPrjTreeItemExtRec *ext = Ext(node);
             ext->fruitlessIcon = fruitlessIcon ? fruitlessIcon : m.fruitlessStateIcon;
             ext->openIcon = openIcon ? openIcon : m.openStateIcon;
             ext->closedIcon = closedIcon ? closedIcon : m.closedStateIcon;
@@ -347,12 +318,13 @@ void XmPrjTreeDeleteAllItems(Widget w)
     XwkTreeNode *root = m.tree->root;
     m.currentNode = nullptr;
     m.selected = nullptr;
+    ForgetStrings(mw);
     if (m.visibleList) {
         // The rows leave the list first, all at once.
         for (XwkTreeNode *n = root->first_child; n; n = n->next_sibling)
             for (XwkTreeNode *d = n; d; d = PreorderNext(d, n))
                 if (Item(d))
-                    Item(d)->listElement = nullptr;
+                    SetElement(d, nullptr);
         l_flush(m.visibleList);
     }
     XwkTreeNode *child = root->first_child;
@@ -471,7 +443,7 @@ void XmPrjTreeAddDeleteItemCallback(Widget w, XmPrjTreeNode node, XmPrjTreeDelet
 {
     if (!UsableNode(w, node) || !proc)
         return;
-    XmPrjTreeItemExtRec *ext = Ext(Item(node));
+    XmPrjTreeItemExtRec *ext = Ext(node);
     ext->deleteProc = proc;
     ext->deleteData = data;
 }
@@ -661,7 +633,7 @@ XmPrjTreeNode XmPrjTreeFindItemOneLevel(Widget w, XmPrjTreeNode parent, const ch
     if (!parent)
         parent = M(w).tree->root;
     for (XwkTreeNode *c = parent->first_child; c; c = c->next_sibling)
-        if (Item(c) && Item(c)->label && strcmp(Item(c)->label, label) == 0)
+        if (Item(c) && LabelOf(Item(c)) && strcmp(LabelOf(Item(c)), label) == 0)
             return c;
     return nullptr;
 }
@@ -728,12 +700,12 @@ int XmPrjTreeGetItemsCount(Widget w, XmPrjTreeNode node)
 
 Widget XmPrjTreeGetTreeWidgetFromItem(XmPrjTreeNode node)
 {
-    return node && Item(node) ? Item(node)->tree : nullptr;
+    return node && Item(node) ? AddedThrough(node) : nullptr;
 }
 
 char *XmPrjTreeGetNameItem(Widget w, XmPrjTreeNode node)
 {
-    return UsableNode(w, node) ? Item(node)->label : nullptr;
+    return UsableNode(w, node) ? LabelOf(Item(node)) : nullptr;
 }
 
 XtPointer XmPrjTreeGetClientData(Widget w, XmPrjTreeNode node)
@@ -779,16 +751,16 @@ XmPrjTreeNode XmPrjTreeGetNodePtr(Widget w, XmPrjTreeNode node)
 
 Pixel XmPrjTreeGetItemForeground(Widget w, XmPrjTreeNode node)
 {
-    return UsableNode(w, node) ? (Pixel)Item(node)->foreground : 0;
+    return UsableNode(w, node) ? ForegroundOf(w, Item(node)) : 0;
 }
 
 int XmPrjTreeSetItemForeground(Widget w, XmPrjTreeNode node, Pixel pixel, Boolean redraw)
 {
     if (!UsableNode(w, node))
         return 0;
-    if (Item(node)->foreground == (unsigned int)pixel)
+    if (ForegroundOf(w, Item(node)) == pixel)
         return 1;
-    Item(node)->foreground = (unsigned int)pixel;
+    SetForeground(w, node, pixel);
     if (redraw)
         XmPrjTreeUpdateNode(w, node);
     return 1;
@@ -796,21 +768,19 @@ int XmPrjTreeSetItemForeground(Widget w, XmPrjTreeNode node, Pixel pixel, Boolea
 
 char *XmPrjTreeGetItemCharSet(Widget w, XmPrjTreeNode node)
 {
-    return UsableNode(w, node) ? Item(node)->charset : nullptr;
+    return UsableNode(w, node) ? CharsetOf(w, Item(node)) : nullptr;
 }
 
 int XmPrjTreeSetItemCharset(Widget w, XmPrjTreeNode node, char *charset, Boolean redraw)
 {
     if (!UsableNode(w, node) || !charset)
         return 0;
-    XmPrjTreeItem item = Item(node);
-    if (item->charset && strcmp(item->charset, charset) == 0)
+    char *now = CharsetOf(w, Item(node));
+    if (now && strcmp(now, charset) == 0)
         return 1;
-    item->charset = charset;
-    if (item->xmLabel) {
-        XmStringFree(item->xmLabel);
-        item->xmLabel = nullptr;
-    }
+    Ext(node)->charset = charset;
+    ForgetString(w, node);
+    XmPrjTreeItem item = Item(node);
     Dimension old_height = M(w).rowHeight;
     MeasureItem(w, item);
     GrowForItem(w, item);
@@ -833,9 +803,9 @@ void XmPrjTreeGetItemAttributes(Widget w, XmPrjTreeNode node, XwkIcon **icon, Xw
     if (!UsableNode(w, node))
         return;
     XmPrjTreeItem item = Item(node);
-    XmPrjTreeItemExtRec *ext = item->ext;
+    XmPrjTreeItemExtRec *ext = ExtOf(item);
     if (icon)
-        *icon = item->icon;
+        *icon = IconOf(item);
     if (fruitless)
         *fruitless = ext ? ext->fruitlessIcon : nullptr;
     if (open)
@@ -850,10 +820,9 @@ void XmPrjTreeSetItemAttributes(Widget w, XmPrjTreeNode node, XwkIcon *icon, Xwk
     if (!UsableNode(w, node))
         return;
     XmPrjTreePart &m = M(w);
-    XmPrjTreeItem item = Item(node);
-    item->icon = icon;
+    SetIcon(node, icon);
     if (m.slamPolicy == XmSLAM_PER_ROW) {
-        XmPrjTreeItemExtRec *ext = Ext(item);
+        XmPrjTreeItemExtRec *ext = Ext(node);
         ext->fruitlessIcon = fruitless ? fruitless : m.fruitlessStateIcon;
         ext->openIcon = open ? open : m.openStateIcon;
         ext->closedIcon = closed ? closed : m.closedStateIcon;

@@ -26,7 +26,7 @@ XwkListNode *LinkAfter(XwkList *list, XwkListNode *after, XwkTreeNode *node)
     else
         list->first = e;
     list->count++;
-    Item(node)->listElement = e;
+    SetElement(node, e);
     return e;
 }
 
@@ -58,8 +58,8 @@ XwkListNode *LinkSubtree(XwkList *list, XwkListNode **pafter, XwkTreeNode *top)
     XwkTreeNode *n = top;
     while (n) {
         XmPrjTreeItem item = Item(n);
-        if (item && item->listElement) {
-            after = item->listElement;
+        if (item && ElementOf(item)) {
+            after = ElementOf(item);
         } else if (item) {
             after = LinkAfter(list, after, n);
             if (!first)
@@ -115,7 +115,7 @@ bool InsertionPoint(Widget w, XwkTreeNode *node, XwkListNode **after)
         return true;
     }
     // A predecessor without an element appends, as l_insert does.
-    XwkListNode *pe = Item(pred)->listElement;
+    XwkListNode *pe = ElementOf(Item(pred));
     *after = pe ? pe : m.visibleList->last;
     return true;
 }
@@ -187,8 +187,9 @@ int RowOf(Widget w, XwkTreeNode *node)
     XmPrjTreePart &m = M(w);
     if (m.canSlam) {
         XmPrjTreeItem item = Item(node);
-        if (item && item->listElement && item->listElement->index > 0)
-            return item->listElement->index;
+        XwkListNode *e = ElementOf(item);
+        if (e && e->index > 0)
+            return e->index;
     }
     EnsureNumbers(w);
     return (int)node->id - 1;
@@ -224,9 +225,10 @@ XwkTreeNode *NextRow(Widget w, XwkTreeNode *node)
     XmPrjTreePart &m = M(w);
     if (m.canSlam) {
         XmPrjTreeItem item = Item(node);
-        if (!item || !item->listElement)
+        XwkListNode *own = ElementOf(item);
+        if (!own)
             return nullptr;
-        XwkListNode *e = item->listElement->next;
+        XwkListNode *e = own->next;
         return e ? (XwkTreeNode *)e->data : nullptr;
     }
     return PreorderNext(node, m.tree->root);
@@ -239,9 +241,10 @@ XwkTreeNode *PrevRow(Widget w, XwkTreeNode *node)
     XmPrjTreePart &m = M(w);
     if (m.canSlam) {
         XmPrjTreeItem item = Item(node);
-        if (!item || !item->listElement)
+        XwkListNode *own = ElementOf(item);
+        if (!own)
             return nullptr;
-        XwkListNode *e = item->listElement->prev;
+        XwkListNode *e = own->prev;
         return e ? (XwkTreeNode *)e->data : nullptr;
     }
     if (node->prev_sibling) {
@@ -267,9 +270,9 @@ void RowAppended(Widget w, XwkTreeNode *node)
     XmPrjTreeItem item = Item(node);
     bool last;
     if (m.canSlam) {
-        if (!item->listElement)
+        if (!ElementOf(item))
             return;
-        last = item->listElement == m.visibleList->last;
+        last = ElementOf(item) == m.visibleList->last;
     } else {
         last = !(m.tree->flags & XWK_TREE_STALE) && node->id == m.tree->count - 1;
     }
@@ -278,13 +281,13 @@ void RowAppended(Widget w, XwkTreeNode *node)
         return;
     }
     if (s.indexed % kStride == 0)
-        s.marks.push_back(m.canSlam ? (void *)item->listElement : (void *)node);
+        s.marks.push_back(m.canSlam ? (void *)ElementOf(item) : (void *)node);
     s.indexed++;
 }
 
 bool Hidden(Widget w, XwkTreeNode *node)
 {
-    return M(w).canSlam && (!Item(node) || !Item(node)->listElement);
+    return M(w).canSlam && !ElementOf(Item(node));
 }
 
 void InsertVisible(Widget w, XwkTreeNode *node)
@@ -326,14 +329,14 @@ void RemoveSubtreeVisible(Widget w, XwkTreeNode *top, bool keep_current)
     bool removed = false;
     for (XwkTreeNode *n = top; n; n = PreorderNext(n, top)) {
         XmPrjTreeItem item = Item(n);
-        if (!item || !item->listElement)
+        if (!item || !ElementOf(item))
             continue;
         if (keep_current && n == m.currentNode)
             continue;
         if (!removed)
-            before = item->listElement->prev;
-        Unlink(m.visibleList, item->listElement);
-        item->listElement = nullptr;
+            before = ElementOf(item)->prev;
+        Unlink(m.visibleList, ElementOf(item));
+        SetElement(n, nullptr);
         removed = true;
     }
     if (!removed)
@@ -348,12 +351,12 @@ void RemoveVisible(Widget w, XwkTreeNode *node)
 {
     XmPrjTreePart &m = M(w);
     XmPrjTreeItem item = Item(node);
-    if (!m.visibleList || !item || !item->listElement)
+    if (!m.visibleList || !item || !ElementOf(item))
         return;
-    XwkListNode *next = item->listElement->next;
+    XwkListNode *next = ElementOf(item)->next;
     bool tail = !next;
-    Unlink(m.visibleList, item->listElement);
-    item->listElement = nullptr;
+    Unlink(m.visibleList, ElementOf(item));
+    SetElement(node, nullptr);
     if (next)
         l_label(next);
     State &s = S(Mother(w));
@@ -378,8 +381,8 @@ bool ToggleState(Widget view, XwkTreeNode *node)
         return false;
     if (state == XmSLAM_OPEN) {
         item->slamState = XmSLAM_CLOSE;
-        if (v.selectedIcon && item->icon == v.selectedIcon && item->ext)
-            item->icon = item->ext->savedIcon;
+        if (v.selectedIcon && IconOf(item) == v.selectedIcon && ExtOf(item))
+            SetIcon(node, ExtOf(item)->savedIcon);
         if (!node->first_child)
             return false;
         for (XwkTreeNode *c = node->first_child; c; c = c->next_sibling)
@@ -387,17 +390,19 @@ bool ToggleState(Widget view, XwkTreeNode *node)
         return true;
     }
     item->slamState = XmSLAM_OPEN;
-    if (v.selectedIcon && m.selectionPolicy != XmMULTIPLE_SELECT && item->icon != v.selectedIcon) {
-        Ext(item)->savedIcon = item->icon;
-        item->icon = v.selectedIcon;
+    if (v.selectedIcon && m.selectionPolicy != XmMULTIPLE_SELECT && IconOf(item) != v.selectedIcon) {
+        XwkIcon *icon = IconOf(item);
+        Ext(node)->savedIcon = icon;
+        SetIcon(node, v.selectedIcon);
+        item = Item(node);
     }
     if (!node->first_child)
         return false;
     XwkListNode *after;
-    if (m.visibleList && item->listElement && InsertionPoint(view, node->first_child, &after)) {
+    if (m.visibleList && ElementOf(item) && InsertionPoint(view, node->first_child, &after)) {
         // The children follow their parent's row; one run, one renumbering.
         XwkListNode *first = nullptr;
-        after = item->listElement;
+        after = ElementOf(item);
         for (XwkTreeNode *c = node->first_child; c; c = c->next_sibling) {
             XwkListNode *f = LinkSubtree(m.visibleList, &after, c);
             if (!first)

@@ -112,7 +112,7 @@ void DefaultAction(Widget view, XwkTreeNode *node, int part, XEvent *event, int 
         return;
     bool eligible = part == XmTREE_PART_LABEL || part == XmTREE_PART_INDENT ||
                     part == XmTREE_PART_ICON ||
-                    (part == XmTREE_PART_STATE_ICON && !Item(node)->icon);
+                    (part == XmTREE_PART_STATE_ICON && !IconOf(Item(node)));
     if (!eligible)
         return;
     XmPrjTreePart &m = M(view);

@@ -99,8 +99,8 @@ int XmPrjTreeDefaultSortProc(const void *a, const void *b)
     XwkTreeNode *nb = *(XwkTreeNode *const *)b;
     if (!na || !nb || na->parent != nb->parent || !Item(na) || !Item(nb))
         return 1;
-    Widget view = Item(na)->tree;
-    const char *ta = Item(na)->label, *tb = Item(nb)->label;
+    Widget view = AddedThrough(na);
+    const char *ta = LabelOf(Item(na)), *tb = LabelOf(Item(nb));
     if (!ta || !tb)
         return 1;
     int result = strcmp(ta, tb);

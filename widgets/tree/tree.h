@@ -4,6 +4,7 @@
 
 #include <Xwk/PrjTreeP.h>
 
+#include <unordered_map>
 #include <vector>
 
 namespace xwk::tree {
@@ -20,8 +21,33 @@ bool RealizedAndManaged(Widget w);
 bool Alive(Widget w);
 bool IsRoot(Widget w, XwkTreeNode *node);
 bool TableMode(Widget w);
-XmPrjTreeItemExtRec *Ext(XmPrjTreeItem item);
 void SetFlagOnViews(Widget w, unsigned int flag);
+
+// The words of an item record that follow it (items.cpp).  Setting a word
+// a row does not yet have makes its record anew: the node's data changes,
+// so an item pointer read before is stale after SetIcon, SetElement and Ext.
+XwkIcon *IconOf(XmPrjTreeItem item);
+XwkListNode *ElementOf(XmPrjTreeItem item);
+XmPrjTreeItemExtRec *ExtOf(XmPrjTreeItem item);
+char *LabelOf(XmPrjTreeItem item);
+XmPrjTreeItem NewItem(const char *label, unsigned char layout);
+void FreeItem(XmPrjTreeItem item);
+void SetIcon(XwkTreeNode *node, XwkIcon *icon);
+void SetElement(XwkTreeNode *node, XwkListNode *element);
+XmPrjTreeItemExtRec *Ext(XwkTreeNode *node);
+void GiveElementSlots(Widget w);
+unsigned char ColourIndex(Widget w, Pixel foreground, Pixel background);
+Pixel ForegroundOf(Widget w, XmPrjTreeItem item);
+Pixel BackgroundOf(Widget w, XmPrjTreeItem item);
+void SetForeground(Widget w, XwkTreeNode *node, Pixel pixel);
+char *CharsetOf(Widget w, XmPrjTreeItem item);
+void KeepCharsets(Widget w);
+Widget AddedThrough(XwkTreeNode *node);
+// The mother whose tree holds the node, or whose tree this is.
+Widget OwnerOfNode(XwkTreeNode *node);
+Widget OwnerOfTree(XwkTree *tree);
+void RegisterTree(Widget w);
+void UnregisterTree(Widget w);
 
 // The C++ side of a view; the mother's also indexes the rows.
 struct State {
@@ -31,7 +57,11 @@ struct State {
     std::vector<void *> marks;
     int indexed = 0;            // rows the marks cover
     bool indexValid = false;
-    Boolean hadFocusPaint = False;
+    // Compound strings of rows painted lately, so that paging does not
+    // make them again; dropped with their row and when the font changes.
+    std::unordered_map<XwkTreeNode *, XmString> strings;
+    // Pairs of foreground and background that rows were made with.
+    std::vector<std::pair<unsigned int, unsigned int>> colours;
 };
 constexpr int kStride = 32;
 State &S(Widget w);
@@ -58,7 +88,12 @@ int ItemState(XwkTreeNode *node);
 bool LayoutPass(Widget view);
 void GrowForItem(Widget view, XmPrjTreeItem item);
 void MeasureItem(Widget view, XmPrjTreeItem item);
-XmString ItemString(Widget view, XmPrjTreeItem item);
+// A fresh compound string of the label, for the caller to free.
+XmString MakeItemString(Widget view, XmPrjTreeItem item);
+// The label's compound string from the cache; the cache keeps it.
+XmString RowString(Widget view, XwkTreeNode *node);
+void ForgetString(Widget w, XwkTreeNode *node);
+void ForgetStrings(Widget w);
 int IndentSlot(Widget w);
 int Lead(Widget w);
 void CountVisibleRows(Widget view);
