@@ -1,0 +1,248 @@
+// Rows on a live tree list: the row found at a position after many changes,
+// labels measured as Motif measures them, callbacks that delete rows,
+// highlights, origins and the top row.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/PrjTreeP.h>
+#include <Xm/XmP.h>
+
+#include <cstdio>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+XmPrjTreePart &Part(Widget w)
+{
+    return ((XmPrjTreeWidget)w)->tree;
+}
+
+struct Live {
+    Widget shell, tree;
+    explicit Live(bool slam, int height = 200)
+    {
+        Widget app = xwktest::StartApp();
+        shell = XtVaCreatePopupShell("rows", topLevelShellWidgetClass, app, XmNwidth, 240,
+                                     XmNheight, height, NULL);
+        Arg args[1];
+        XtSetArg(args[0], XmNcanSlam, slam);
+        tree = XmCreateScrolledTreeList(shell, (String) "list", args, 1);
+        XtManageChild(tree);
+        XtPopup(shell, XtGrabNone);
+        EXPECT_TRUE(xwktest::WaitViewable(tree));
+        xwktest::Pump(100);
+    }
+    ~Live()
+    {
+        XtDestroyWidget(shell);
+        xwktest::Settle();
+    }
+    int FirstRowY()
+    {
+        Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
+        return Part(tree).treeMarginHeight + shadow + Part(tree).rowHeight / 2;
+    }
+};
+
+// The rows in display order, walked the slow way.
+std::vector<XmPrjTreeNode> DisplayOrder(Widget tree)
+{
+    std::vector<XmPrjTreeNode> out;
+    XmPrjTreePart &t = Part(tree);
+    if (t.canSlam) {
+        for (XwkListNode *e = t.visibleList->first; e; e = e->next)
+            out.push_back((XmPrjTreeNode)e->data);
+        return out;
+    }
+    std::vector<XmPrjTreeNode> stack;
+    for (XmPrjTreeNode c = t.tree->root->last_child; c; c = c->prev_sibling)
+        stack.push_back(c);
+    while (!stack.empty()) {
+        XmPrjTreeNode n = stack.back();
+        stack.pop_back();
+        out.push_back(n);
+        for (XmPrjTreeNode c = n->last_child; c; c = c->prev_sibling)
+            stack.push_back(c);
+    }
+    return out;
+}
+
+void CheckPositions(Live &l, std::mt19937 &rng)
+{
+    std::vector<XmPrjTreeNode> order = DisplayOrder(l.tree);
+    if (order.empty())
+        return;
+    int page = Part(l.tree).visibleRows;
+    int last_top = std::max(0, (int)order.size() - page);
+    for (int k = 0; k < 6; k++) {
+        int top = (int)(rng() % (last_top + 1));
+        XmPrjTreeSetOrigins(l.tree, -1, top);
+        ASSERT_EQ(Part(l.tree).topRow, top);
+        XmPrjTreeNode found = XmPrjTreeWhichNode(0xff, 200, l.FirstRowY(), l.tree);
+        ASSERT_EQ(found, order[top]) << "top row " << top << " of " << order.size();
+    }
+}
+
+class RowIndex : public ::testing::TestWithParam<bool> {};
+
+TEST_P(RowIndex, RowAtAPositionAfterChanges)
+{
+    bool slam = GetParam();
+    Live l(slam);
+    std::mt19937 rng(7);
+    std::vector<XmPrjTreeNode> nodes;
+    XmPrjTreeSetEditable(l.tree, False);
+    for (int i = 0; i < 600; i++) {
+        XmPrjTreeNode parent = nodes.empty() || rng() % 3 == 0 ? nullptr : nodes[rng() % nodes.size()];
+        char label[32];
+        snprintf(label, sizeof label, "n%d", i);
+        nodes.push_back(XmPrjTreeAddItem(l.tree, parent, label, nullptr, nullptr,
+                                         rng() % 2 ? XmSLAM_OPEN : XmSLAM_CLOSE, nullptr, nullptr,
+                                         nullptr));
+    }
+    XmPrjTreeSetEditable(l.tree, True);
+    xwktest::Settle();
+    CheckPositions(l, rng);
+    for (int round = 0; round < 30; round++) {
+        XmPrjTreeNode n = nodes[rng() % nodes.size()];
+        switch (rng() % 4) {
+        case 0:
+            if (slam)
+                XmPrjTreeChangeState(l.tree, n, XmSLAM_NONE);
+            break;
+        case 1: {
+            char label[32];
+            snprintf(label, sizeof label, "late%d", round);
+            nodes.push_back(XmPrjTreeAddItem(l.tree, n, label, nullptr, nullptr, XmSLAM_OPEN,
+                                             nullptr, nullptr, nullptr));
+            break;
+        }
+        case 2:
+            XmPrjTreeSortChildren(l.tree, n);
+            break;
+        default: {
+            // Deleting takes the subtree; forget those nodes.
+            std::vector<XmPrjTreeNode> keep;
+            for (XmPrjTreeNode m : nodes) {
+                bool inside = false;
+                for (XmPrjTreeNode a = m; a; a = a->parent)
+                    inside = inside || a == n;
+                if (!inside)
+                    keep.push_back(m);
+            }
+            XmPrjTreeDeleteItem(l.tree, n);
+            nodes = keep;
+            break;
+        }
+        }
+        if (nodes.empty())
+            break;
+        CheckPositions(l, rng);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(WithAndWithoutBranches, RowIndex, ::testing::Values(false, true));
+
+TEST(RowMeasure, LabelsMeasureAsMotifDoes)
+{
+    Live l(false);
+    XmPrjTreePart &t = Part(l.tree);
+    for (const char *text : {"a", "Hello, world", "   spaced   ", "W", "tab\there", "\xe9t\xe9",
+                             "", "0123456789012345678901234567890123456789"}) {
+        XmPrjTreeNode node = XmPrjTreeAddSimpleItem(l.tree, text, nullptr);
+        XmString s = XmStringCreate((char *)text, (XmStringCharSet)XmFONTLIST_DEFAULT_TAG);
+        Dimension w = 0, h = 0;
+        XmStringExtent(t.fontList, s, &w, &h);
+        XmStringFree(s);
+        auto *item = (XmPrjTreeItem)node->data;
+        EXPECT_EQ(item->width, w) << text;
+        EXPECT_EQ(item->height, h ? h : t.labelHeight) << text;
+    }
+}
+
+void DeleteCurrentOnChange(Widget w, XtPointer, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    if (cbs->node && XmPrjTreeGetParent(w, cbs->node))
+        XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, cbs->node));
+}
+
+void DeleteClicked(Widget w, XtPointer, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    if (cbs->node)
+        XmPrjTreeDeleteItem(w, cbs->node);
+}
+
+TEST(RowCallbacks, CallbacksThatDeleteTheRowsInHand)
+{
+    Live l(true);
+    XmPrjTreeNode a = XmPrjTreeAddItem(l.tree, nullptr, "a", nullptr, nullptr, XmSLAM_OPEN, nullptr,
+                                       nullptr, nullptr);
+    XmPrjTreeNode a1 = XmPrjTreeAddItem(l.tree, a, "a1", nullptr, nullptr, XmSLAM_OPEN, nullptr,
+                                        nullptr, nullptr);
+    XmPrjTreeAddItem(l.tree, nullptr, "b", nullptr, nullptr, XmSLAM_OPEN, nullptr, nullptr, nullptr);
+    XmPrjTreeAddItem(l.tree, nullptr, "c", nullptr, nullptr, XmSLAM_OPEN, nullptr, nullptr, nullptr);
+    xwktest::Settle();
+    // Making a1 current tells selectionChanged, which deletes a1's parent.
+    XtAddCallback(l.tree, XmNselectionChanged, DeleteCurrentOnChange, nullptr);
+    XmPrjTreeSetNode(l.tree, a1);
+    xwktest::Settle();
+    XtRemoveAllCallbacks(l.tree, XmNselectionChanged);
+    EXPECT_EQ(XmPrjTreeFindItemOneLevel(l.tree, nullptr, "a"), nullptr);
+    EXPECT_EQ(Part(l.tree).visibleList->count, 2);
+    // A click whose activateCallback deletes the clicked row.
+    XtAddCallback(l.tree, XmNactivateCallback, DeleteClicked, nullptr);
+    xwktest::Click(l.tree, 60, l.FirstRowY());
+    xwktest::Pump(100);
+    EXPECT_EQ(Part(l.tree).visibleList->count, 1);
+    xwktest::Click(l.tree, 60, l.FirstRowY());
+    xwktest::Pump(100);
+    EXPECT_EQ(XmPrjTreeGetFirstNode(l.tree), nullptr);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(l.tree), nullptr);
+}
+
+TEST(RowMarks, HighlightTopItemAndOrigins)
+{
+    Live l(false);
+    std::vector<XmPrjTreeNode> rows;
+    for (int i = 0; i < 50; i++) {
+        char label[16];
+        snprintf(label, sizeof label, "r%d", i);
+        rows.push_back(XmPrjTreeAddSimpleItem(l.tree, label, (XtPointer)(long)(i + 100)));
+    }
+    xwktest::Settle();
+    XmPrjTreeHighlight(l.tree, rows[2]);
+    EXPECT_EQ(XmPrjTreeGetHighlighted(l.tree), (XtPointer)102);
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(l.tree), l.tree);
+    XmPrjTreeUnhighlight(l.tree);
+    EXPECT_EQ(XmPrjTreeGetHighlighted(l.tree), nullptr);
+    XmPrjTreeSetTopItem(l.tree, rows[20]);
+    int x = -1, y = -1;
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(x, 0);
+    EXPECT_EQ(y, 20);
+    EXPECT_TRUE(XmPrjTreeItemVisible(l.tree, rows[20]));
+    EXPECT_FALSE(XmPrjTreeItemVisible(l.tree, rows[19]));
+    // Near the end the top stops at the last full page.
+    XmPrjTreeSetTopItem(l.tree, rows[49]);
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(y, 50 - Part(l.tree).visibleRows);
+    int value = -1;
+    XtVaGetValues(Part(l.tree).vScrollBar, XmNvalue, &value, NULL);
+    EXPECT_EQ(value, y);
+    XmPrjTreeScroll(l.tree, 1);
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(y, 50 - Part(l.tree).visibleRows - 1);
+    // Deleting everything resets the origins and drops the bars.
+    XmPrjTreeDeleteAllItems(l.tree);
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(y, 0);
+    EXPECT_FALSE(XtIsManaged(Part(l.tree).vScrollBar));
+}
+
+}  // namespace
