@@ -115,6 +115,29 @@ void Unselect(Widget w, XwkTreeNode *n)
     }
 }
 
+// As t_delete_node, but the numbers are left stale for the next search to
+// renew once: a batch of deletes renumbers once, not once per row.
+void DetachAndFree(XwkTree *tree, XwkTreeNode *node)
+{
+    XwkTreeNode *parent = node->parent;
+    if (!parent)
+        return;
+    bool keeps_numbers = !(tree->flags & XWK_TREE_STALE) && !t_next(node);
+    if (node->prev_sibling)
+        node->prev_sibling->next_sibling = node->next_sibling;
+    else
+        parent->first_child = node->next_sibling;
+    if (node->next_sibling)
+        node->next_sibling->prev_sibling = node->prev_sibling;
+    else
+        parent->last_child = node->prev_sibling;
+    node->next_sibling = node->prev_sibling = nullptr;
+    parent->nchildren--;
+    if (!keeps_numbers)
+        tree->flags |= XWK_TREE_STALE;
+    t_freenode(node, tree->free_node, tree);
+}
+
 bool IsNodeOrChild(XwkTreeNode *current, XwkTreeNode *node)
 {
     return current && (current == node || current->parent == node);
@@ -411,9 +434,11 @@ void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
             }
         }
     }
-    int row = Hidden(w, node) ? -1 : RowOf(w, node);
+    // Only a repaint without clearing needs the row; finding it may renumber.
+    bool clear_below = !batch && !v.dontMove && !v.clearOnUpdate && RealizedAndManaged(w);
+    int row = clear_below && !Hidden(w, node) ? RowOf(w, node) : -1;
     RemoveSubtreeVisible(mw, node, false);
-    t_delete_node(m.tree, node);
+    DetachAndFree(m.tree, node);
     RowsChanged(mw);
     SetFlagOnViews(mw, XmTREE_ROWS_CHANGED);
     v.flags |= XmTREE_GEOMETRY_STALE;
@@ -670,7 +695,10 @@ Boolean XmPrjTreeItemExists(Widget w, XmPrjTreeNode node)
 {
     if (!Usable(w) || !node)
         return False;
-    return t_find(M(w).tree, node->id) != nullptr;
+    // Fresh numbers run from 0 to count - 1 without a gap, so a number
+    // below the count is one that t_find finds.
+    EnsureNumbers(w);
+    return node->id < M(w).tree->count;
 }
 
 Boolean XmPrjTreeItemVisible(Widget w, XmPrjTreeNode node)
