@@ -6,6 +6,7 @@
 #include <Xwk/Xwk.h>
 #include <Xwk/PrjTreeP.h>
 #include <Xm/XmP.h>
+#include <Xm/Form.h>
 
 #include <cstdio>
 #include <random>
@@ -243,6 +244,55 @@ TEST(RowMarks, HighlightTopItemAndOrigins)
     XmPrjTreeGetOrigins(l.tree, &x, &y);
     EXPECT_EQ(y, 0);
     EXPECT_FALSE(XtIsManaged(Part(l.tree).vScrollBar));
+}
+
+}  // namespace
+
+namespace {
+
+TEST(RowViews, CloneShowsTheMothersRows)
+{
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("views", topLevelShellWidgetClass, app, XmNwidth, 300,
+                                        XmNheight, 200, NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Widget mother = XmCreatePrjTree(form, (String) "mother", nullptr, 0);
+    XtVaSetValues(mother, XmNwidth, 140, XmNheight, 180, NULL);
+    Arg args[1];
+    XtSetArg(args[0], XmNmother, mother);
+    Widget clone = XmCreatePrjTree(form, (String) "clone", args, 1);
+    XtVaSetValues(clone, XmNwidth, 140, XmNheight, 180, XmNleftAttachment, XmATTACH_WIDGET,
+                  XmNleftWidget, mother, NULL);
+    XtManageChild(mother);
+    XtManageChild(clone);
+    Cardinal n = 0;
+    XtVaGetValues(mother, XmNnumClones, &n, NULL);
+    EXPECT_EQ(n, 1u);
+    XmPrjTreeNode a = XmPrjTreeAddSimpleItem(clone, "through the clone", nullptr);
+    XmPrjTreeAddSimpleItem(mother, "through the mother", nullptr);
+    EXPECT_EQ(XmPrjTreeGetFirstNode(mother), a);
+    EXPECT_EQ(XmPrjTreeGetTreeWidgetFromItem(a), clone);
+    EXPECT_EQ(XmPrjTreeGetItemsCount(clone, nullptr), 2);
+    // A value set on the clone lands on the mother.
+    XtVaSetValues(clone, XmNhPad, 5, NULL);
+    Dimension pad = 0;
+    XtVaGetValues(mother, XmNhPad, &pad, NULL);
+    EXPECT_EQ(pad, 5);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(clone));
+    xwktest::Pump(100);
+    XmPrjTreeSetNode(clone, a);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(mother), a);
+    xwktest::Settle();
+    Pixel fg = xwktest::PixelOf(mother, XmNforeground);
+    xwktest::Capture cm(mother), cc(clone);
+    // Both views paint the two rows.
+    EXPECT_GT(cm.Count(fg, 0, 0, mother->core.width, mother->core.height), 20);
+    EXPECT_GT(cc.Count(fg, 0, 0, clone->core.width, clone->core.height), 20);
+    XtDestroyWidget(clone);
+    XtVaGetValues(mother, XmNnumClones, &n, NULL);
+    EXPECT_EQ(n, 0u);
+    XtDestroyWidget(shell);
 }
 
 }  // namespace
