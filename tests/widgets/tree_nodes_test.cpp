@@ -301,6 +301,25 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     XmPrjTreeDeleteItem(t.tree, a);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"c"}));
+    // Rows inside the subtree being freed are not deleted a second time.
+    XmPrjTreeNode d = Add(t.tree, nullptr, "d", 4, XmSLAM_OPEN);
+    XmPrjTreeNode d1 = Add(t.tree, d, "d1");
+    Add(t.tree, d1, "d11");
+    Add(t.tree, d, "d2");
+    victim = XmPrjTreeFindItemOneLevel(t.tree, d, "d2");
+    XmPrjTreeDeleteItem(t.tree, d);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    // Nor does deleting all rows from inside a delete.
+    XmPrjTreeNode e = Add(t.tree, nullptr, "e");
+    Add(t.tree, e, "e1");
+    XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
+    XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer) {
+        XmPrjTreeDeleteAllItems(w);
+    }, nullptr);
+    XmPrjTreeDeleteItem(t.tree, e);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    XmPrjTreeDeleteAllItems(t.tree);
+    EXPECT_TRUE(Labels(t.tree).empty());
 }
 
 TEST(TreeSlam, VisibleListFollowsBranches)

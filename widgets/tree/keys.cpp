@@ -141,9 +141,10 @@ void KbdKey(Widget w, char letter, XEvent *event)
         Item(old)->flags &= ~XmTREE_ITEM_SELECTED;
         if (m.selectedCount > 0)
             m.selectedCount--;
+        unsigned long stamp = Stamp(w);
         if (m.selectionPolicy == XmMULTIPLE_SELECT && m.selectedCount >= 1)
             XmPrjTreeDeselectAllItems(w);
-        if (!Alive(w) || !Item(old))
+        if (!Live(w, old, stamp))
             return;
         int amount = PartialRow(w) ? v.visibleRows - 1 : v.visibleRows;
         amount = std::max(amount, 1);
@@ -418,9 +419,10 @@ void TreeChangeSlamState(Widget w, XEvent *event, String *params, Cardinal *num_
             SetCurrent(w, parent);
             SelectRow(w, parent);
             XmPrjTreeUpdateNode(w, parent);
+            unsigned long stamp = Stamp(w);
             CallCallbacks(w, m.selectionChanged, XmCR_SINGLE_SELECT, event, parent,
                           XmTREE_PART_LABEL, 0, XmCELL_NONE);
-            if (!Ready(w) || m.currentNode != parent)
+            if (!Live(w, parent, stamp) || m.currentNode != parent)
                 return;
             String c = (String) "C";
             Cardinal one = 1;
@@ -430,9 +432,10 @@ void TreeChangeSlamState(Widget w, XEvent *event, String *params, Cardinal *num_
         changed = ToggleState(w, node);
     } else if (letter == 'O') {
         if (!node->first_child) {
+            unsigned long stamp = Stamp(w);
             CallCallbacks(w, m.activateCallback, XmCR_ACTIVATE, event, node, XmTREE_PART_INDENT, 0,
                           XmCELL_NONE);
-            if (!Ready(w) || !Item(node) || !node->first_child)
+            if (!Live(w, node, stamp) || !node->first_child)
                 return;
         }
         if (ItemState(node) == XmSLAM_OPEN)

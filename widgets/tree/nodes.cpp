@@ -72,8 +72,10 @@ void FreeNode(XwkTreeNode *node, XwkTree *tree)
         if (ElementOf(Item(node)))
             RemoveVisible(w, node);
     }
-    if (w)
+    if (w) {
         ForgetString(w, node);
+        S(w).deletions++;
+    }
     FreeItem(Item(node));
     node->data = nullptr;
 }
@@ -334,7 +336,7 @@ XmPrjTreeNode XmPrjTreeAddSimpleItem(Widget w, const char *label, XtPointer clie
 
 void XmPrjTreeDeleteAllItems(Widget w)
 {
-    if (!Usable(w))
+    if (!Usable(w) || !S(Mother(w)).freeing.empty())
         return;
     Widget mw = Mother(w);
     XmPrjTreePart &m = P(mw);
@@ -353,11 +355,13 @@ void XmPrjTreeDeleteAllItems(Widget w)
     XwkTreeNode *child = root->first_child;
     root->first_child = root->last_child = nullptr;
     root->nchildren = 0;
+    S(mw).freeing.push_back(root);
     while (child) {
         XwkTreeNode *next = child->next_sibling;
         t_freenode(child, m.tree->free_node, m.tree);
         child = next;
     }
+    S(mw).freeing.pop_back();
     m.tree->count = 1;
     m.tree->flags &= ~XWK_TREE_STALE;
     m.selectedCount = 0;
@@ -381,6 +385,9 @@ void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
 {
     if (!UsableNode(w, node) || IsRoot(w, node))
         return;
+    for (XwkTreeNode *top : S(Mother(w)).freeing)
+        if (DescendantOf(node, top))
+            return;
     Widget mw = Mother(w);
     XmPrjTreePart &m = P(mw);
     XmPrjTreePart &v = P(w);
@@ -438,7 +445,9 @@ void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
     bool clear_below = !batch && !v.dontMove && !v.clearOnUpdate && RealizedAndManaged(w);
     int row = clear_below && !Hidden(w, node) ? RowOf(w, node) : -1;
     RemoveSubtreeVisible(mw, node, false);
+    S(mw).freeing.push_back(node);
     DetachAndFree(m.tree, node);
+    S(mw).freeing.pop_back();
     RowsChanged(mw);
     SetFlagOnViews(mw, XmTREE_ROWS_CHANGED);
     v.flags |= XmTREE_GEOMETRY_STALE;

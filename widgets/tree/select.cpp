@@ -33,6 +33,24 @@ void CallCallbacks(Widget view, XtCallbackList list, int reason, XEvent *event,
     XtCallCallbackList(view, list, &cbs);
 }
 
+unsigned long Stamp(Widget w)
+{
+    return S(Mother(w)).deletions;
+}
+
+bool Live(Widget w, XwkTreeNode *node, unsigned long stamp)
+{
+    if (!node || !Alive(w))
+        return false;
+    if (Stamp(w) == stamp)
+        return true;
+    XwkTreeNode *root = M(w).tree->root;
+    for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root))
+        if (n == node)
+            return true;
+    return false;
+}
+
 void RaiseSelectionChanged(Widget view, int reason, XEvent *event, XwkTreeNode *node, int part)
 {
     CallCallbacks(view, M(view).selectionChanged, reason, event, node, part, 0, XmCELL_NONE);
@@ -167,9 +185,11 @@ void RangeWalk(Widget view, unsigned lo, unsigned hi, bool value, XwkTreeNode *e
         if (!now && was && m.selectedCount > 0)
             m.selectedCount--;
         ClampSelectedCount(view);
+        unsigned long stamp = Stamp(view);
         CallCallbacks(view, m.multipleSelectionCallback, XmCR_MULTIPLE_SELECT, event, n,
                       XmTREE_PART_ROW, 0, XmCELL_NONE);
-        if (!Alive(view))
+        // A callback that deleted rows ends the walk.
+        if (!Alive(view) || Stamp(view) != stamp)
             return;
     }
 }
@@ -238,9 +258,10 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
     SetCurrent(w, node);
     v.flags |= XmTREE_CLICK_MOVED;
     if (Multiple(w) && m.selectedCount > 1) {
+        unsigned long stamp = Stamp(w);
         DeselectAllInner(w, event);
         cleared = true;
-        if (!Alive(w) || m.currentNode != node || !Item(node))
+        if (!Live(w, node, stamp) || m.currentNode != node)
             return;
     } else if (changed && old && Item(old)) {
         DoPendingRepaint(w);
@@ -251,13 +272,14 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
     SelectRow(w, node);
     m.selectedCount = 1;
     SetCurrent(w, node);
+    unsigned long stamp = Stamp(w);
     if (part == XmTREE_PART_STATE_ICON && m.canSlam && ToggleState(w, node)) {
         CallCallbacks(w, m.activateCallback, XmCR_ACTIVATE, event, node, part, column, cell_type);
         if (!Alive(w))
             return;
         LayoutPass(w);
         ConfigureAllScrollBars(w);
-        if (Item(node))
+        if (Live(w, node, stamp))
             MakeVisible(w, node, false, false);
         RepaintAll(w, v.clearOnUpdate);
     } else {
@@ -265,7 +287,7 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
             XmPrjTreeUpdateNode(w, node);
         CallCallbacks(w, m.activateCallback, XmCR_ACTIVATE, event, node, part, column, cell_type);
     }
-    if (changed && Alive(w) && Item(node) && m.currentNode == node)
+    if (changed && Live(w, node, stamp) && m.currentNode == node)
         CallCallbacks(w, m.selectionChanged, XmCR_ACTIVATE, event, node, part, column, cell_type);
 }
 
@@ -327,8 +349,9 @@ void TreeMotion(Widget w, XEvent *event, String *, Cardinal *)
         XmPrjTreeUpdateNode(w, node);
     }
     SetCurrent(w, node);
+    unsigned long stamp = Stamp(w);
     RaiseSelectionChanged(w, XmCR_SINGLE_SELECT, event, node, XmTREE_PART_ROW);
-    if (modified && Alive(w))
+    if (modified && Live(w, node, stamp))
         CallCallbacks(w, m.multipleSelectionCallback, XmCR_MULTIPLE_SELECT, event, node,
                       XmTREE_PART_ROW, 0, XmCELL_NONE);
 }
@@ -366,6 +389,7 @@ void TreeToggleItem(Widget w, XEvent *event, String *, Cardinal *)
         XmPrjTreeUpdateNode(w, node);
     }
     SetCurrent(w, node);
+    unsigned long stamp = Stamp(w);
     if (state_changed) {
         CallCallbacks(w, m.activateCallback, XmCR_ACTIVATE, event, node, part, column, cell_type);
         if (!Alive(w))
@@ -374,9 +398,9 @@ void TreeToggleItem(Widget w, XEvent *event, String *, Cardinal *)
         ConfigureAllScrollBars(w);
         RepaintAll(w, v.clearOnUpdate);
     }
-    if (old != node && Alive(w) && Item(node))
+    if (old != node && Live(w, node, stamp))
         CallCallbacks(w, m.selectionChanged, XmCR_ACTIVATE, event, node, part, column, cell_type);
-    if (Alive(w) && Item(node))
+    if (Live(w, node, stamp))
         CallCallbacks(w, m.multipleSelectionCallback, XmCR_MULTIPLE_SELECT, event, node, part,
                       column, cell_type);
 }
@@ -400,6 +424,7 @@ void TreeSelectItems(Widget w, XEvent *event, String *, Cardinal *)
     SetCurrent(w, node);
     bool value = Item(old)->flags & XmTREE_ITEM_SELECTED;
     SetItemSelected(w, old, value);
+    unsigned long stamp = Stamp(w);
     if (part == XmTREE_PART_LABEL || part == XmTREE_PART_ICON) {
         if (!m.canSlam) {
             EnsureNumbers(w);
@@ -421,9 +446,10 @@ void TreeSelectItems(Widget w, XEvent *event, String *, Cardinal *)
                     m.selectedCount++;
                 if (!now && was && m.selectedCount > 0)
                     m.selectedCount--;
+                unsigned long stamp = Stamp(w);
                 CallCallbacks(w, m.multipleSelectionCallback, XmCR_MULTIPLE_SELECT, event, n,
                               XmTREE_PART_ROW, 0, XmCELL_NONE);
-                if (!Alive(w))
+                if (!Alive(w) || Stamp(w) != stamp)
                     return;
                 n = next;
             }
@@ -432,7 +458,7 @@ void TreeSelectItems(Widget w, XEvent *event, String *, Cardinal *)
             ClampSelectedCount(w);
         }
     }
-    if (!Alive(w) || !Item(node))
+    if (!Live(w, node, stamp))
         return;
     SetCurrent(w, node);
     XmPrjTreeUpdateNode(w, node);

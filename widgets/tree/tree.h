@@ -62,6 +62,12 @@ struct State {
     std::unordered_map<XwkTreeNode *, XmString> strings;
     // Pairs of foreground and background that rows were made with.
     std::vector<std::pair<unsigned int, unsigned int>> colours;
+    // Rows freed so far: a node held across a callback is known to live
+    // while this has not moved.
+    unsigned long deletions = 0;
+    // Subtrees being freed now; their rows may not be deleted again from
+    // the callbacks that the freeing raises.
+    std::vector<XwkTreeNode *> freeing;
 };
 constexpr int kStride = 32;
 State &S(Widget w);
@@ -142,6 +148,10 @@ bool HasRelayoutPending(Widget view);
 bool UnderScrolledWindow(Widget view);
 
 // Selection and callbacks (select.cpp).
+unsigned long Stamp(Widget w);
+// Whether a node held since the stamp still stands in the tree; compares
+// pointers only, so a freed node is never read.
+bool Live(Widget w, XwkTreeNode *node, unsigned long stamp);
 void CallCallbacks(Widget view, XtCallbackList list, int reason, XEvent *event,
                    XwkTreeNode *node, int part, int column, int cell_type);
 void RaiseSelectionChanged(Widget view, int reason, XEvent *event, XwkTreeNode *node, int part);
