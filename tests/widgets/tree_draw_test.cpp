@@ -204,3 +204,75 @@ TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
 }
 
 }  // namespace
+
+namespace {
+
+const char *masked[] = {"8 8 2 1", "  c None", "x c #FF0000",
+                        "xxxxxxxx", "x      x", "x      x", "x      x",
+                        "x      x", "x      x", "x      x", "xxxxxxxx"};
+
+TEST(TreeIcons, BuiltInStateIconsAndMaskedIconsComposedOnce)
+{
+    Shown s(true);
+    XwkIcon *open = nullptr, *closed = nullptr, *fruitless = nullptr;
+    XmPrjTreeGetDefaultItemAttributes(s.tree, &fruitless, &open, &closed);
+    ASSERT_TRUE(open && closed && fruitless);
+    EXPECT_EQ(open->attributes.width, 9u);
+    EXPECT_EQ(open->attributes.height, 13u);
+    EXPECT_EQ(closed->attributes.width, 13u);
+    EXPECT_EQ(closed->attributes.height, 9u);
+    EXPECT_EQ(fruitless->attributes.width, 5u);
+    EXPECT_EQ(fruitless->attributes.height, 5u);
+    XwkIcon *icon = XwkIconCreateFromData(s.tree, (char **)masked);
+    ASSERT_NE(icon, nullptr);
+    ASSERT_NE(icon->mask, None);
+    XmPrjTreeAddItem(s.tree, nullptr, "framed", icon, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
+                     nullptr);
+    EXPECT_EQ(icon->composed, None);
+    s.Up();
+    Pixmap composed = icon->composed;
+    EXPECT_NE(composed, None);
+    XmPrjTreeUpdateNode(s.tree, XmPrjTreeGetFirstNode(s.tree));
+    xwktest::Settle();
+    EXPECT_EQ(icon->composed, composed);
+    // The inside of the frame shows the background the icon was composed on.
+    XmPrjTreePart &t = Part(s.tree);
+    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
+    int x = t.hPad + t.stateIconWidth + t.hIconPad + t.treeMarginWidth + shadow +
+            t.highlightThickness + (t.iconWidth - 8) / 2;
+    int y = s.RowY(0) + (t.rowHeight - 8) / 2;
+    xwktest::Capture c(s.tree);
+    EXPECT_EQ(c.Pixel(x + 4, y + 4), xwktest::PixelOf(s.tree, XmNbackground));
+    EXPECT_NE(c.Pixel(x, y), xwktest::PixelOf(s.tree, XmNbackground));
+    XmPrjTreeDeleteAllItems(s.tree);
+    XwkIconFree(s.tree, icon);
+}
+
+TEST(TreeCreation, ScrolledWindowNamesAndTheSlamPolicyWarning)
+{
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("names", topLevelShellWidgetClass, app, NULL);
+    Widget tree = XmCreateScrolledTreeList(shell, nullptr, nullptr, 0);
+    EXPECT_STREQ(XtName(XtParent(tree)), "SW");
+    EXPECT_FALSE(XtIsManaged(tree));
+    Widget named = XmCreateScrolledTreeList(shell, (String) "files", nullptr, 0);
+    EXPECT_STREQ(XtName(XtParent(named)), "filesSW");
+    EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeVertScrollBar"), nullptr);
+    EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeHorizScrollBar"), nullptr);
+    warnings.clear();
+    XtAppSetWarningMsgHandler(xwktest::App(), CollectWarning);
+    XtVaSetValues(named, XmNslamPolicy, XmSLAM_PER_ROW, NULL);
+    XtAppSetWarningMsgHandler(xwktest::App(), nullptr);
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_NE(warnings[0].find("You can't change slam policy on the fly!"), std::string::npos);
+    unsigned char policy = 0;
+    XtVaGetValues(named, XmNslamPolicy, &policy, NULL);
+    EXPECT_EQ(policy, XmSLAM_PER_ROW);
+    // Destroying the list takes its window along.
+    Widget sw = XtParent(named);
+    XtDestroyWidget(named);
+    EXPECT_TRUE(sw->core.being_destroyed);
+    XtDestroyWidget(shell);
+}
+
+}  // namespace

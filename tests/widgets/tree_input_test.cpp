@@ -300,3 +300,37 @@ TEST(TreeWheel, HalfPageRowAndPage)
 }
 
 }  // namespace
+
+namespace {
+
+TEST(TreeFocus, FocusCallbackAndDragStart)
+{
+    Live l(false);
+    XtAddCallback(l.tree, XmNstartDragCallback, Record, (XtPointer) "startDragCallback");
+    // Without a window manager the shell gets the keyboard by hand.
+    XSetInputFocus(XtDisplay(l.shell), XtWindow(l.shell), RevertToParent, CurrentTime);
+    xwktest::Pump(50);
+    l.ClickRow(2);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Count("focusCallback") > 0; }));
+    EXPECT_EQ(Last("focusCallback")->data.reason, XmCR_FOCUS);
+    EXPECT_EQ(Last("focusCallback")->data.part, 1);
+    EXPECT_TRUE(Part(l.tree).hasFocus);
+    // The current row shows the location cursor in the highlight colour.
+    xwktest::Settle();
+    {
+        xwktest::Capture c(l.tree);
+        Pixel highlight = xwktest::PixelOf(l.tree, XmNhighlightColor);
+        XmPrjTreePart &t = Part(l.tree);
+        int top = l.RowMiddle(2) - t.rowHeight / 2;
+        EXPECT_GT(c.Count(highlight, 0, top, l.tree->core.width, t.rowHeight), 20);
+    }
+    // Button 2 starts a drag on the row under the pointer.
+    xwktest::Click(l.tree, 60, l.RowMiddle(5), 2);
+    xwktest::Pump(80);
+    ASSERT_EQ(Count("startDragCallback"), 1);
+    EXPECT_EQ(Last("startDragCallback")->data.reason, XmCR_TREE_START_DRAG);
+    EXPECT_EQ(Last("startDragCallback")->data.node, l.rows[5]);
+    EXPECT_EQ(Last("startDragCallback")->data.part, XmTREE_PART_LABEL);
+}
+
+}  // namespace
