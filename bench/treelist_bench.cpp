@@ -166,7 +166,7 @@ void BM_TreeFill_Tree(benchmark::State &state)
     for (auto _ : state) {
         Window w(true, true);
         auto start = std::chrono::steady_clock::now();
-        FillTree(w.widget, 1000, 999);
+        FillTree(w.widget, 1000, 1000);
         double t = Seconds(start);
         state.SetIterationTime(t);
         results["tree_tree"] = t;
@@ -268,7 +268,7 @@ int MeasureMemory(const char *what, int argc, char **argv)
         FillFlat(w.widget, kMillion);
         peak = HeapInUse();
     } else if (!strcmp(what, "tree")) {
-        FillTree(w.widget, 1000, 999);
+        FillTree(w.widget, 1000, 1000);
         peak = HeapInUse();
     } else {
         // XmList's peak: the caller's table and the list's copies at once.

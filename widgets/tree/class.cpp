@@ -358,8 +358,10 @@ void Initialize(Widget request, Widget w, ArgList, Cardinal *)
     }
     if (!request->core.width)
         w->core.width = width;
-    if (!request->core.height)
+    if (!request->core.height) {
         w->core.height = height;
+        return;
+    }
     // A given height gives the number of lines.
     Dimension row = M(w).rowHeight ? M(w).rowHeight
                                    : (M(w).labelHeight ? M(w).labelHeight : 1);

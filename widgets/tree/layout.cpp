@@ -375,7 +375,7 @@ bool LayoutPass(Widget view)
     else
         m.rowHeight = old_height;
 
-    if (!RealizedAndManaged(view) && !UnderScrolledWindow(view)) {
+    if (!RealizedAndManaged(view)) {
         int edge = 2 * (Shadow(view) + v.highlightThickness + v.treeMarginWidth);
         int want_w = m.rowWidth + 2 * Shadow(view);
         int want_h = m.rowHeight + 2 * (Shadow(view) + v.highlightThickness + v.treeMarginHeight);
@@ -385,7 +385,9 @@ bool LayoutPass(Widget view)
             XtGeometryResult r = XtMakeResizeRequest(view, (Dimension)want_w, (Dimension)want_h,
                                                      &rw, &rh);
             if (r == XtGeometryAlmost)
-                XtMakeResizeRequest(view, rw, rh, nullptr, nullptr);
+                r = XtMakeResizeRequest(view, rw, rh, nullptr, nullptr);
+            if (r == XtGeometryYes && XtClass(view)->core_class.resize)
+                (*XtClass(view)->core_class.resize)(view);
             v.flags |= XmTREE_RESIZE_ASKED;
         }
     }
