@@ -334,3 +334,96 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
 }
 
 }  // namespace
+
+namespace {
+
+void FillOnOpen(Widget w, XtPointer, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    if (cbs->part == XmTREE_PART_INDENT && cbs->node)
+        XmPrjTreeAddItem(w, cbs->node, "filled", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
+                         nullptr);
+}
+
+TEST(TreeKeys, OpeningALeafLetsTheApplicationFillIt)
+{
+    Live l(true, XmSINGLE_SELECT, 3);
+    XtAddCallback(l.tree, XmNactivateCallback, FillOnOpen, nullptr);
+    l.ClickRow(1);
+    calls.clear();
+    l.Key(XK_Down, ControlMask);
+    ASSERT_NE(Last("activateCallback"), nullptr);
+    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_INDENT);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[1]), XmSLAM_OPEN);
+    EXPECT_EQ(Part(l.tree).visibleList->count, 4);
+    // Return is the default action: without a callback of its own it
+    // would toggle; here the callback hears it.
+    calls.clear();
+    l.Key(XK_Return);
+    ASSERT_EQ(Count("defaultActionCallback"), 1);
+    EXPECT_EQ(Last("defaultActionCallback")->data.node, l.rows[1]);
+    EXPECT_EQ(Last("defaultActionCallback")->data.part, XmTREE_PART_LABEL);
+}
+
+TEST(TreeKeys, DoubleClickWithoutCallbackToggles)
+{
+    Live l(true, XmSINGLE_SELECT, 3);
+    XtRemoveAllCallbacks(l.tree, XmNdefaultActionCallback);
+    XmPrjTreeAddItem(l.tree, l.rows[0], "kid", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
+                     nullptr);
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(0);
+    l.ClickRow(0);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[0]), XmSLAM_OPEN);
+    EXPECT_EQ(Part(l.tree).visibleList->count, 4);
+}
+
+TEST(TreeKeys, SidewaysInALongList)
+{
+    Live l(false, XmSINGLE_SELECT, 5);
+    XmPrjTreeAddSimpleItem(l.tree,
+                           "a label far too long for the width of this small list, and then some",
+                           nullptr);
+    l.ClickRow(0);
+    EXPECT_EQ(Part(l.tree).xOrigin, 0);
+    l.Key(XK_Right);
+    EXPECT_EQ(Part(l.tree).xOrigin, Part(l.tree).fontWidth);
+    l.Key(XK_End);
+    int end = Part(l.tree).xOrigin;
+    EXPECT_GT(end, (int)Part(l.tree).fontWidth);
+    l.Key(XK_Right);
+    EXPECT_EQ(Part(l.tree).xOrigin, end);
+    l.Key(XK_Home);
+    EXPECT_EQ(Part(l.tree).xOrigin, 0);
+    EXPECT_EQ(l.Current(), l.rows[0]);
+}
+
+TEST(TreePointer, DraggingBelowTheWindowScrolls)
+{
+    Live l(false, XmSINGLE_SELECT, 60);
+    Display *dpy = XtDisplay(l.tree);
+    int rx, ry;
+    xwktest::RootPosition(l.tree, &rx, &ry);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(1));
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(50);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(3));
+    xwktest::Pump(50);
+    EXPECT_EQ(l.Current(), l.rows[3]);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.tree->core.height + 30);
+    bool scrolled = xwktest::PumpUntil([&] { return Part(l.tree).topRow > 2; }, 4000);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(100);
+    EXPECT_TRUE(scrolled);
+    int row = XmPrjTreeGetNodeNumber(l.tree, l.Current()) - 1;
+    EXPECT_GE(row, Part(l.tree).topRow);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    // Released: the timer is gone and nothing moves any more.
+    int top = Part(l.tree).topRow;
+    xwktest::Pump(300);
+    EXPECT_EQ(Part(l.tree).topRow, top);
+}
+
+}  // namespace
