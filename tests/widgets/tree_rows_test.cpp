@@ -148,6 +148,38 @@ TEST_P(RowIndex, RowAtAPositionAfterChanges)
 
 INSTANTIATE_TEST_SUITE_P(WithAndWithoutBranches, RowIndex, ::testing::Values(false, true));
 
+const char *dot[] = {"6 20 2 1", "  c None", "x c #00FF00", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx",
+                     "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx",
+                     "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx"};
+
+TEST_P(RowIndex, AddingRowByRowMeasuresAsAFullPass)
+{
+    bool slam = GetParam();
+    Live l(slam);
+    XwkIcon *icon = XwkIconCreateFromData(l.tree, (char **)dot);
+    ASSERT_NE(icon, nullptr);
+    std::mt19937 rng(11);
+    std::vector<XmPrjTreeNode> nodes;
+    for (int i = 0; i < 80; i++) {
+        XmPrjTreeNode parent = nodes.empty() || rng() % 2 ? nullptr : nodes[rng() % nodes.size()];
+        std::string label(1 + rng() % 40, 'm');
+        nodes.push_back(XmPrjTreeAddItem(l.tree, parent, label.c_str(), rng() % 5 ? nullptr : icon,
+                                         nullptr, XmSLAM_OPEN, nullptr, nullptr, nullptr));
+    }
+    XmPrjTreePart &t = Part(l.tree);
+    Dimension width = t.rowWidth, height = t.rowHeight, icons = t.iconWidth, label = t.labelHeight;
+    // Anything set through XtSetValues makes the next pass visit all rows.
+    XtVaSetValues(l.tree, XmNhPad, t.hPad, NULL);
+    XmPrjTreeResizeWindow(l.tree, False);
+    EXPECT_EQ(t.rowWidth, width);
+    EXPECT_EQ(t.rowHeight, height);
+    EXPECT_EQ(t.iconWidth, icons);
+    EXPECT_EQ(t.labelHeight, label);
+    EXPECT_EQ(t.iconWidth, 6);
+    XmPrjTreeDeleteAllItems(l.tree);
+    XwkIconFree(l.tree, icon);
+}
+
 TEST(RowMeasure, LabelsMeasureAsMotifDoes)
 {
     Live l(false);

@@ -545,6 +545,7 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
         return False;
     }
     bool relayout = false, repaint = false;
+    GeometryChanged(w);
     auto *om = (XmManagerWidget)old;
     auto *nm = (XmManagerWidget)w;
     if (t.fontList != o.fontList) {

@@ -268,11 +268,89 @@ int Lead(Widget w)
     return lead;
 }
 
+// Takes one row into the maxima of a layout pass.  Quiet, it changes
+// nothing and answers false where the row would make a warning.
+bool VisitRow(Widget view, XwkTreeNode *n, Raw &raw, bool remeasure, bool quiet)
+{
+    XmPrjTreePart &m = M(view);
+    XmPrjTreeItem item = Item(n);
+    if (!item)
+        return true;
+    int screen_h = ScreenHeight(view), screen_w = ScreenWidth(view);
+    Raw r = raw;
+    bool sound = true;
+    auto warn = [&](const char *text) {
+        sound = false;
+        if (!quiet)
+            XmeWarning(view, (char *)text);
+    };
+    if (n->level > r.deepest)
+        r.deepest = n->level;
+    if (remeasure)
+        MeasureItem(view, item);
+    r.row_width = std::max(r.row_width, item->width + 2 * m.hPad);
+    r.label_height = std::max(r.label_height, (int)item->height);
+    int need = 2 * m.vFontPad + r.label_height;
+    if (r.row_height < need) {
+        if (need > screen_h)
+            warn("Item label height is not reasonable");
+        else
+            r.row_height = need;
+    }
+    if (XwkIcon *icon = IconOf(item)) {
+        int ih = IconHeight(icon);
+        if (r.row_height < ih) {
+            if (ih > screen_h)
+                warn("Item icon height is not reasonable");
+            else
+                r.row_height = ih;
+        }
+        r.icon_width = std::max(r.icon_width, IconWidth(icon));
+    }
+    if (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW && ExtOf(item)) {
+        XmPrjTreeItemExtRec *ext = ExtOf(item);
+        int sw = r.state_width, sh = r.row_height;
+        for (XwkIcon *i : {ext->openIcon, ext->closedIcon, ext->fruitlessIcon}) {
+            sw = std::max(sw, IconWidth(i));
+            sh = std::max(sh, IconHeight(i));
+        }
+        if (sw > screen_w)
+            warn("State icon width is not reasonable");
+        else
+            r.state_width = sw;
+        if (sh > screen_h)
+            warn("Item state icon height is not reasonable");
+        else
+            r.row_height = sh;
+    }
+    if (quiet && !sound)
+        return false;
+    raw = r;
+    return sound;
+}
+
+void RowEntered(Widget w, XwkTreeNode *node)
+{
+    State &s = S(Mother(w));
+    if (!s.raw.fresh || Hidden(w, node))
+        return;
+    // The maxima of the last pass plus this row are what a pass would find
+    // now, as long as no warning is involved.
+    if (!VisitRow(w, node, s.raw, false, true))
+        s.raw.fresh = false;
+}
+
+void GeometryChanged(Widget w)
+{
+    S(Mother(w)).raw.fresh = false;
+}
+
 bool LayoutPass(Widget view)
 {
     Widget mw = Mother(view);
     XmPrjTreePart &m = P(mw);
     XmPrjTreePart &v = P(view);
+    State &s = S(mw);
     Dimension old_width = m.rowWidth, old_height = m.rowHeight;
     int screen_h = ScreenHeight(view), screen_w = ScreenWidth(view);
     bool remeasure = v.flags & XmTREE_FONT_CHANGED;
@@ -281,61 +359,27 @@ bool LayoutPass(Widget view)
         ForgetStrings(view);
     }
 
-    int label_height = 0, row_height = 0, row_width = 0, icon_width = 0, state_width = 0;
-    unsigned deepest = 0;
-    auto visit = [&](XwkTreeNode *n) {
-        XmPrjTreeItem item = Item(n);
-        if (!item)
-            return;
-        if (n->level > deepest)
-            deepest = n->level;
-        if (remeasure)
-            MeasureItem(view, item);
-        row_width = std::max(row_width, item->width + 2 * m.hPad);
-        label_height = std::max(label_height, (int)item->height);
-        int need = 2 * m.vFontPad + label_height;
-        if (row_height < need) {
-            if (need > screen_h)
-                XmeWarning(view, (char *)"Item label height is not reasonable");
-            else
-                row_height = need;
+    // A pass visits every row only when something but adding rows changed
+    // since the last one.
+    if (remeasure || !s.raw.fresh) {
+        Raw raw;
+        bool sound = true;
+        if (m.canSlam) {
+            if (m.visibleList)
+                for (XwkListNode *e = m.visibleList->first; e; e = e->next)
+                    sound &= VisitRow(view, (XwkTreeNode *)e->data, raw, remeasure, false);
+        } else {
+            XwkTreeNode *root = m.tree->root;
+            for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root))
+                sound &= VisitRow(view, n, raw, remeasure, false);
         }
-        if (XwkIcon *icon = IconOf(item)) {
-            int ih = IconHeight(icon);
-            if (row_height < ih) {
-                if (ih > screen_h)
-                    XmeWarning(view, (char *)"Item icon height is not reasonable");
-                else
-                    row_height = ih;
-            }
-            icon_width = std::max(icon_width, IconWidth(icon));
-        }
-        if (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW && ExtOf(item)) {
-            XmPrjTreeItemExtRec *ext = ExtOf(item);
-            int sw = state_width, sh = row_height;
-            for (XwkIcon *i : {ext->openIcon, ext->closedIcon, ext->fruitlessIcon}) {
-                sw = std::max(sw, IconWidth(i));
-                sh = std::max(sh, IconHeight(i));
-            }
-            if (sw > screen_w)
-                XmeWarning(view, (char *)"State icon width is not reasonable");
-            else
-                state_width = sw;
-            if (sh > screen_h)
-                XmeWarning(view, (char *)"Item state icon height is not reasonable");
-            else
-                row_height = sh;
-        }
-    };
-    if (m.canSlam) {
-        if (m.visibleList)
-            for (XwkListNode *e = m.visibleList->first; e; e = e->next)
-                visit((XwkTreeNode *)e->data);
-    } else {
-        XwkTreeNode *root = m.tree->root;
-        for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root))
-            visit(n);
+        raw.fresh = sound;
+        s.raw = raw;
     }
+    int label_height = s.raw.label_height, row_height = s.raw.row_height;
+    int row_width = s.raw.row_width, icon_width = s.raw.icon_width;
+    int state_width = s.raw.state_width;
+    unsigned deepest = s.raw.deepest;
     v.flags &= ~XmTREE_FONT_CHANGED;
     if (m.canSlam && m.slamPolicy == XmSLAM_DEFAULT) {
         int sw = state_width, sh = row_height;

@@ -289,6 +289,7 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
     } else {
         RowAppended(mw, node);
     }
+    RowEntered(mw, node);
     SetFlagOnViews(mw, XmTREE_ROWS_CHANGED);
     if (!(v.flags & XmTREE_SIMPLE_ADD))
         v.flags |= XmTREE_GEOMETRY_STALE;
@@ -817,6 +818,7 @@ int XmPrjTreeSetItemCharset(Widget w, XmPrjTreeNode node, char *charset, Boolean
         return 1;
     Ext(node)->charset = charset;
     ForgetString(w, node);
+    GeometryChanged(w);
     XmPrjTreeItem item = Item(node);
     Dimension old_height = M(w).rowHeight;
     MeasureItem(w, item);
@@ -858,6 +860,7 @@ void XmPrjTreeSetItemAttributes(Widget w, XmPrjTreeNode node, XwkIcon *icon, Xwk
         return;
     XmPrjTreePart &m = M(w);
     SetIcon(node, icon);
+    GeometryChanged(w);
     if (m.slamPolicy == XmSLAM_PER_ROW) {
         XmPrjTreeItemExtRec *ext = Ext(node);
         ext->fruitlessIcon = fruitless ? fruitless : m.fruitlessStateIcon;

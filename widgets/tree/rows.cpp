@@ -259,6 +259,7 @@ XwkTreeNode *PrevRow(Widget w, XwkTreeNode *node)
 void RowsChanged(Widget w)
 {
     S(Mother(w)).indexValid = false;
+    GeometryChanged(w);
 }
 
 void RowAppended(Widget w, XwkTreeNode *node)
@@ -359,6 +360,7 @@ void RemoveVisible(Widget w, XwkTreeNode *node)
     SetElement(node, nullptr);
     if (next)
         l_label(next);
+    GeometryChanged(w);
     State &s = S(Mother(w));
     if (tail && s.indexValid && s.indexed == RowCount(w) + 1) {
         s.indexed--;
@@ -381,8 +383,10 @@ bool ToggleState(Widget view, XwkTreeNode *node)
         return false;
     if (state == XmSLAM_OPEN) {
         item->slamState = XmSLAM_CLOSE;
-        if (v.selectedIcon && IconOf(item) == v.selectedIcon && ExtOf(item))
+        if (v.selectedIcon && IconOf(item) == v.selectedIcon && ExtOf(item)) {
             SetIcon(node, ExtOf(item)->savedIcon);
+            GeometryChanged(view);
+        }
         if (!node->first_child)
             return false;
         for (XwkTreeNode *c = node->first_child; c; c = c->next_sibling)
@@ -394,6 +398,7 @@ bool ToggleState(Widget view, XwkTreeNode *node)
         XwkIcon *icon = IconOf(item);
         Ext(node)->savedIcon = icon;
         SetIcon(node, v.selectedIcon);
+        GeometryChanged(view);
         item = Item(node);
     }
     if (!node->first_child)

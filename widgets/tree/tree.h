@@ -49,8 +49,16 @@ Widget OwnerOfTree(XwkTree *tree);
 void RegisterTree(Widget w);
 void UnregisterTree(Widget w);
 
+// The maxima that a layout pass gathers over the rows.
+struct Raw {
+    bool fresh = false;  // they still hold for the rows as they are
+    int label_height = 0, row_height = 0, row_width = 0, icon_width = 0, state_width = 0;
+    unsigned deepest = 0;
+};
+
 // The C++ side of a view; the mother's also indexes the rows.
 struct State {
+    Raw raw;
     // Every kStride-th row in display order, so that the row at an index is
     // found without walking from the head: tree nodes without canSlam,
     // visibleList elements with it.
@@ -92,6 +100,10 @@ int ItemState(XwkTreeNode *node);
 
 // Geometry (layout.cpp).
 bool LayoutPass(Widget view);
+// A row has come in: the next pass need not visit all rows for it.
+void RowEntered(Widget w, XwkTreeNode *node);
+// Anything else changed that a pass measures.
+void GeometryChanged(Widget w);
 void GrowForItem(Widget view, XmPrjTreeItem item);
 void MeasureItem(Widget view, XmPrjTreeItem item);
 // A fresh compound string of the label, for the caller to free.
