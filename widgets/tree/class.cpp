@@ -280,6 +280,9 @@ void InitMother(Widget w)
     t.fruitlessStateIcon = IconResource(t.fruitlessStateIcon);
     t.tree = t_create(XWK_TREE_PREORDER, TreeFreeProc(), (XtPointer)t.visibleList);
     t_tlink(t.tree, nullptr, nullptr);
+    // Numbered from the start, so that rows appended keep fresh numbers
+    // without a renumbering.
+    t_enumerate(t.tree);
     RegisterTree(w);
     XmFontList fonts = t.fontList ? t.fontList : XmeGetDefaultRenderTable(w, XmTEXT_FONTLIST);
     t.fontList = XmFontListCopy(fonts);
@@ -321,6 +324,8 @@ void Initialize(Widget request, Widget w, ArgList, Cardinal *)
     else
         t.mother = w;
     t.state = new State();
+    // An empty index is a valid one: appended rows extend it.
+    S(w).indexValid = true;
     t.selectedIcon = IconResource(t.selectedIcon);
     t.xOrigin = 0;
     t.topRow = 0;
@@ -435,6 +440,7 @@ void Destroy(Widget w)
         if (t.fontList)
             XmFontListFree(t.fontList);
         t.fontList = nullptr;
+        ForgetFonts();
         for (Cardinal i = 0; i < t.numClones; i++)
             P(t.clones[i]).mother = nullptr;
         XtFree((char *)t.clones);
@@ -549,6 +555,7 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
     auto *om = (XmManagerWidget)old;
     auto *nm = (XmManagerWidget)w;
     if (t.fontList != o.fontList) {
+        ForgetFonts();
         if (o.fontList)
             XmFontListFree(o.fontList);
         XmFontList fonts = t.fontList ? t.fontList : XmeGetDefaultRenderTable(w, XmTEXT_FONTLIST);
@@ -792,13 +799,7 @@ namespace xwk::tree {
 
 bool IsTree(Widget w)
 {
-    return w && XtIsSubclass(w, xmPrjTreeWidgetClass);
-}
-
-Widget Mother(Widget w)
-{
-    Widget m = P(w).mother;
-    return m ? m : w;
+    return w && (XtClass(w) == xmPrjTreeWidgetClass || XtIsSubclass(w, xmPrjTreeWidgetClass));
 }
 
 std::vector<Widget> Views(Widget w)

@@ -69,14 +69,15 @@ Dimension Shadow(Widget w)
     return ((XmManagerWidget)w)->manager.shadow_thickness;
 }
 
+// The list is a widget, so its screen is read directly.
 int ScreenHeight(Widget w)
 {
-    return HeightOfScreen(XtScreen(w));
+    return HeightOfScreen(w->core.screen);
 }
 
 int ScreenWidth(Widget w)
 {
-    return WidthOfScreen(XtScreen(w));
+    return WidthOfScreen(w->core.screen);
 }
 
 Dimension EvenUnderDash(Widget w, int value)
@@ -86,15 +87,15 @@ Dimension EvenUnderDash(Widget w, int value)
     return (Dimension)value;
 }
 
-// The font of a charset in the mother's font list, cached by tag pointer.
+// The last font looked up, by font list and tag pointer: rows of one list
+// nearly always share one.  Xt runs on one thread.
+const void *last_list = nullptr;
+const char *last_tag = nullptr;
+XFontStruct *last_font = nullptr;
+
 XFontStruct *FontOf(Widget w, const char *charset)
 {
     XmPrjTreePart &m = M(w);
-    State &s = S(Mother(w));
-    (void)s;
-    static thread_local const void *last_list = nullptr;
-    static thread_local const char *last_tag = nullptr;
-    static thread_local XFontStruct *last_font = nullptr;
     if (last_list == m.fontList && last_tag == charset)
         return last_font;
     short index = 0;
@@ -107,17 +108,46 @@ XFontStruct *FontOf(Widget w, const char *charset)
     return font;
 }
 
-bool PlainText(const char *text)
+// Widths of the single characters of a core font, as XTextWidth gives
+// them; a text's width is their sum.
+struct FontWidths {
+    const XFontStruct *font = nullptr;
+    int width[128] = {};
+};
+
+// The width of plain text (printable ASCII) in the font, as XTextWidth
+// would give it; -1 for any other text.
+FontWidths widths;
+
+int PlainTextWidth(XFontStruct *font, const char *text)
 {
-    for (const unsigned char *p = (const unsigned char *)text; *p; p++)
+    if (widths.font != font) {
+        for (int c = 0; c < 128; c++) {
+            char ch = (char)c;
+            widths.width[c] = XTextWidth(font, &ch, 1);
+        }
+        widths.font = font;
+    }
+    int sum = 0;
+    for (const unsigned char *p = (const unsigned char *)text; *p; p++) {
         if (*p < 0x20 || *p >= 0x7f)
-            return false;
-    return true;
+            return -1;
+        sum += widths.width[*p];
+    }
+    return sum;
 }
 
 }  // namespace
 
 namespace xwk::tree {
+
+void ForgetFonts()
+{
+    last_list = nullptr;
+    last_tag = nullptr;
+    last_font = nullptr;
+    widths.font = nullptr;
+}
 
 int IconWidth(const XwkIcon *icon)
 {
@@ -219,10 +249,12 @@ void MeasureItem(Widget view, XmPrjTreeItem item)
     XmPrjTreePart &m = M(view);
     Dimension width = 0, height = 0;
     char *label = LabelOf(item);
-    XFontStruct *font = label && *label && PlainText(label) ? FontOf(view, CharsetOf(view, item))
-                                                            : nullptr;
-    if (font && font->min_byte1 == 0 && font->max_byte1 == 0) {
-        width = (Dimension)XTextWidth(font, label, (int)strlen(label));
+    XFontStruct *font = label && *label ? FontOf(view, CharsetOf(view, item)) : nullptr;
+    int plain = font && font->min_byte1 == 0 && font->max_byte1 == 0
+                    ? PlainTextWidth(font, label)
+                    : -1;
+    if (plain >= 0) {
+        width = (Dimension)plain;
         height = (Dimension)(font->ascent + font->descent);
     } else if (label) {
         XmString s = MakeItemString(view, item);

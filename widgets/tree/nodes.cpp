@@ -18,8 +18,10 @@ bool IsRoot(Widget w, XwkTreeNode *node)
 
 void SetFlagOnViews(Widget w, unsigned int flag)
 {
-    for (Widget v : Views(w))
-        P(v).flags |= flag;
+    XmPrjTreePart &m = M(w);
+    P(Mother(w)).flags |= flag;
+    for (Cardinal i = 0; i < m.numClones; i++)
+        P(m.clones[i]).flags |= flag;
 }
 
 }  // namespace xwk::tree

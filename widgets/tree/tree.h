@@ -13,7 +13,11 @@ inline XmPrjTreePart &P(Widget w) { return ((XmPrjTreeWidget)w)->tree; }
 inline XmPrjTreeItem Item(XwkTreeNode *node) { return node ? (XmPrjTreeItem)node->data : nullptr; }
 bool IsTree(Widget w);
 // The view that holds the rows; the widget itself when it is no clone.
-Widget Mother(Widget w);
+inline Widget Mother(Widget w)
+{
+    Widget m = P(w).mother;
+    return m ? m : w;
+}
 inline XmPrjTreePart &M(Widget w) { return P(Mother(w)); }
 // The mother, then each clone.
 std::vector<Widget> Views(Widget w);
@@ -134,6 +138,8 @@ XwkIcon *StateIconOf(Widget w, XwkTreeNode *node);
 int IconWidth(const XwkIcon *icon);
 int IconHeight(const XwkIcon *icon);
 void FindFont(Widget view);
+// Font lists and fonts may go: the lookups cached on them start again.
+void ForgetFonts();
 void ApplyVisibleLines(Widget view);
 
 // Drawing (draw.cpp).
