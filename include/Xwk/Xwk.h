@@ -16,5 +16,6 @@
 #include <Xwk/Graphics.h>
 #include <Xwk/ComboBox.h>
 #include <Xwk/PanedW.h>
+#include <Xwk/Dialogs.h>
 
 #endif
