@@ -348,7 +348,7 @@ Widget create_action_row(Widget base, const std::vector<std::string> &labels, Xw
         XmString s = XmStringCreateLocalized((char *)shown);
         Widget b = XtVaCreateWidget("xwkActionAreaButton", xmPushButtonWidgetClass, row,
                                     XmNlabelString, s, XmNdefaultButtonShadowThickness, 1,
-                                    XmNuserData, (XtPointer)cell, XmNshowAsDefault, i == 0 ? 1 : 0,
+                                    XmNrecomputeSize, False, XmNuserData, (XtPointer)cell, XmNshowAsDefault, i == 0 ? 1 : 0,
                                     NULL);
         XmStringFree(s);
         XtAddCallback(b, XmNactivateCallback, button_activated, (XtPointer)(long)(i + 1));
