@@ -199,6 +199,8 @@ TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
     // The icon itself stands in its slot, at the level's icon x.
     Pixel blue = c.Pixel(x2 + 16 + t.hIconPad, s.RowY(2) + rh / 2);
     EXPECT_NE(blue, xwktest::PixelOf(s.tree, XmNbackground));
+    XmPrjTreeDeleteAllItems(s.tree);
+    XwkIconFree(s.tree, icon);
 }
 
 }  // namespace

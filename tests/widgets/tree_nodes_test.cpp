@@ -101,11 +101,16 @@ TEST(TreeClass, ResourcesRepTypesAndCreators)
     EXPECT_TRUE(found_mother);
     for (const char *name : {"slamPolicy", "slamState", "visualMode", "sortDirection", "cellType"})
         EXPECT_NE(XmRepTypeGetId((String)name), XmREP_TYPE_INVALID) << name;
-    XmRepTypeEntry e = XmRepTypeGetRecord(XmRepTypeGetId((String) "slamState"));
-    ASSERT_NE(e, nullptr);
-    EXPECT_EQ(e->num_values, 4);
-    EXPECT_STREQ(e->value_names[3], "slam_none");
-    XtFree((char *)e);
+    String *names = XmRepTypeGetNameList(XmRepTypeGetId((String) "slamState"), False);
+    ASSERT_NE(names, nullptr);
+    int count = 0;
+    while (names[count])
+        count++;
+    EXPECT_EQ(count, 4);
+    EXPECT_STREQ(names[3], "slam_none");
+    for (int i = 0; i < count; i++)
+        XtFree(names[i]);
+    XtFree((char *)names);
 
     Boolean slam = True, dash = False;
     Dimension pad = 0;
