@@ -29,3 +29,19 @@ void _XmManagerFocusOut(Widget w, XEvent *event, String *params, Cardinal *num_p
 Boolean _XmParentProcess(Widget w, XmParentProcessData data);
 
 }
+
+// --- tree list ---
+extern "C" {
+
+void _XmSelectColorDefault(Widget w, int offset, XrmValue *value);
+void _XmForegroundColorDefault(Widget w, int offset, XrmValue *value);
+void _XmBackgroundColorDefault(Widget w, int offset, XrmValue *value);
+Boolean _XmFontListSearch(XmFontList fontlist, XmStringCharSet charset, short *index,
+                          XFontStruct **font_struct);
+Widget _XmFindNextTabGroup(Widget w);
+Widget _XmFindPrevTabGroup(Widget w);
+void _XmManagerEnter(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmManagerLeave(Widget w, XEvent *event, String *params, Cardinal *num_params);
+unsigned char _XmGetFocusPolicy(Widget w);
+
+}

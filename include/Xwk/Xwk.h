@@ -17,5 +17,6 @@
 #include <Xwk/ComboBox.h>
 #include <Xwk/PanedW.h>
 #include <Xwk/Dialogs.h>
+#include <Xwk/PrjTree.h>
 
 #endif

@@ -1,0 +1,206 @@
+// The tree list on the screen: row geometry, the page, what is painted for
+// selected, closed and nested rows, read back from the server.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/PrjTreeP.h>
+#include <Xm/XmP.h>
+#include <Xm/ScrollBar.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+std::vector<std::string> warnings;
+
+void CollectWarning(String name, String, String, String def, String *, Cardinal *)
+{
+    warnings.push_back(def ? def : name);
+}
+
+XmPrjTreePart &Part(Widget w)
+{
+    return ((XmPrjTreeWidget)w)->tree;
+}
+
+struct Shown {
+    Widget shell, tree;
+    Shown(bool slam, int width = 240, int height = 200, bool scrolled = true)
+    {
+        Widget app = xwktest::StartApp();
+        shell = XtVaCreatePopupShell("drawn", topLevelShellWidgetClass, app, XmNwidth, width,
+                                     XmNheight, height, NULL);
+        Arg args[2];
+        XtSetArg(args[0], XmNcanSlam, slam);
+        tree = scrolled ? XmCreateScrolledTreeList(shell, (String) "list", args, 1)
+                        : XmCreatePrjTree(shell, (String) "list", args, 1);
+    }
+    void Up()
+    {
+        XtManageChild(tree);
+        XtPopup(shell, XtGrabNone);
+        EXPECT_TRUE(xwktest::WaitViewable(tree));
+        xwktest::Pump(150);
+        xwktest::Settle();
+    }
+    ~Shown() { XtDestroyWidget(shell); }
+    Pixel Get(const char *name)
+    {
+        Pixel p = 0;
+        XtVaGetValues(tree, name, &p, NULL);
+        return p;
+    }
+    int RowY(int row)
+    {
+        Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
+        return Part(tree).treeMarginHeight + shadow + row * Part(tree).rowHeight;
+    }
+};
+
+TEST(TreeGeometry, RowHeightEvenAndPageRule)
+{
+    Shown s(false);
+    for (int i = 0; i < 30; i++)
+    {
+        char label[32];
+        snprintf(label, sizeof label, "row %d", i);
+        XmPrjTreeAddSimpleItem(s.tree, label, nullptr);
+    }
+    s.Up();
+    XmPrjTreePart &t = Part(s.tree);
+    ASSERT_GT(t.rowHeight, 0);
+    EXPECT_EQ(t.rowHeight % 2, 0);
+    EXPECT_NE(XmPrjTreeGetNodeNumber(s.tree, XmPrjTreeGetSelectedItem(s.tree)), 0);
+    // A height of exactly n rows has no partial row; one pixel more has.
+    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
+    int exact = t.rowHeight * 5 - t.vPad + 2 * (t.treeMarginHeight + shadow);
+    XtResizeWidget(s.tree, s.tree->core.width, exact, 0);
+    EXPECT_EQ(t.visibleRows, 5);
+    EXPECT_FALSE(XmPrjTreeItemVisible(s.tree, XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 6)));
+    XtResizeWidget(s.tree, s.tree->core.width, exact + 1, 0);
+    EXPECT_EQ(t.visibleRows, 5);
+    EXPECT_TRUE(XmPrjTreeItemVisible(s.tree, XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 6)));
+    int lines = 0;
+    XtVaGetValues(s.tree, XmNvisibleLines, &lines, NULL);
+    EXPECT_EQ(lines, 5);
+}
+
+TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
+{
+    warnings.clear();
+    XtAppSetWarningMsgHandler(xwktest::App(), CollectWarning);
+    Shown s(false);
+    XmPrjTreeAddSimpleItem(s.tree, "one", nullptr);
+    s.Up();
+    Dimension before = Part(s.tree).rowHeight;
+    XwkIcon tall{};
+    tall.attributes.width = 4;
+    tall.attributes.height = 30000;
+    XmPrjTreeNode node = XmPrjTreeGetFirstNode(s.tree);
+    XmPrjTreeSetItemAttributes(s.tree, node, &tall, nullptr, nullptr, nullptr);
+    EXPECT_EQ(Part(s.tree).rowHeight, before);
+    bool warned = false;
+    for (auto &w : warnings)
+        warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
+    EXPECT_TRUE(warned);
+    XmPrjTreeSetItemAttributes(s.tree, node, nullptr, nullptr, nullptr, nullptr);
+    XtAppSetWarningMsgHandler(xwktest::App(), nullptr);
+}
+
+TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
+{
+    Shown s(true);
+    XtVaSetValues(s.tree, XmNactiveBackground, xwktest::PixelOf(s.tree, XmNforeground), NULL);
+    XmPrjTreeNode a = XmPrjTreeAddItem(s.tree, nullptr, "alpha", nullptr, nullptr, XmSLAM_OPEN,
+                                       nullptr, nullptr, nullptr);
+    XmPrjTreeNode a1 = XmPrjTreeAddItem(s.tree, a, "child", nullptr, nullptr, XmSLAM_CLOSE, nullptr,
+                                        nullptr, nullptr);
+    XmPrjTreeAddItem(s.tree, a1, "grand", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    XmPrjTreeAddItem(s.tree, nullptr, "beta", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
+                     nullptr);
+    s.Up();
+    XmPrjTreePart &t = Part(s.tree);
+    Pixel bg = xwktest::PixelOf(s.tree, XmNbackground);
+    Pixel fg = xwktest::PixelOf(s.tree, XmNforeground);
+    Pixel active = t.activeBackground;
+    Pixel inactive = t.inactiveBackground;
+    XmPrjTreeSetNode(s.tree, a);
+    xwktest::Settle();
+    int rh = t.rowHeight;
+    {
+        xwktest::Capture c(s.tree);
+        ASSERT_TRUE(c.ok());
+        // Row 0 is selected: its band right of the label is filled.
+        int x = s.tree->core.width - 12;
+        Pixel p = c.Pixel(x, s.RowY(0) + rh / 2);
+        EXPECT_TRUE(p == active || p == inactive);
+        EXPECT_EQ(c.Pixel(x, s.RowY(1) + rh / 2), bg);
+        // Row 2 is "beta": the grandchild stays hidden, so row 3 is empty.
+        EXPECT_GT(c.Count(fg, 0, s.RowY(2), s.tree->core.width, rh), 0);
+        EXPECT_EQ(c.Count(fg, 4, s.RowY(3), s.tree->core.width - 8, rh), 0);
+    }
+    XmPrjTreeChangeState(s.tree, a, XmSLAM_CLOSE);
+    xwktest::Settle();
+    {
+        xwktest::Capture c(s.tree);
+        // Two rows left: the third band is empty.
+        EXPECT_EQ(c.Count(fg, 4, s.RowY(2), s.tree->core.width - 8, rh), 0);
+        EXPECT_GT(c.Count(fg, 0, s.RowY(1), s.tree->core.width, rh), 0);
+    }
+}
+
+const char *square[] = {"16 16 2 1", "  c None", "x c #0000FF",
+                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                        "xxxxxxxxxxxxxxxx"};
+
+TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
+{
+    Shown s(false);
+    XtVaSetValues(s.tree, XmNuseDashLine, False, NULL);
+    XwkIcon *icon = XwkIconCreateFromData(s.tree, (char **)square);
+    ASSERT_NE(icon, nullptr);
+    XmPrjTreeNode a = XmPrjTreeAddSimpleItemToItem(s.tree, nullptr, "top", icon, nullptr);
+    XmPrjTreeNode b = XmPrjTreeAddSimpleItemToItem(s.tree, a, "one", icon, nullptr);
+    XmPrjTreeAddSimpleItemToItem(s.tree, b, "two", icon, nullptr);
+    XmPrjTreeAddSimpleItemToItem(s.tree, a, "three", icon, nullptr);
+    s.Up();
+    XmPrjTreeSetNode(s.tree, XmPrjTreeGetLastNode(s.tree));
+    xwktest::Settle();
+    XmPrjTreePart &t = Part(s.tree);
+    ASSERT_EQ(t.iconWidth, 16);
+    Pixel trunk = t.treeTrunkColor;
+    int rh = t.rowHeight;
+    xwktest::Capture c(s.tree);
+    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
+    int borders = t.treeMarginWidth + shadow + t.highlightThickness;
+    // The joint of a level is the centre of its slot: lead + slot / 2.
+    int x1 = t.hPad + 8 + borders;
+    int x2 = x1 + 16 + t.hIconPad;
+    // Under "top": through all of row 1 ("one" has a sibling after it),
+    // and row 2, and to the middle of row 3 ("three" is the last).
+    EXPECT_EQ(c.Pixel(x1, s.RowY(1) + 1), trunk);
+    EXPECT_EQ(c.Pixel(x1, s.RowY(1) + rh - 1), trunk);
+    EXPECT_EQ(c.Pixel(x1, s.RowY(2) + rh / 2), trunk);
+    EXPECT_EQ(c.Pixel(x1, s.RowY(3) + 1), trunk);
+    EXPECT_NE(c.Pixel(x1, s.RowY(3) + rh - 1), trunk);
+    // Under "one": only row 2, to its middle, with the horizontal to the icon.
+    EXPECT_EQ(c.Pixel(x2, s.RowY(2) + 1), trunk);
+    EXPECT_NE(c.Pixel(x2, s.RowY(2) + rh - 1), trunk);
+    EXPECT_EQ(c.Pixel(x2 + 4, s.RowY(2) + rh / 2), trunk);
+    EXPECT_NE(c.Pixel(x2, s.RowY(3) + 1), trunk);
+    // The icon itself stands in its slot, at the level's icon x.
+    Pixel blue = c.Pixel(x2 + 16 + t.hIconPad, s.RowY(2) + rh / 2);
+    EXPECT_NE(blue, xwktest::PixelOf(s.tree, XmNbackground));
+    XmPrjTreeDeleteAllItems(s.tree);
+    XwkIconFree(s.tree, icon);
+}
+
+}  // namespace

@@ -1,0 +1,413 @@
+// The tree list's rows: adding, deleting with the free procedure's order,
+// reordering, finding and walking, lists, tours, branches and visibleList,
+// sorting, and the answers kept for compatibility.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/PrjTreeP.h>
+#include <Xm/XmP.h>
+#include <Xm/PushB.h>
+#include <Xm/RepType.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+std::vector<std::string> events;
+std::vector<XmPrjTreeCallbackStruct> calls;
+
+void OnDelete(Widget, XtPointer, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    calls.push_back(*cbs);
+    events.push_back("callback:" + std::to_string((long)cbs->clientData));
+}
+
+void OnSelection(Widget, XtPointer, XtPointer call)
+{
+    calls.push_back(*(XmPrjTreeCallbackStruct *)call);
+    events.push_back("selection");
+}
+
+void DeleteProc(XmPrjTreeNode, XtPointer data)
+{
+    events.push_back("proc:" + std::to_string((long)data));
+}
+
+std::vector<std::string> Labels(Widget tree)
+{
+    char **labels = nullptr;
+    int n = XmPrjTreeGetLabelList(tree, &labels);
+    std::vector<std::string> out;
+    for (int i = 0; i < n; i++)
+        out.push_back(labels[i] ? labels[i] : "(null)");
+    XtFree((char *)labels);
+    return out;
+}
+
+std::vector<std::string> Shown(Widget tree)
+{
+    XwkList *list = ((XmPrjTreeWidget)tree)->tree.visibleList;
+    std::vector<std::string> out;
+    int expect = 0;
+    for (XwkListNode *e = list->first; e; e = e->next) {
+        EXPECT_EQ(e->index, expect++);
+        out.push_back(XmPrjTreeGetNameItem(tree, (XmPrjTreeNode)e->data));
+    }
+    return out;
+}
+
+XmPrjTreeNode Add(Widget tree, XmPrjTreeNode parent, const char *label, long data = 0,
+                  int state = XmSLAM_CLOSE)
+{
+    return XmPrjTreeAddItem(tree, parent, label, nullptr, (XtPointer)data, state, nullptr,
+                            nullptr, nullptr);
+}
+
+struct Tree {
+    Widget shell, tree;
+    explicit Tree(bool slam = false)
+    {
+        Widget app = xwktest::StartApp();
+        shell = XtVaCreatePopupShell("trees", topLevelShellWidgetClass, app, NULL);
+        Arg args[1];
+        XtSetArg(args[0], XmNcanSlam, slam);
+        tree = XmCreatePrjTree(shell, (String) "tree", args, 1);
+        events.clear();
+        calls.clear();
+    }
+    ~Tree() { XtDestroyWidget(shell); }
+};
+
+TEST(TreeClass, ResourcesRepTypesAndCreators)
+{
+    Tree t;
+    EXPECT_STREQ(xmPrjTreeWidgetClass->core_class.class_name, "XmPrjTree");
+    EXPECT_EQ(xmPrjTreeWidgetClass->core_class.superclass, xmDrawingAreaWidgetClass);
+    EXPECT_GE(xmPrjTreeWidgetClass->core_class.num_resources, 77u);
+    EXPECT_EQ(xmPrjTreeWidgetClass->core_class.num_actions, 18u);
+    XtResourceList list;
+    Cardinal n;
+    XtGetResourceList(xmPrjTreeWidgetClass, &list, &n);
+    bool found_mother = false;
+    for (Cardinal i = 0; i < n; i++)
+        if (!strcmp(list[i].resource_name, "mother"))
+            found_mother = !strcmp(list[i].resource_class, "Mather");
+    XtFree((char *)list);
+    EXPECT_TRUE(found_mother);
+    for (const char *name : {"slamPolicy", "slamState", "visualMode", "sortDirection", "cellType"})
+        EXPECT_NE(XmRepTypeGetId((String)name), XmREP_TYPE_INVALID) << name;
+    String *names = XmRepTypeGetNameList(XmRepTypeGetId((String) "slamState"), False);
+    ASSERT_NE(names, nullptr);
+    int count = 0;
+    while (names[count])
+        count++;
+    EXPECT_EQ(count, 4);
+    EXPECT_STREQ(names[3], "slam_none");
+    for (int i = 0; i < count; i++)
+        XtFree(names[i]);
+    XtFree((char *)names);
+
+    Boolean slam = True, dash = False;
+    Dimension pad = 0;
+    XtVaGetValues(t.tree, XmNcanSlam, &slam, XmNuseDashLine, &dash, XmNhPad, &pad, NULL);
+    EXPECT_FALSE(slam);
+    EXPECT_TRUE(dash);
+    EXPECT_EQ(pad, 2);
+    Widget other = XmCreateTreeList(t.shell, (String) "other", nullptr, 0);
+    EXPECT_TRUE(XtIsSubclass(other, xmPrjTreeWidgetClass));
+    // A string from the resource database goes through the representation type.
+    XtVaSetValues(other, XtVaTypedArg, (String)XmNslamPolicy, (String)XmRString, "slam_per_row", 13, NULL);
+    unsigned char policy = 0;
+    XtVaGetValues(other, XmNslamPolicy, &policy, NULL);
+    EXPECT_EQ(policy, XmSLAM_PER_ROW);
+}
+
+TEST(TreeNodes, AddFindAndWalk)
+{
+    Tree t;
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 1);
+    XmPrjTreeNode a1 = Add(t.tree, a, "a1", 11);
+    XmPrjTreeNode a2 = Add(t.tree, a, "a2", 12);
+    XmPrjTreeNode b = XmPrjTreeAddSimpleItem(t.tree, "b", (XtPointer)2);
+    EXPECT_EQ(XmPrjTreeAddSimpleItem(t.tree, nullptr, nullptr), nullptr);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"a", "a1", "a2", "b"}));
+    EXPECT_EQ(XmPrjTreeGetNodeNumber(t.tree, a2), 3);
+    EXPECT_EQ(XmPrjTreeGetNodeNumber(t.tree, nullptr), 0);
+    EXPECT_EQ(XmPrjTreeGetNodeLevel(t.tree, a1), 2);
+    EXPECT_EQ(XmPrjTreeGetNodeLevel(t.tree, nullptr), -1);
+    EXPECT_EQ(XmPrjTreeGetParent(t.tree, a1), a);
+    EXPECT_EQ(XmPrjTreeGetParent(t.tree, XmPrjTreeGetRoot(t.tree)), nullptr);
+    EXPECT_EQ(XmPrjTreeGetFirstNode(t.tree), a);
+    EXPECT_EQ(XmPrjTreeGetLastNode(t.tree), b);
+    EXPECT_EQ(XmPrjTreeGetNextNode(t.tree, a), a1);
+    EXPECT_EQ(XmPrjTreeGetNextNode(t.tree, a1), a2);
+    EXPECT_EQ(XmPrjTreeGetPreviousNode(t.tree, b), a2);
+    EXPECT_EQ(XmPrjTreeGetPreviousNode(t.tree, a1), a);
+    EXPECT_EQ(XmPrjTreeFindItemOneLevel(t.tree, a, "a2"), a2);
+    EXPECT_EQ(XmPrjTreeFindItemOneLevel(t.tree, nullptr, "a2"), nullptr);
+    EXPECT_EQ(XmPrjTreeFindItemByClientData(t.tree, (XtPointer)12), a2);
+    EXPECT_EQ(XmPrjTreeGetItemsCount(t.tree, nullptr), 2);
+    EXPECT_EQ(XmPrjTreeGetItemsCount(t.tree, a), 2);
+    EXPECT_EQ(XmPrjTreeGetItemPositionFromParent(t.tree, a2), 2);
+    EXPECT_EQ(XmPrjTreeGetItemPositionFromParent(t.tree, XmPrjTreeGetRoot(t.tree)), -1);
+    EXPECT_EQ(XmPrjTreeGetItemByPositionFromParent(t.tree, nullptr, 2), b);
+    EXPECT_EQ(XmPrjTreeGetItemByPositionFromParent(t.tree, a, 3), nullptr);
+    EXPECT_EQ(XmPrjTreeGetTreeWidgetFromItem(a1), t.tree);
+    EXPECT_EQ(XmPrjTreeGetClientDataFromParent(t.tree, a1), (XtPointer)1);
+    EXPECT_EQ(XmPrjTreeGetClientDataFromNode(b), (XtPointer)2);
+    EXPECT_TRUE(XmPrjTreeItemExists(t.tree, a2));
+    EXPECT_EQ(XmPrjTreeGetTreePtr(t.tree)->count, 5u);
+
+    // Kept as they always answered.
+    EXPECT_EQ(XmPrjTreeFindItemByNodeNumber(t.tree, 0), XmPrjTreeGetRoot(t.tree));
+    EXPECT_EQ(XmPrjTreeFindItemByNodeNumber(t.tree, 2), nullptr);
+    XmPrjTreeNode deep = Add(t.tree, a1, "deep");
+    EXPECT_TRUE(XmPrjTreeIsParent(t.tree, a, a1));
+    EXPECT_FALSE(XmPrjTreeIsParent(t.tree, a, deep));
+
+    // Another class answers nothing.
+    Widget button = XmCreatePushButton(t.shell, (String) "b", nullptr, 0);
+    EXPECT_EQ(XmPrjTreeAddSimpleItem(button, "x", nullptr), nullptr);
+    EXPECT_EQ(XmPrjTreeGetFirstNode(button), nullptr);
+    EXPECT_EQ(XmPrjTreeGetItemsCount(button, nullptr), 0);
+    XmPrjTreeDeleteItem(button, a);
+    XmPrjTreeDeleteItem(t.tree, nullptr);
+    EXPECT_EQ(Labels(t.tree).size(), 5u);
+}
+
+TEST(TreeNodes, ListsAndTours)
+{
+    Tree t;
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 1);
+    XmPrjTreeNode a1 = Add(t.tree, a, "a1", 11);
+    Add(t.tree, a1, "a11", 111);
+    XmPrjTreeNode b = Add(t.tree, nullptr, "b", 2);
+    XmPrjTreeSelectItem(t.tree, a1);
+    XmPrjTreeSelectItem(t.tree, b);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 2);
+    XtPointer *users = nullptr;
+    int n = XmPrjTreeGetSelectedUserList(t.tree, &users);
+    ASSERT_EQ(n, 2);
+    EXPECT_EQ(users[0], (XtPointer)11);
+    EXPECT_EQ(users[1], (XtPointer)2);
+    XtFree((char *)users);
+    n = XmPrjTreeGetChildrenUserList(t.tree, a, False, &users);
+    ASSERT_EQ(n, 3);
+    EXPECT_EQ(users[0], (XtPointer)1);
+    EXPECT_EQ(users[2], (XtPointer)111);
+    XtFree((char *)users);
+    n = XmPrjTreeGetChildrenUserList(t.tree, a, True, &users);
+    EXPECT_EQ(n, 1);
+    XtFree((char *)users);
+    XmPrjTreeNode *ids = nullptr;
+    EXPECT_EQ(XmPrjTreeGetIdList(t.tree, &ids), 4);
+    EXPECT_EQ(ids[3], b);
+    XtFree((char *)ids);
+    XmPrjTreeDeselectItem(t.tree, a1);
+    XmPrjTreeDeselectItem(t.tree, b);
+    EXPECT_EQ(XmPrjTreeGetSelectedIdList(t.tree, &ids), 0);
+    EXPECT_EQ(ids, nullptr);
+
+    static std::vector<long> seen;
+    seen.clear();
+    auto visit = [](XmPrjTreeNode, XtPointer data, XtPointer stop) -> Boolean {
+        seen.push_back((long)data);
+        return (long)data == (long)stop;
+    };
+    EXPECT_EQ(XmPrjTreeTourTree(t.tree, visit, (XtPointer)111), XmPrjTreeGetNextNode(t.tree, a1));
+    EXPECT_EQ(seen, (std::vector<long>{1, 11, 111}));
+    seen.clear();
+    EXPECT_EQ(XmPrjTreeTourChildren(t.tree, a, False, visit, nullptr), nullptr);
+    EXPECT_EQ(seen, (std::vector<long>{11, 111}));
+    seen.clear();
+    XmPrjTreeSelectItem(t.tree, XmPrjTreeGetNextNode(t.tree, a1));
+    // The tour over selected rows answers the top-level row it stopped under.
+    EXPECT_EQ(XmPrjTreeTourSelected(t.tree, visit, (XtPointer)111), a);
+}
+
+TEST(TreeNodes, DeleteOrderAndCounts)
+{
+    Tree t;
+    XtAddCallback(t.tree, XmNdeleteCallback, OnDelete, nullptr);
+    XtAddCallback(t.tree, XmNselectionChanged, OnSelection, nullptr);
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 1);
+    XmPrjTreeNode a1 = Add(t.tree, a, "a1", 11);
+    Add(t.tree, a, "a2", 12);
+    XmPrjTreeNode b = Add(t.tree, nullptr, "b", 2);
+    XmPrjTreeAddDeleteItemCallback(t.tree, a1, DeleteProc, (XtPointer)11);
+    XmPrjTreeAddDeleteItemCallback(t.tree, a1, nullptr, nullptr);
+    events.clear();
+    XmPrjTreeDeleteItem(t.tree, a1);
+    // The procedure first, then the callback, then selectionChanged.
+    EXPECT_EQ(events, (std::vector<std::string>{"proc:11", "callback:11", "selection"}));
+    EXPECT_EQ(calls[0].reason, XmCR_TREE_DELETE_ITEM);
+    EXPECT_EQ(calls[0].part, XmTREE_PART_ROW);
+    EXPECT_EQ(calls[1].reason, XmCR_TREE_SELECTION_CHANGED);
+    EXPECT_EQ(calls[1].cellType, XmCELL_NONE);
+    Add(t.tree, a, "a3", 13);
+    EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, a), 3);
+    EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, a), 0);
+    events.clear();
+    XmPrjTreeDeleteItem(t.tree, a);
+    EXPECT_EQ(events, (std::vector<std::string>{"callback:1", "selection"}));
+    // The only row goes by the delete-all path: no selectionChanged.
+    events.clear();
+    XmPrjTreeDeleteItem(t.tree, b);
+    EXPECT_EQ(events, (std::vector<std::string>{"callback:2"}));
+    EXPECT_EQ(XmPrjTreeGetFirstNode(t.tree), nullptr);
+    EXPECT_EQ(XmPrjTreeGetTreePtr(t.tree)->count, 1u);
+    Add(t.tree, nullptr, "x");
+    Add(t.tree, nullptr, "y");
+    EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, nullptr), 2);
+    EXPECT_TRUE(Labels(t.tree).empty());
+}
+
+TEST(TreeNodes, DeletingMovesTheCurrentRow)
+{
+    Tree t;
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a");
+    XmPrjTreeNode b = Add(t.tree, nullptr, "b");
+    XmPrjTreeNode b1 = Add(t.tree, b, "b1");
+    Add(t.tree, nullptr, "c");
+    XmPrjTreeSetItem(t.tree, b1, False);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(t.tree), b1);
+    XmPrjTreeDeleteItem(t.tree, b);
+    // A child of the deleted row was current: the row above takes over.
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(t.tree), a);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 1);
+    XtPointer selected = (XtPointer)1;
+    XtVaGetValues(t.tree, XmNselected, &selected, NULL);
+    EXPECT_EQ(selected, nullptr);
+}
+
+void DeleteOthersOnDelete(Widget w, XtPointer closure, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    auto *victim = (XmPrjTreeNode *)closure;
+    if (*victim && cbs->node != *victim) {
+        XmPrjTreeNode v = *victim;
+        *victim = nullptr;
+        XmPrjTreeDeleteItem(w, v);
+    }
+}
+
+TEST(TreeNodes, CallbacksThatDeleteRows)
+{
+    Tree t(true);
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 1, XmSLAM_OPEN);
+    Add(t.tree, a, "a1");
+    XmPrjTreeNode b = Add(t.tree, nullptr, "b");
+    Add(t.tree, nullptr, "c");
+    static XmPrjTreeNode victim;
+    victim = b;
+    XtAddCallback(t.tree, XmNdeleteCallback, DeleteOthersOnDelete, &victim);
+    XmPrjTreeDeleteItem(t.tree, a);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"c"}));
+}
+
+TEST(TreeSlam, VisibleListFollowsBranches)
+{
+    Tree t(true);
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 0, XmSLAM_UNDEFINED);
+    XmPrjTreeNode a1 = Add(t.tree, a, "a1", 0, XmSLAM_CLOSE);
+    Add(t.tree, a1, "a11");
+    XmPrjTreeNode b = Add(t.tree, nullptr, "b", 0, XmSLAM_OPEN);
+    Add(t.tree, b, "b1");
+    // A child of an undefined row closes it, and stays hidden.
+    EXPECT_EQ(XmPrjTreeGetState(t.tree, a), XmSLAM_CLOSE);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "b", "b1"}));
+    XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "b", "b1"}));
+    XmPrjTreeChangeState(t.tree, a1, XmSLAM_OPEN);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "b", "b1"}));
+    // The state already held changes nothing; any other value toggles.
+    XmPrjTreeChangeState(t.tree, a1, XmSLAM_OPEN);
+    EXPECT_EQ(Shown(t.tree).size(), 5u);
+    XmPrjTreeChangeState(t.tree, a, XmSLAM_NONE);
+    EXPECT_EQ(XmPrjTreeGetState(t.tree, a), XmSLAM_CLOSE);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "b", "b1"}));
+    XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "b", "b1"}));
+    EXPECT_EQ(XmPrjTreeGetLastNode(t.tree), XmPrjTreeFindItemOneLevel(t.tree, b, "b1"));
+    // Adding under a shown open row puts the row in its place.
+    Add(t.tree, a, "a2");
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "a2", "b", "b1"}));
+    // Making a hidden node current opens the branches above it.
+    XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
+    XmPrjTreeNode a11 = XmPrjTreeGetNextNode(t.tree, a1);
+    XmPrjTreeSetItem(t.tree, a11, False);
+    EXPECT_EQ(XmPrjTreeGetState(t.tree, a), XmSLAM_OPEN);
+    EXPECT_EQ(Shown(t.tree).size(), 6u);
+    // A current row in a branch that closes keeps its row.
+    XmPrjTreeChangeState(t.tree, a1, XmSLAM_CLOSE);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "a2", "b", "b1"}));
+    XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a11", "b", "b1"}));
+
+    Tree flat(false);
+    XmPrjTreeNode f = Add(flat.tree, nullptr, "f");
+    EXPECT_EQ(XmPrjTreeGetState(flat.tree, f), XmSLAM_UNDEFINED);
+}
+
+TEST(TreeOrder, ArrangeSwapReparentAndSort)
+{
+    Tree t(true);
+    XmPrjTreeNode r1 = Add(t.tree, nullptr, "1", 0, XmSLAM_OPEN);
+    Add(t.tree, r1, "1a");
+    XmPrjTreeNode r2 = Add(t.tree, nullptr, "2");
+    XmPrjTreeNode r3 = Add(t.tree, nullptr, "3");
+    // Moving the first of three to position 3 swaps it with the third.
+    XmPrjTreeSetItemPosition(t.tree, r1, 3);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
+    int order[] = {1, 2, 0};
+    XmPrjTreeArrangeChildren(t.tree, nullptr, order, 3);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"2", "1", "1a", "3"}));
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"2", "1", "1a", "3"}));
+    int partial[] = {1};
+    XmPrjTreeArrangeChildren(t.tree, nullptr, partial, 1);
+    // An order that would drop a child leaves the order as it was.
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"2", "1", "1a", "3"}));
+    XmPrjTreeSortItems(t.tree, False);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"1", "1a", "2", "3"}));
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"1", "1a", "2", "3"}));
+    XtVaSetValues(t.tree, XmNsortDirection, XmSORT_DISCENDING, NULL);
+    XmPrjTreeSortItems(t.tree, False);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
+    XmPrjTreeReparentItem(t.tree, r3, r2);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"2", "3", "1", "1a"}));
+    EXPECT_EQ(XmPrjTreeGetParent(t.tree, r3), r2);
+    XmPrjTreeNode a = r3, b = r2;
+    EXPECT_EQ(XmPrjTreeDefaultSortProc(&a, &b), 1);  // different parents
+}
+
+TEST(TreeAttributes, ColourCharsetIconsAndPerRowStates)
+{
+    Tree t(true);
+    XtVaSetValues(t.tree, XmNslamPolicy, XmSLAM_PER_ROW, NULL);
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a");
+    EXPECT_EQ(XmPrjTreeSetItemForeground(t.tree, a, 5, False), 1);
+    EXPECT_EQ(XmPrjTreeGetItemForeground(t.tree, a), 5u);
+    EXPECT_EQ(XmPrjTreeSetItemCharset(t.tree, a, (char *)XmFONTLIST_DEFAULT_TAG, False), 1);
+    XwkIcon *icon = nullptr, *fruitless = (XwkIcon *)1, *open = nullptr, *closed = nullptr;
+    XmPrjTreeGetItemAttributes(t.tree, a, &icon, nullptr, nullptr, nullptr);
+    EXPECT_EQ(icon, nullptr);
+    XwkIcon fake{};
+    XmPrjTreeSetItemAttributes(t.tree, a, nullptr, nullptr, &fake, nullptr);
+    XmPrjTreeGetItemAttributes(t.tree, a, &icon, &fruitless, &open, &closed);
+    EXPECT_EQ(open, &fake);
+    XwkIcon *wf, *wo, *wc;
+    XmPrjTreeGetDefaultItemAttributes(t.tree, &wf, &wo, &wc);
+    // A null state icon takes the widget's.
+    EXPECT_EQ(fruitless, wf);
+    EXPECT_EQ(closed, wc);
+    EXPECT_NE(wo, nullptr);
+}
+
+}  // namespace

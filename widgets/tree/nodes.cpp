@@ -1,0 +1,1016 @@
+// Rows: adding, deleting, reparenting, finding and walking, per-row
+// attributes.  Every operation works on the mother's data, whichever view
+// it is given.
+#include "widgets/tree/tree.h"
+
+#include <Xm/XmP.h>
+
+#include <cstring>
+
+using namespace xwk::tree;
+
+namespace xwk::tree {
+
+XmPrjTreeItemExtRec *Ext(XmPrjTreeItem item)
+{
+    if (!item->ext)
+        item->ext = (XmPrjTreeItemExtRec *)XtCalloc(1, sizeof(XmPrjTreeItemExtRec));
+    return item->ext;
+}
+
+bool IsRoot(Widget w, XwkTreeNode *node)
+{
+    return node && M(w).tree && node == M(w).tree->root;
+}
+
+void SetFlagOnViews(Widget w, unsigned int flag)
+{
+    for (Widget v : Views(w))
+        P(v).flags |= flag;
+}
+
+}  // namespace xwk::tree
+
+namespace {
+
+bool Usable(Widget w)
+{
+    return IsTree(w) && Alive(w) && M(w).tree;
+}
+
+bool UsableNode(Widget w, XwkTreeNode *node)
+{
+    return Usable(w) && node && Item(node);
+}
+
+char *InlineLabel(XmPrjTreeItem item)
+{
+    return (char *)(item + 1);
+}
+
+XmPrjTreeItem NewItem(const char *label)
+{
+    size_t len = label ? strlen(label) + 1 : 0;
+    auto *item = (XmPrjTreeItem)XtMalloc(sizeof(XmPrjTreeItemRec) + len);
+    memset(item, 0, sizeof(XmPrjTreeItemRec));
+    if (label) {
+        item->label = InlineLabel(item);
+        memcpy(item->label, label, len);
+    }
+    return item;
+}
+
+// Mother of the widget a row was added through, or null once that is gone.
+Widget OwnerOf(XwkTree *tree, XmPrjTreeItem item)
+{
+    (void)tree;
+    if (!item->tree)
+        return nullptr;
+    return Mother(item->tree);
+}
+
+void FreeNode(XwkTreeNode *node, XwkTree *tree)
+{
+    XmPrjTreeItem item = Item(node);
+    if (!item)
+        return;
+    Widget w = OwnerOf(tree, item);
+    if (item->ext && item->ext->deleteProc) {
+        XmPrjTreeDeleteProc proc = item->ext->deleteProc;
+        item->ext->deleteProc = nullptr;
+        proc(node, item->ext->deleteData);
+    }
+    if (w && !w->core.being_destroyed && P(w).deleteCallback)
+        CallCallbacks(w, P(w).deleteCallback, XmCR_TREE_DELETE_ITEM, nullptr, node,
+                      XmTREE_PART_ROW, 0, 0);
+    if (item->xmLabel)
+        XmStringFree(item->xmLabel);
+    if (item->label && item->label != InlineLabel(item))
+        XtFree(item->label);
+    item->xmLabel = nullptr;
+    item->label = nullptr;
+    if (w) {
+        XmPrjTreePart &m = P(w);
+        if (m.cellNodeId == node) {
+            m.cellNodeId = nullptr;
+            m.cellColumn = 0;
+            Widget editor = m.cellActive;
+            m.cellActive = nullptr;
+            if (editor && !editor->core.being_destroyed)
+                XtUnmanageChild(editor);
+        }
+        if (m.currentNode == node) {
+            m.currentNode = nullptr;
+            m.selected = nullptr;
+        }
+        if (m.highlightedNode == node) {
+            m.highlightedNode = nullptr;
+            m.highlightedWidget = nullptr;
+        }
+        if (item->listElement)
+            RemoveVisible(w, node);
+    }
+    if (item->ext) {
+        if (item->ext->cells)
+            l_destroy(item->ext->cells);
+        XtFree((char *)item->ext);
+    }
+    XtFree((char *)item);
+    node->data = nullptr;
+}
+
+bool Due(Widget w, XwkTreeNode *parent, XwkTreeNode *node)
+{
+    XmPrjTreePart &m = M(w);
+    (void)node;
+    if (!m.canSlam)
+        return true;
+    if (parent->parent) {
+        int row = RowOf(w, parent);
+        return !Hidden(w, parent) && RowOnPage(w, row) && ItemState(parent) != XmSLAM_CLOSE;
+    }
+    return true;
+}
+
+// Repaints the rows from node down while they are on the page.
+void UpdateFrom(Widget w, XwkTreeNode *node)
+{
+    XwkTreeNode *seen = nullptr;
+    for (XwkTreeNode *n = node; n && n != seen; n = NextRow(w, n)) {
+        if (Hidden(w, n) || !RowOnPage(w, RowOf(w, n)))
+            break;
+        XmPrjTreeUpdateNode(w, n);
+        seen = n;
+    }
+}
+
+// Counts a row out of the selection, as deletion does.
+void Unselect(Widget w, XwkTreeNode *n)
+{
+    XmPrjTreeItem item = Item(n);
+    unsigned both = XmTREE_ITEM_SELECTED | XmTREE_ITEM_SELECTABLE;
+    if (item && (item->flags & both) == both) {
+        item->flags &= ~XmTREE_ITEM_SELECTED;
+        if (M(w).selectedCount > 0)
+            M(w).selectedCount--;
+    }
+}
+
+bool IsNodeOrChild(XwkTreeNode *current, XwkTreeNode *node)
+{
+    return current && (current == node || current->parent == node);
+}
+
+// The preorder predecessor without the list: the last shown row below the
+// previous sibling, else the parent.
+XwkTreeNode *PreviousWithoutList(Widget w, XwkTreeNode *node)
+{
+    XmPrjTreePart &m = M(w);
+    if (node->prev_sibling) {
+        XwkTreeNode *n = node->prev_sibling;
+        while (n->last_child) {
+            if (m.canSlam) {
+                int s = ItemState(n);
+                if (s == XmSLAM_CLOSE || s == XmSLAM_UNDEFINED)
+                    break;
+            }
+            n = n->last_child;
+        }
+        return n;
+    }
+    if (node->parent && node->parent->parent)
+        return node->parent;
+    return nullptr;
+}
+
+void ResetOrigins(Widget w)
+{
+    for (Widget v : Views(w)) {
+        P(v).topRow = 0;
+        P(v).xOrigin = 0;
+        P(v).lastHScroll = P(v).lastVScroll = -1;
+    }
+}
+
+void RelayoutAndRepaint(Widget w, bool clear)
+{
+    if (P(w).dontMove)
+        return;
+    LayoutPass(w);
+    ConfigureAllScrollBars(w);
+    RepaintAll(w, clear);
+}
+
+bool DescendantOf(XwkTreeNode *node, XwkTreeNode *ancestor)
+{
+    for (XwkTreeNode *n = node; n; n = n->parent)
+        if (n == ancestor)
+            return true;
+    return false;
+}
+
+int CollectList(Widget w, XwkTreeNode *top, bool include_top, bool selected_only, int kind,
+                XtPointer **list)
+{
+    std::vector<XtPointer> out;
+    for (XwkTreeNode *n = include_top ? top : top->first_child; n; n = PreorderNext(n, top)) {
+        XmPrjTreeItem item = Item(n);
+        if (!item)
+            continue;
+        if (selected_only && !(item->flags & XmTREE_ITEM_SELECTED))
+            continue;
+        switch (kind) {
+        case XmTREE_LABEL_LIST: out.push_back(item->label); break;
+        case XmTREE_USER_LIST: out.push_back(item->clientData); break;
+        default: out.push_back(n); break;
+        }
+    }
+    (void)w;
+    if (out.empty()) {
+        *list = nullptr;
+        return 0;
+    }
+    *list = (XtPointer *)XtCalloc(out.size() + 1, sizeof(XtPointer));
+    memcpy(*list, out.data(), out.size() * sizeof(XtPointer));
+    return (int)out.size();
+}
+
+}  // namespace
+
+namespace xwk::tree {
+
+XwkTreeFreeProc TreeFreeProc()
+{
+    return FreeNode;
+}
+
+}  // namespace xwk::tree
+
+extern "C" {
+
+XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label, XwkIcon *icon,
+                               XtPointer clientData, int slamState, XwkIcon *fruitlessIcon,
+                               XwkIcon *openIcon, XwkIcon *closedIcon)
+{
+    if (!Usable(w))
+        return nullptr;
+    Widget mw = Mother(w);
+    XmPrjTreePart &m = P(mw);
+    XmPrjTreePart &v = P(w);
+    if (!parent)
+        parent = m.tree->root;
+    if (parent != m.tree->root && Item(parent) && ItemState(parent) == XmSLAM_UNDEFINED)
+        Item(parent)->slamState = XmSLAM_CLOSE;
+
+    XmPrjTreeItem item = NewItem(label);
+    XwkTreeNode *node = t_tlink(m.tree, parent, item);
+    if (!node) {
+        XtFree((char *)item);
+        return nullptr;
+    }
+    item->tree = w;
+    item->charset = m.defaultCharSet;
+    item->icon = icon;
+    item->clientData = clientData;
+    item->flags = XmTREE_ITEM_SELECTABLE;
+    item->foreground = (unsigned int)mw->core.border_pixel;
+    item->foreground = (unsigned int)((XmManagerWidget)mw)->manager.foreground;
+    item->background = (unsigned int)mw->core.background_pixel;
+    item->slamState = (unsigned char)(slamState < 0 || slamState > XmSLAM_NONE ? XmSLAM_UNDEFINED
+                                                                                : slamState);
+    MeasureItem(w, item);
+    if (v.flags & XmTREE_SIMPLE_ADD)
+        GrowForItem(w, item);
+
+    if (m.canSlam) {
+        if (m.slamPolicy == XmSLAM_PER_ROW) {
+            XmPrjTreeItemExtRec *ext = Ext(item);
+            ext->fruitlessIcon = fruitlessIcon ? fruitlessIcon : m.fruitlessStateIcon;
+            ext->openIcon = openIcon ? openIcon : m.openStateIcon;
+            ext->closedIcon = closedIcon ? closedIcon : m.closedStateIcon;
+        }
+        InsertVisible(mw, node);
+    } else {
+        RowAppended(mw, node);
+    }
+    SetFlagOnViews(mw, XmTREE_ROWS_CHANGED);
+    if (!(v.flags & XmTREE_SIMPLE_ADD))
+        v.flags |= XmTREE_GEOMETRY_STALE;
+    if (v.dontMove || (v.flags & XmTREE_SIMPLE_ADD))
+        return node;
+    if (!Due(w, parent, node))
+        return node;
+
+    Dimension old_width = m.rowWidth, old_height = m.rowHeight;
+    LayoutPass(w);
+    ConfigureAllScrollBars(w);
+    if (!RealizedAndManaged(w) || !node->data)
+        return node;
+    if (m.rowWidth == old_width && m.rowHeight == old_height && !Hidden(w, node) &&
+        RowOnPage(w, RowOf(w, node)))
+        UpdateFrom(w, node);
+    else
+        RepaintAll(w, P(w).clearOnUpdate);
+    return node;
+}
+
+XmPrjTreeNode XmPrjTreeAddSimpleItemToItem(Widget w, XmPrjTreeNode parent, const char *label,
+                                           XwkIcon *icon, XtPointer clientData)
+{
+    if (!Usable(w) || !label)
+        return nullptr;
+    XmPrjTreePart &v = P(w);
+    unsigned int had = v.flags & XmTREE_SIMPLE_ADD;
+    v.flags |= XmTREE_SIMPLE_ADD;
+    XmPrjTreeNode node = XmPrjTreeAddItem(w, parent, label, icon, clientData, XmSLAM_UNDEFINED,
+                                          nullptr, nullptr, nullptr);
+    v.flags = (v.flags & ~XmTREE_SIMPLE_ADD) | had;
+    if (!node || v.dontMove)
+        return node;
+    ConfigureAllScrollBars(w);
+    if (RealizedAndManaged(w))
+        UpdateFrom(w, node);
+    return node;
+}
+
+XmPrjTreeNode XmPrjTreeAddSimpleItem(Widget w, const char *label, XtPointer clientData)
+{
+    return XmPrjTreeAddSimpleItemToItem(w, nullptr, label, nullptr, clientData);
+}
+
+void XmPrjTreeDeleteAllItems(Widget w)
+{
+    if (!Usable(w))
+        return;
+    Widget mw = Mother(w);
+    XmPrjTreePart &m = P(mw);
+    XwkTreeNode *root = m.tree->root;
+    m.currentNode = nullptr;
+    m.selected = nullptr;
+    if (m.visibleList) {
+        // The rows leave the list first, all at once.
+        for (XwkTreeNode *n = root->first_child; n; n = n->next_sibling)
+            for (XwkTreeNode *d = n; d; d = PreorderNext(d, n))
+                if (Item(d))
+                    Item(d)->listElement = nullptr;
+        l_flush(m.visibleList);
+    }
+    XwkTreeNode *child = root->first_child;
+    root->first_child = root->last_child = nullptr;
+    root->nchildren = 0;
+    while (child) {
+        XwkTreeNode *next = child->next_sibling;
+        t_freenode(child, m.tree->free_node, m.tree);
+        child = next;
+    }
+    m.tree->count = 1;
+    m.tree->flags &= ~XWK_TREE_STALE;
+    m.selectedCount = 0;
+    RowsChanged(mw);
+    ResetOrigins(mw);
+    for (Widget v : Views(mw)) {
+        P(v).flags &= ~XmTREE_SCROLLBARS_BUSY;
+        if (P(v).relayoutTimer) {
+            XtRemoveTimeOut(P(v).relayoutTimer);
+            P(v).relayoutTimer = 0;
+        }
+    }
+    if (!P(w).dontMove) {
+        ConfigureAllScrollBars(w);
+        RepaintAll(w, true);
+    }
+    P(w).flags |= XmTREE_GEOMETRY_STALE;
+}
+
+void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
+{
+    if (!UsableNode(w, node) || IsRoot(w, node))
+        return;
+    Widget mw = Mother(w);
+    XmPrjTreePart &m = P(mw);
+    XmPrjTreePart &v = P(w);
+    if (RowCount(w) == 0)
+        return;
+    XwkTreeNode *first = m.tree->root->first_child;
+    if (RowCount(w) == 1 && node == first && (m.canSlam || !first->first_child)) {
+        XmPrjTreeDeleteAllItems(w);
+        return;
+    }
+    bool batch = v.flags & XmTREE_DELETE_BATCH;
+    XwkTreeNode *successor = nullptr;
+    bool make_visible = false;
+    if (batch) {
+        if (IsNodeOrChild(m.currentNode, node)) {
+            m.currentNode = nullptr;
+            m.selected = nullptr;
+        }
+    } else {
+        if (!node->first_child) {
+            Unselect(w, node);
+        } else {
+            for (XwkTreeNode *c = node->first_child; c; c = c->next_sibling)
+                Unselect(w, c);
+        }
+        if (IsNodeOrChild(m.currentNode, node)) {
+            EnsureNumbers(w);
+            if (node->id == 1)
+                successor = node->first_child ? node->first_child : node->next_sibling;
+            else
+                successor = PreviousWithoutList(w, node);
+            if (successor && !IsRoot(w, successor) && !DescendantOf(successor, node)) {
+                m.currentNode = successor;
+                m.selected = Item(successor)->clientData;
+            } else if (successor && DescendantOf(successor, node)) {
+                // A successor inside the doomed subtree cannot stay current.
+                m.currentNode = nullptr;
+                m.selected = nullptr;
+            }
+            if (m.currentNode == node) {
+                m.currentNode = nullptr;
+                m.selected = nullptr;
+            }
+            if (m.currentNode) {
+                XmPrjTreeItem ci = Item(m.currentNode);
+                if ((ci->flags & XmTREE_ITEM_SELECTABLE) && !(ci->flags & XmTREE_ITEM_SELECTED)) {
+                    ci->flags |= XmTREE_ITEM_SELECTED;
+                    m.selectedCount++;
+                }
+                make_visible = true;
+            }
+        }
+    }
+    int row = Hidden(w, node) ? -1 : RowOf(w, node);
+    RemoveSubtreeVisible(mw, node, false);
+    t_delete_node(m.tree, node);
+    RowsChanged(mw);
+    SetFlagOnViews(mw, XmTREE_ROWS_CHANGED);
+    v.flags |= XmTREE_GEOMETRY_STALE;
+    ClampSelectedCount(w);
+    if (!batch && !v.dontMove) {
+        LayoutPass(w);
+        if (RealizedAndManaged(w)) {
+            if (!v.clearOnUpdate && row >= 0 && row >= v.topRow) {
+                int y = RowY(w, row);
+                int bottom = (int)w->core.height - (int)((XmManagerWidget)w)->manager.shadow_thickness;
+                if (y < bottom)
+                    XClearArea(XtDisplay(w), XtWindow(w), 0, y, w->core.width, bottom - y, False);
+            }
+            if (make_visible && m.currentNode)
+                MakeVisible(w, m.currentNode, false, false);
+            ConfigureAllScrollBars(w);
+            RepaintAll(w, v.clearOnUpdate);
+        }
+    }
+    if (!batch)
+        RaiseSelectionChanged(w, XmCR_TREE_SELECTION_CHANGED, nullptr, m.currentNode,
+                              XmTREE_PART_ROW);
+}
+
+void XmPrjTreeAddDeleteItemCallback(Widget w, XmPrjTreeNode node, XmPrjTreeDeleteProc proc,
+                                    XtPointer data)
+{
+    if (!UsableNode(w, node) || !proc)
+        return;
+    XmPrjTreeItemExtRec *ext = Ext(Item(node));
+    ext->deleteProc = proc;
+    ext->deleteData = data;
+}
+
+int XmPrjTreeDeleteChildren(Widget w, XmPrjTreeNode node)
+{
+    if (!Usable(w))
+        return 0;
+    if (!node || IsRoot(w, node)) {
+        int rows = (int)M(w).tree->count - 1;
+        XmPrjTreeDeleteAllItems(w);
+        return rows;
+    }
+    if (!Item(node))
+        return 0;
+    XmPrjTreePart &v = P(w);
+    unsigned int had = v.flags & XmTREE_DELETE_BATCH;
+    v.flags |= XmTREE_DELETE_BATCH;
+    int deleted = 0;
+    while (node->first_child) {
+        XmPrjTreeDeleteItem(w, node->first_child);
+        deleted++;
+    }
+    v.flags = (v.flags & ~XmTREE_DELETE_BATCH) | had;
+    if (!v.dontMove) {
+        LayoutPass(w);
+        ConfigureAllScrollBars(w);
+        RepaintAll(w, true);
+    }
+    if (RowCount(w) == 0) {
+        ResetOrigins(w);
+        M(w).selectedCount = 0;
+    }
+    return deleted ? deleted + 1 : 0;
+}
+
+void XmPrjTreeDeleteItems(Widget w, XmPrjTreeNode *nodes, int n)
+{
+    if (!Usable(w) || !nodes)
+        return;
+    XmPrjTreePart &v = P(w);
+    unsigned int had = v.flags & XmTREE_DELETE_BATCH;
+    v.flags |= XmTREE_DELETE_BATCH;
+    for (int i = 0; i < n; i++)
+        XmPrjTreeDeleteItem(w, nodes[i]);
+    v.flags = (v.flags & ~XmTREE_DELETE_BATCH) | had;
+    if (!v.dontMove) {
+        LayoutPass(w);
+        ConfigureAllScrollBars(w);
+        RepaintAll(w, true);
+    }
+    if (RowCount(w) == 0) {
+        ResetOrigins(w);
+        M(w).selectedCount = 0;
+    }
+}
+
+void XmPrjTreeReparentItem(Widget w, XmPrjTreeNode node, XmPrjTreeNode newParent)
+{
+    if (!UsableNode(w, node) || !newParent || node == newParent)
+        return;
+    Widget mw = Mother(w);
+    XmPrjTreePart &m = P(mw);
+    bool inside = DescendantOf(newParent, node);
+    if (m.canSlam && inside) {
+        RemoveSubtreeVisible(mw, node, false);
+        t_reparent(m.tree, node, newParent);
+        InsertSubtreeVisible(mw, node);
+    } else {
+        t_reparent(m.tree, node, newParent);
+    }
+    RowsChanged(mw);
+    SetFlagOnViews(mw, XmTREE_ROWS_CHANGED);
+    P(w).flags |= XmTREE_GEOMETRY_STALE;
+    RelayoutAndRepaint(w, true);
+}
+
+int XmPrjTreeGetItemPositionFromParent(Widget w, XmPrjTreeNode node)
+{
+    if (!Usable(w) || !node || IsRoot(w, node) || !node->parent || !node->parent->nchildren)
+        return -1;
+    int pos = 1;
+    for (XwkTreeNode *c = node->parent->first_child; c && c != node; c = c->next_sibling)
+        pos++;
+    return pos;
+}
+
+XmPrjTreeNode XmPrjTreeGetItemByPositionFromParent(Widget w, XmPrjTreeNode parent, int position)
+{
+    if (!Usable(w))
+        return nullptr;
+    if (!parent)
+        parent = M(w).tree->root;
+    if (position < 1 || position > (int)parent->nchildren)
+        return nullptr;
+    XwkTreeNode *c = parent->first_child;
+    for (int i = 1; i < position && c; i++)
+        c = c->next_sibling;
+    return c;
+}
+
+XmPrjTreeNode XmPrjTreeGetRoot(Widget w)
+{
+    return Usable(w) ? M(w).tree->root : nullptr;
+}
+
+XmPrjTreeNode XmPrjTreeGetFirstNode(Widget w)
+{
+    if (!Usable(w))
+        return nullptr;
+    XmPrjTreePart &m = M(w);
+    if (!m.tree->root->first_child)
+        return nullptr;
+    if (m.canSlam)
+        return m.visibleList && m.visibleList->first ? (XwkTreeNode *)m.visibleList->first->data
+                                                     : nullptr;
+    return m.tree->root->first_child;
+}
+
+XmPrjTreeNode XmPrjTreeGetLastNode(Widget w)
+{
+    if (!Usable(w))
+        return nullptr;
+    XmPrjTreePart &m = M(w);
+    if (m.canSlam)
+        return m.visibleList && m.visibleList->last ? (XwkTreeNode *)m.visibleList->last->data
+                                                    : nullptr;
+    XwkTreeNode *n = m.tree->root;
+    while (n->last_child)
+        n = n->last_child;
+    return n == m.tree->root ? nullptr : n;
+}
+
+XmPrjTreeNode XmPrjTreeGetNextNode(Widget w, XmPrjTreeNode node)
+{
+    if (!UsableNode(w, node))
+        return nullptr;
+    XwkTreeNode *next = node->first_child ? node->first_child : node->next_sibling;
+    if (!next && M(w).canSlam)
+        next = NextRow(w, node);
+    return next;
+}
+
+XmPrjTreeNode XmPrjTreeGetPreviousNode(Widget w, XmPrjTreeNode node)
+{
+    if (!UsableNode(w, node))
+        return nullptr;
+    XwkTreeNode *prev = PreviousWithoutList(w, node);
+    if (!prev && M(w).canSlam)
+        prev = PrevRow(w, node);
+    return prev;
+}
+
+XmPrjTreeNode XmPrjTreeGetParent(Widget w, XmPrjTreeNode node)
+{
+    if (!Usable(w) || !node || IsRoot(w, node))
+        return nullptr;
+    return node->parent;
+}
+
+int XmPrjTreeGetNodeLevel(Widget w, XmPrjTreeNode node)
+{
+    if (!Usable(w) || !node)
+        return -1;
+    return (int)node->level;
+}
+
+int XmPrjTreeGetNodeNumber(Widget w, XmPrjTreeNode node)
+{
+    if (!Usable(w) || !node)
+        return 0;
+    EnsureNumbers(w);
+    return (int)node->id;
+}
+
+XmPrjTreeNode XmPrjTreeFindFirstChild(Widget w, XmPrjTreeNode node)
+{
+    if (!Usable(w))
+        return nullptr;
+    return (node ? node : M(w).tree->root)->first_child;
+}
+
+XmPrjTreeNode XmPrjTreeFindItemOneLevel(Widget w, XmPrjTreeNode parent, const char *label)
+{
+    if (!Usable(w) || !label)
+        return nullptr;
+    if (!parent)
+        parent = M(w).tree->root;
+    for (XwkTreeNode *c = parent->first_child; c; c = c->next_sibling)
+        if (Item(c) && Item(c)->label && strcmp(Item(c)->label, label) == 0)
+            return c;
+    return nullptr;
+}
+
+XmPrjTreeNode XmPrjTreeFindItemByClientData(Widget w, XtPointer clientData)
+{
+    if (!Usable(w))
+        return nullptr;
+    XwkTreeNode *root = M(w).tree->root;
+    for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root))
+        if (Item(n) && Item(n)->clientData == clientData)
+            return n;
+    return nullptr;
+}
+
+XmPrjTreeNode XmPrjTreeFindItemByNodeNumber(Widget w, int number)
+{
+    // Only the root is ever found: the original search drops what its
+    // recursion into the children returns, and callers rely on that.
+    if (!Usable(w))
+        return nullptr;
+    return number == 0 ? M(w).tree->root : nullptr;
+}
+
+Boolean XmPrjTreeIsParent(Widget w, XmPrjTreeNode parent, XmPrjTreeNode node)
+{
+    // Direct children only, as the original's dropped recursion gives.
+    if (!Usable(w) || !parent || !node)
+        return False;
+    return node->parent == parent;
+}
+
+Boolean XmPrjTreeItemExists(Widget w, XmPrjTreeNode node)
+{
+    if (!Usable(w) || !node)
+        return False;
+    return t_find(M(w).tree, node->id) != nullptr;
+}
+
+Boolean XmPrjTreeItemVisible(Widget w, XmPrjTreeNode node)
+{
+    if (!UsableNode(w, node))
+        return False;
+    if (M(w).canSlam) {
+        XwkTreeNode *a = node->parent;
+        while (a && a->parent && ItemState(a) == XmSLAM_OPEN)
+            a = a->parent;
+        if (a && a->parent)
+            return False;
+    }
+    return RowOnPage(w, RowOf(w, node));
+}
+
+int XmPrjTreeGetItemsCount(Widget w, XmPrjTreeNode node)
+{
+    if (!Usable(w))
+        return 0;
+    if (!node)
+        node = M(w).tree->root;
+    if (!node)
+        return -1;
+    return (int)node->nchildren;
+}
+
+Widget XmPrjTreeGetTreeWidgetFromItem(XmPrjTreeNode node)
+{
+    return node && Item(node) ? Item(node)->tree : nullptr;
+}
+
+char *XmPrjTreeGetNameItem(Widget w, XmPrjTreeNode node)
+{
+    return UsableNode(w, node) ? Item(node)->label : nullptr;
+}
+
+XtPointer XmPrjTreeGetClientData(Widget w, XmPrjTreeNode node)
+{
+    return UsableNode(w, node) ? Item(node)->clientData : nullptr;
+}
+
+XtPointer XmPrjTreeGetClientDataFromNode(XmPrjTreeNode node)
+{
+    return node && Item(node) ? Item(node)->clientData : nullptr;
+}
+
+XtPointer XmPrjTreeGetClientDataFromParent(Widget w, XmPrjTreeNode node)
+{
+    if (!UsableNode(w, node) || !node->parent || !Item(node->parent))
+        return nullptr;
+    return Item(node->parent)->clientData;
+}
+
+void XmPrjTreeSetClientData(Widget w, XmPrjTreeNode node, XtPointer clientData)
+{
+    if (!UsableNode(w, node))
+        return;
+    Item(node)->clientData = clientData;
+    if (M(w).currentNode == node)
+        M(w).selected = clientData;
+}
+
+XmPrjTreeNode XmPrjTreeGetSelectedItem(Widget w)
+{
+    return Usable(w) ? M(w).currentNode : nullptr;
+}
+
+XwkTree *XmPrjTreeGetTreePtr(Widget w)
+{
+    return Usable(w) ? M(w).tree : nullptr;
+}
+
+XmPrjTreeNode XmPrjTreeGetNodePtr(Widget w, XmPrjTreeNode node)
+{
+    return Usable(w) ? node : nullptr;
+}
+
+Pixel XmPrjTreeGetItemForeground(Widget w, XmPrjTreeNode node)
+{
+    return UsableNode(w, node) ? (Pixel)Item(node)->foreground : 0;
+}
+
+int XmPrjTreeSetItemForeground(Widget w, XmPrjTreeNode node, Pixel pixel, Boolean redraw)
+{
+    if (!UsableNode(w, node))
+        return 0;
+    if (Item(node)->foreground == (unsigned int)pixel)
+        return 1;
+    Item(node)->foreground = (unsigned int)pixel;
+    if (redraw)
+        XmPrjTreeUpdateNode(w, node);
+    return 1;
+}
+
+char *XmPrjTreeGetItemCharSet(Widget w, XmPrjTreeNode node)
+{
+    return UsableNode(w, node) ? Item(node)->charset : nullptr;
+}
+
+int XmPrjTreeSetItemCharset(Widget w, XmPrjTreeNode node, char *charset, Boolean redraw)
+{
+    if (!UsableNode(w, node) || !charset)
+        return 0;
+    XmPrjTreeItem item = Item(node);
+    if (item->charset && strcmp(item->charset, charset) == 0)
+        return 1;
+    item->charset = charset;
+    if (item->xmLabel) {
+        XmStringFree(item->xmLabel);
+        item->xmLabel = nullptr;
+    }
+    Dimension old_height = M(w).rowHeight;
+    MeasureItem(w, item);
+    GrowForItem(w, item);
+    if (!redraw || P(w).dontMove)
+        return 1;
+    if (M(w).rowHeight != old_height) {
+        LayoutPass(w);
+        ConfigureAllScrollBars(w);
+        RepaintAll(w, P(w).clearOnUpdate);
+    } else {
+        ConfigureAllScrollBars(w);
+        XmPrjTreeUpdateNode(w, node);
+    }
+    return 1;
+}
+
+void XmPrjTreeGetItemAttributes(Widget w, XmPrjTreeNode node, XwkIcon **icon, XwkIcon **fruitless,
+                                XwkIcon **open, XwkIcon **closed)
+{
+    if (!UsableNode(w, node))
+        return;
+    XmPrjTreeItem item = Item(node);
+    XmPrjTreeItemExtRec *ext = item->ext;
+    if (icon)
+        *icon = item->icon;
+    if (fruitless)
+        *fruitless = ext ? ext->fruitlessIcon : nullptr;
+    if (open)
+        *open = ext ? ext->openIcon : nullptr;
+    if (closed)
+        *closed = ext ? ext->closedIcon : nullptr;
+}
+
+void XmPrjTreeSetItemAttributes(Widget w, XmPrjTreeNode node, XwkIcon *icon, XwkIcon *fruitless,
+                                XwkIcon *open, XwkIcon *closed)
+{
+    if (!UsableNode(w, node))
+        return;
+    XmPrjTreePart &m = M(w);
+    XmPrjTreeItem item = Item(node);
+    item->icon = icon;
+    if (m.slamPolicy == XmSLAM_PER_ROW) {
+        XmPrjTreeItemExtRec *ext = Ext(item);
+        ext->fruitlessIcon = fruitless ? fruitless : m.fruitlessStateIcon;
+        ext->openIcon = open ? open : m.openStateIcon;
+        ext->closedIcon = closed ? closed : m.closedStateIcon;
+    }
+    bool wider = icon && IconWidth(icon) > m.iconWidth;
+    bool taller = icon && IconHeight(icon) > m.rowHeight;
+    if (wider || taller) {
+        P(w).flags |= XmTREE_GEOMETRY_STALE;
+        RelayoutAndRepaint(w, P(w).clearOnUpdate);
+        return;
+    }
+    if (Hidden(w, node))
+        return;
+    XmPrjTreeUpdateNode(w, node);
+}
+
+void XmPrjTreeGetDefaultItemAttributes(Widget w, XwkIcon **fruitless, XwkIcon **open,
+                                       XwkIcon **closed)
+{
+    if (!Usable(w))
+        return;
+    XmPrjTreePart &m = M(w);
+    if (fruitless)
+        *fruitless = m.fruitlessStateIcon;
+    if (open)
+        *open = m.openStateIcon;
+    if (closed)
+        *closed = m.closedStateIcon;
+}
+
+int XmPrjTreeGetSpecifiedList(Widget w, int kind, XtPointer **list)
+{
+    if (list)
+        *list = nullptr;
+    if (!Usable(w) || !list)
+        return 0;
+    return CollectList(w, M(w).tree->root, false, false, kind, list);
+}
+
+int XmPrjTreeGetLabelList(Widget w, char ***list)
+{
+    return XmPrjTreeGetSpecifiedList(w, XmTREE_LABEL_LIST, (XtPointer **)list);
+}
+
+int XmPrjTreeGetUserList(Widget w, XtPointer **list)
+{
+    return XmPrjTreeGetSpecifiedList(w, XmTREE_USER_LIST, list);
+}
+
+int XmPrjTreeGetIdList(Widget w, XmPrjTreeNode **list)
+{
+    return XmPrjTreeGetSpecifiedList(w, XmTREE_ID_LIST, (XtPointer **)list);
+}
+
+int XmPrjTreeGetSelectedSpecifiedList(Widget w, int kind, XtPointer **list)
+{
+    if (list)
+        *list = nullptr;
+    if (!Usable(w) || !list)
+        return 0;
+    return CollectList(w, M(w).tree->root, false, true, kind, list);
+}
+
+int XmPrjTreeGetSelectedLabelList(Widget w, char ***list)
+{
+    return XmPrjTreeGetSelectedSpecifiedList(w, XmTREE_LABEL_LIST, (XtPointer **)list);
+}
+
+int XmPrjTreeGetSelectedUserList(Widget w, XtPointer **list)
+{
+    return XmPrjTreeGetSelectedSpecifiedList(w, XmTREE_USER_LIST, list);
+}
+
+int XmPrjTreeGetSelectedIdList(Widget w, XmPrjTreeNode **list)
+{
+    return XmPrjTreeGetSelectedSpecifiedList(w, XmTREE_ID_LIST, (XtPointer **)list);
+}
+
+int XmPrjTreeGetChildrenUserList(Widget w, XmPrjTreeNode node, Boolean directOnly,
+                                 XtPointer **list)
+{
+    if (list)
+        *list = nullptr;
+    if (!Usable(w) || !list)
+        return 0;
+    if (!node)
+        node = M(w).tree->root;
+    if (!directOnly)
+        return CollectList(w, node, true, false, XmTREE_USER_LIST, list);
+    std::vector<XtPointer> out;
+    for (XwkTreeNode *c = node->first_child; c; c = c->next_sibling)
+        out.push_back(Item(c) ? Item(c)->clientData : nullptr);
+    if (out.empty())
+        return 0;
+    *list = (XtPointer *)XtCalloc(out.size() + 1, sizeof(XtPointer));
+    memcpy(*list, out.data(), out.size() * sizeof(XtPointer));
+    return (int)out.size();
+}
+
+int XmPrjTreeGetSelectedItemCount(Widget w)
+{
+    return Usable(w) ? M(w).selectedCount : 0;
+}
+
+int XmPrjTreeGetSelectedItemsCount(Widget w)
+{
+    return XmPrjTreeGetSelectedItemCount(w);
+}
+
+XmPrjTreeNode XmPrjTreeTourTree(Widget w, XmPrjTreeTourProc proc, XtPointer data)
+{
+    if (!Usable(w) || !proc)
+        return nullptr;
+    XwkTreeNode *root = M(w).tree->root;
+    for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root)) {
+        if (w->core.being_destroyed)
+            return nullptr;
+        if (Item(n) && proc(n, Item(n)->clientData, data))
+            return n;
+    }
+    return nullptr;
+}
+
+XmPrjTreeNode XmPrjTreeTourChildren(Widget w, XmPrjTreeNode node, Boolean directOnly,
+                                    XmPrjTreeTourProc proc, XtPointer data)
+{
+    if (!Usable(w) || !proc)
+        return nullptr;
+    if (!node)
+        node = M(w).tree->root;
+    for (XwkTreeNode *n = node->first_child; n;
+         n = directOnly ? n->next_sibling : PreorderNext(n, node)) {
+        if (w->core.being_destroyed)
+            return nullptr;
+        if (Item(n) && proc(n, Item(n)->clientData, data))
+            return n;
+    }
+    return nullptr;
+}
+
+XmPrjTreeNode XmPrjTreeTourSelected(Widget w, XmPrjTreeTourProc proc, XtPointer data)
+{
+    if (!Usable(w) || !proc)
+        return nullptr;
+    XwkTreeNode *root = M(w).tree->root;
+    for (XwkTreeNode *top = root->first_child; top; top = top->next_sibling) {
+        for (XwkTreeNode *n = top; n; n = PreorderNext(n, top)) {
+            if (w->core.being_destroyed)
+                return nullptr;
+            XmPrjTreeItem item = Item(n);
+            if (!item || !(item->flags & XmTREE_ITEM_SELECTED))
+                continue;
+            if (proc(n, item->clientData, data))
+                return n == top ? n : top;
+        }
+    }
+    return nullptr;
+}
+
+}  // extern "C"
