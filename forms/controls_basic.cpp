@@ -130,8 +130,9 @@ unsigned char separator_type(int style)
 
 void SetLabel(XwkDeskRec *desk, float x_cm, float y_cm, const char *text, XwkDeskItem **out)
 {
+    XwkDeskItem *unused = nullptr;
     if (!out)
-        return;
+        out = &unused;  // the control is made all the same
     *out = nullptr;
     XwkDeskItem *item = new_item(desk, sizeof(XwkDeskItem));
     if (!item)
@@ -153,8 +154,9 @@ void SetLabel(XwkDeskRec *desk, float x_cm, float y_cm, const char *text, XwkDes
 
 void SetButton(XwkDeskRec *desk, float x_cm, float y_cm, const char *text, XwkDeskItem **out)
 {
+    XwkDeskItem *unused = nullptr;
     if (!out)
-        return;
+        out = &unused;  // the control is made all the same
     *out = nullptr;
     XwkButtonItem *button = (XwkButtonItem *)new_item(desk, sizeof(XwkButtonItem));
     if (!button)
@@ -195,8 +197,9 @@ void GetButton(XwkDeskItem *item, int *pressed)
 void SetSeparator(XwkDeskRec *desk, float x_cm, float y_cm, float length_cm, int style,
                   XwkDeskItem **out)
 {
+    XwkDeskItem *unused = nullptr;
     if (!out)
-        return;
+        out = &unused;  // the control is made all the same
     *out = nullptr;
     XwkDeskItem *item = new_item(desk, sizeof(XwkDeskItem));
     if (!item)

@@ -199,8 +199,9 @@ void SetEditMultiField(XwkDeskRec *desk, float x_cm, float y_cm, const char *lab
                        void *value, int type, int length, int rows, int columns,
                        XwkDeskItem **out)
 {
+    XwkDeskItem *unused = nullptr;
     if (!out)
-        return;
+        out = &unused;  // the control is made all the same
     *out = nullptr;
     XwkEditItem *field = (XwkEditItem *)new_item(desk, sizeof(XwkEditItem));
     if (!field)

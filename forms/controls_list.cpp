@@ -40,8 +40,9 @@ void SetScrolledListExt(XwkDeskRec *desk, float x_cm, float y_cm, const char *ti
                         const char *items, int count, int visible, int *selected, int policy,
                         XwkDeskItem **out)
 {
+    XwkDeskItem *unused = nullptr;
     if (!out)
-        return;
+        out = &unused;  // the control is made all the same
     *out = nullptr;
     XwkListItem *record = (XwkListItem *)new_item(desk, sizeof(XwkListItem));
     if (!record)

@@ -81,8 +81,9 @@ void option_chosen(Widget w, XtPointer client_data, XtPointer)
 void SetRadioBox(XwkDeskRec *desk, float x_cm, float y_cm, const char *title, const char *items,
                  int count, int selected, XwkDeskItem **out)
 {
+    XwkDeskItem *unused = nullptr;
     if (!out)
-        return;
+        out = &unused;  // the control is made all the same
     *out = nullptr;
     XwkToggleItem *radio = (XwkToggleItem *)new_item(desk, sizeof(XwkToggleItem));
     if (!radio)
@@ -139,8 +140,9 @@ void ChangeRadioBox(XwkDeskItem *item, int selected)
 void SetCheckBox(XwkDeskRec *desk, float x_cm, float y_cm, const char *title, const char *items,
                  int count, int *states, XwkDeskItem **out)
 {
+    XwkDeskItem *unused = nullptr;
     if (!out)
-        return;
+        out = &unused;  // the control is made all the same
     *out = nullptr;
     XwkToggleItem *check = (XwkToggleItem *)new_item(desk, sizeof(XwkToggleItem));
     if (!check)
@@ -202,8 +204,9 @@ void GetCheckBox(XwkDeskItem *item, int *states)
 void SetOptionMenu(XwkDeskRec *desk, float x_cm, float y_cm, const char *title, int,
                    const char *items, int count, int selected, XwkDeskItem **out)
 {
+    XwkDeskItem *unused = nullptr;
     if (!out)
-        return;
+        out = &unused;  // the control is made all the same
     *out = nullptr;
     XwkOptionItem *option = (XwkOptionItem *)new_item(desk, sizeof(XwkOptionItem));
     if (!option)
