@@ -107,7 +107,7 @@ protected:
 TEST_F(Prompt, OneLineTypedAndConfirmed)
 {
     char buffer[32] = "old";
-    Dimension min_h = 0, max_h = 0, height = 0;
+    int min_h = 0, max_h = 0, height = 0;  // WMShell keeps its size hints as int
     std::string field_name;
     when_prompt_up(&step, [&] {
         Widget shell = XtParent(prompt());
