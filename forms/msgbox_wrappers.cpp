@@ -28,7 +28,7 @@ struct DialogType {
     int buttons;
 };
 
-DialogType dialog_type(int type)
+DialogType GetXwkDialogType(int type)
 {
     switch (type) {
     case XWK_DIALOG_ERROR: return {1, "Error", 2};
@@ -48,7 +48,7 @@ bool box_or_parents_going(Widget box, const bool *gone)
 
 int XwkShowStdDialog(Widget w, const char *title, const char *text, int type)
 {
-    DialogType t = dialog_type(type);
+    DialogType t = GetXwkDialogType(type);
     int result = condit(w, title ? title : t.title, t.kind, smi18n_gettext(text ? text : ""),
                         nullptr, 0, 1, t.buttons);
     return result == 2 ? 0 : result;
@@ -95,7 +95,7 @@ int XwkShowDialogWithToggleExt(Widget w, const char *title, const char *text, co
         if (XtAppPending(xwkApp))
             XtAppProcessEvent(xwkApp, XtIMAll);
     }
-    DialogType t = dialog_type(type);
+    DialogType t = GetXwkDialogType(type);
     int buttons = nlabels ? XWK_BUTTONS_LABELS : t.buttons;
     int d = default_button < 0 ? -default_button : default_button;
     condit(w, title ? title : t.title, t.kind, text ? text : "", labels, nlabels, -(d ? d : 1),

@@ -129,6 +129,58 @@ TEST_F(MessageBox, KindsNamesAndIcons)
     }
 }
 
+TEST_F(MessageBox, OwnIconReplacesTheKinds)
+{
+    static const char *green[] = {"8 8 1 1", "g c #00FF00", "gggggggg", "gggggggg", "gggggggg",
+                                  "gggggggg", "gggggggg", "gggggggg", "gggggggg", "gggggggg"};
+    xwkConditIcon = XwkIconCreateFromData(xwkTopLevel, (char **)green);
+    ASSERT_NE(xwkConditIcon, nullptr);
+    int painted = 0;
+    Dimension width = 0;
+    boxdriver::when_up(&step, [&] {
+        Widget icon = xwktest::FindWidgetOfClass(xwkConditWidget, xmDrawnButtonWidgetClass);
+        width = icon->core.width;
+        xwktest::Capture shot(icon);
+        painted = shot.Count(0x00FF00, 0, 0, shot.width(), shot.height());
+        click(1);
+    });
+    condit(nullptr, "Own icon", 1, "Any kind", nullptr, 0, 1, 2);
+    xwkConditIcon = nullptr;
+    EXPECT_EQ(painted, 64);
+    EXPECT_EQ(width, 8 + 4);
+}
+
+TEST_F(MessageBox, ShortTextAndButtonsStandCentred)
+{
+    int top = -1, expected_top = -2, left = -1, expected_left = -2;
+    Step grown;
+    auto measure = [&] {
+        std::vector<Widget> labels;
+        collect(xwkConditWidget, "xwkConditLabel", &labels);
+        Widget form = XtParent(labels[0]);
+        XtVaGetValues(labels[0], XmNtopOffset, &top, NULL);
+        expected_top = ((int)form->core.height - (int)labels[0]->core.height) / 2;
+        Widget row = XtParent(boxdriver::button(1));
+        XtVaGetValues(row, XmNleftOffset, &left, NULL);
+        expected_left = ((int)xwkConditWidget->core.width - (int)row->core.width) / 2;
+    };
+    boxdriver::when_up(&step, [&] {
+        // The user makes the box larger: text and buttons follow to the middle.
+        Widget shell = XtParent(xwkConditWidget);
+        XtVaSetValues(shell, XtNwidth, shell->core.width + 200, XtNheight,
+                      shell->core.height + 100, NULL);
+        grown.ready = [&] {
+            measure();
+            return top > 0 && left > 0;
+        };
+        grown.action = [] { click(1); };
+        XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &grown);
+    });
+    condit(nullptr, "Centred", 4, "One short line", nullptr, 0, 1, 2);
+    EXPECT_EQ(top, expected_top);
+    EXPECT_EQ(left, expected_left);
+}
+
 TEST_F(MessageBox, ButtonSetsAndNumbers)
 {
     std::vector<std::string> labels;
