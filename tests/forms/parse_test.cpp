@@ -95,6 +95,27 @@ TEST(Parameters, MissingFieldOpensTheErrorBox)
     EXPECT_EQ(seen_name, "xwkError");
     EXPECT_EQ(seen_title, "Error");
     EXPECT_EQ(xwkConditWidget, nullptr);
+
+    // Reading a configuration file, the box names the file and the line.
+    static char file[] = "tools.ini";
+    xwkConfigFileName = file;
+    xwkConfigFileLine = 12;
+    std::string text;
+    boxdriver::when_up(&step, [&] {
+        Widget label = xwktest::FindWidget(xwkConditWidget, "xwkConditLabel");
+        XmString s = nullptr;
+        XtVaGetValues(label, XmNlabelString, &s, NULL);
+        char *plain = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT,
+                                              nullptr, 0, XmOUTPUT_ALL);
+        text = plain;
+        XtFree(plain);
+        XmStringFree(s);
+        xwktest::ClickCenter(boxdriver::button(1));
+    });
+    EXPECT_EQ(GetParameter("a", out, 2), 0);
+    EXPECT_EQ(text, "tools.ini(12):  Not enough one or more parameters.");
+    xwkConfigFileName = nullptr;
+    xwkConfigFileLine = 0;
 }
 
 TEST(ArgList, WordsQuotesAndBackslashes)
