@@ -145,6 +145,7 @@ TEST_F(MessageBox, OwnIconReplacesTheKinds)
         click(1);
     });
     condit(nullptr, "Own icon", 1, "Any kind", nullptr, 0, 1, 2);
+    XwkIconFree(xwkTopLevel, xwkConditIcon);
     xwkConditIcon = nullptr;
     EXPECT_EQ(painted, 64);
     EXPECT_EQ(width, 8 + 4);
