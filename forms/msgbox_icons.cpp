@@ -4,6 +4,9 @@
 
 #include "msgbox_private.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 
 // clang-format off
@@ -167,13 +170,24 @@ const char *const warning_xpm[] = {
 
 }  // namespace
 
+// Pixmaps belong to one screen and depth: the icons are kept per screen, so
+// that a box on a second screen never draws a picture of the first.
 XwkIcon *xwk_kind_icon(Widget w, int kind)
 {
-    static XwkIcon *icons[4];
+    struct Kept {
+        Screen *screen;
+        XwkIcon *icons[4];
+    };
+    static std::vector<Kept> kept;
     static const char *const *pictures[4] = {error_xpm, information_xpm, question_xpm, warning_xpm};
-    if (kind < 1 || kind > 4)
+    if (!w || kind < 1 || kind > 4)
         return nullptr;
-    if (!icons[kind - 1])
-        icons[kind - 1] = XwkIconCreateFromData(w, (char **)pictures[kind - 1]);
-    return icons[kind - 1];
+    Screen *screen = XtScreenOfObject(w);
+    auto it = std::find_if(kept.begin(), kept.end(), [&](const Kept &k) { return k.screen == screen; });
+    if (it == kept.end())
+        it = kept.insert(kept.end(), Kept{screen, {}});
+    XwkIcon *&icon = it->icons[kind - 1];
+    if (!icon)
+        icon = XwkIconCreateFromData(w, (char **)pictures[kind - 1]);
+    return icon;
 }

@@ -129,6 +129,31 @@ TEST_F(MessageBox, KindsNamesAndIcons)
     }
 }
 
+TEST_F(MessageBox, IconsOnTheSecondScreen)
+{
+    // The error picture once on each screen: each box draws its own screen's.
+    Widget pseudo = xwktest::PseudoColorShell();
+    XtRealizeWidget(pseudo);
+    for (Widget parent : {xwkTopLevel, pseudo, xwkTopLevel}) {
+        Screen *screen = nullptr;
+        bool drawn = false;
+        boxdriver::when_up(&step, [&] {
+            Widget icon = xwktest::FindWidgetOfClass(xwkConditWidget, xmDrawnButtonWidgetClass);
+            screen = XtScreen(icon);
+            xwktest::Capture shot(icon);
+            // Any pixel other than the background: the picture is there.
+            unsigned long background = shot.Pixel(0, 0);
+            drawn = shot.Count(background, 0, 0, shot.width(), shot.height()) <
+                    shot.width() * shot.height();
+            // The test pointer moves on the first screen only.
+            xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+        });
+        EXPECT_EQ(condit(parent, "Screens", 1, "Which screen?", nullptr, 0, 1, 2), 0);
+        EXPECT_EQ(screen, XtScreen(parent));
+        EXPECT_TRUE(drawn);
+    }
+}
+
 TEST_F(MessageBox, OwnIconReplacesTheKinds)
 {
     static const char *green[] = {"8 8 1 1", "g c #00FF00", "gggggggg", "gggggggg", "gggggggg",
