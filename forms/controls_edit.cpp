@@ -260,14 +260,10 @@ void SetEditMultiField(XwkDeskRec *desk, float x_cm, float y_cm, const char *lab
     Dimension t = 0;
     if (frame)
         XtVaGetValues(frame, XmNshadowThickness, &t, NULL);
-    Widget sized = frame ? XtParent(field->text) : field->text;
-    int w = sized->core.width + 2 * t;
-    int h = sized->core.height + 2 * t;
-    if (frame) {
-        w = field->text->core.width + 2 * t;
-        h = field->text->core.height + 2 * t;
+    int w = field->text->core.width + 2 * t;
+    int h = field->text->core.height + 2 * t;
+    if (frame)
         add_scroll_bars(field, frame, &w, &h);
-    }
     arrange(field, main, gap, g, x, w, h);
     watch_item(item, form);
     raise_extent(item, x, y);
