@@ -319,14 +319,13 @@ void layout_base(Widget base, XtPointer client_data, XEvent *event, Boolean *)
         XtMapWidget(shell);
 }
 
-void focus_default(Widget base, XtPointer client_data, XtPointer)
+void focus_default(Widget, XtPointer client_data, XtPointer)
 {
     Widget row = (Widget)client_data;
     XtPointer def = nullptr;
     XtVaGetValues(row, XmNuserData, &def, NULL);
     if (def)
         XmProcessTraversal((Widget)def, XmTRAVERSE_CURRENT);
-    (void)base;
 }
 
 Widget create_action_row(Widget base, const std::vector<std::string> &labels, XwkConditCell *cell,

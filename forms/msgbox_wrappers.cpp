@@ -39,11 +39,6 @@ DialogType GetXwkDialogType(int type)
     }
 }
 
-bool box_or_parents_going(Widget box, const bool *gone)
-{
-    return xwk_condit_box_gone(box, gone);
-}
-
 }  // namespace
 
 int XwkShowStdDialog(Widget w, const char *title, const char *text, int type)
@@ -125,10 +120,10 @@ int XwkShowDialogWithToggleExt(Widget w, const char *title, const char *text, co
     XwkConditCell *cell = xwk_condit_cell(box);
     bool gone = false;
     cell->gone = &gone;
-    while (!gone && cell->answer < 0 && !box_or_parents_going(box, &gone))
+    while (!gone && cell->answer < 0 && !xwk_condit_box_gone(box, &gone))
         XtAppProcessEvent(xwkApp, XtIMAll);
     int result = -1;
-    if (!gone && !box_or_parents_going(box, &gone)) {
+    if (!gone && !xwk_condit_box_gone(box, &gone)) {
         cell->gone = nullptr;
         if (flag)
             *flag = XmToggleButtonGetState(check);
