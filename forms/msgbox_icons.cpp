@@ -178,7 +178,8 @@ XwkIcon *xwk_kind_icon(Widget w, int kind)
         Screen *screen;
         XwkIcon *icons[4];
     };
-    static std::vector<Kept> kept;
+    // Never destroyed: the icons stay for the whole process.
+    static std::vector<Kept> &kept = *new std::vector<Kept>;
     static const char *const *pictures[4] = {error_xpm, information_xpm, question_xpm, warning_xpm};
     if (!w || kind < 1 || kind > 4)
         return nullptr;
