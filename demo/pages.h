@@ -8,5 +8,6 @@ Widget demo_page_frame(Widget parent);
 Widget demo_page_colours(Widget parent);
 Widget demo_page_companions(Widget parent);
 Widget demo_page_treelist(Widget parent);
+Widget demo_page_dialogs(Widget parent);
 
 #endif

@@ -34,6 +34,7 @@ static const struct {
     {"Desk forms", demo_page_frame},
     {"Colours and images", demo_page_colours},
     {"Combo boxes and panes", demo_page_companions},
+    {"Dialogs", demo_page_dialogs},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 

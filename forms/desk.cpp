@@ -4,6 +4,8 @@
 #include <Xwk/Strings.h>
 #include <Xwk/Text.h>
 
+#include "forms_private.h"
+
 #include <Xm/XmP.h>
 #include <Xm/DialogS.h>
 #include <Xm/Form.h>
@@ -202,6 +204,11 @@ void hand_over_help(XwkDeskRec *desk)
 
 }  // namespace
 
+bool xwk_desk_is_valid(XwkDeskRec *desk)
+{
+    return is_valid(desk);
+}
+
 void CreateDesk(Widget parent, float x_cm, float y_cm, const char *title, XwkDeskRec **out)
 {
     if (!out)
@@ -355,16 +362,14 @@ void CloseDesk(XwkDeskRec *desk)
     XtDestroyWidget(shell);
 }
 
-void GetDeskItemSize(Widget item, float *w_cm, float *h_cm)
+void GetDeskItemSize(XwkDeskItem *item, float *w_cm, float *h_cm)
 {
     if (!item) {
         if (w_cm) *w_cm = 0;
         if (h_cm) *h_cm = 0;
         return;
     }
-    Dimension w = 0, h = 0;
-    XtVaGetValues(item, XtNwidth, &w, XtNheight, &h, NULL);
-    pix_cm(w, h, w_cm, h_cm);
+    pix_cm(item->width, item->height, w_cm, h_cm);
 }
 
 void XwkSetParentWidget(Widget w)
@@ -392,7 +397,7 @@ void closedesk_(XwkDeskRec **desk)
     CloseDesk(desk ? *desk : nullptr);
 }
 
-void getdeskitemsize_(Widget *item, float *w_cm, float *h_cm)
+void getdeskitemsize_(XwkDeskItem **item, float *w_cm, float *h_cm)
 {
     GetDeskItemSize(item ? *item : nullptr, w_cm, h_cm);
 }

@@ -16,6 +16,7 @@
 #include <Xwk/Graphics.h>
 #include <Xwk/ComboBox.h>
 #include <Xwk/PanedW.h>
+#include <Xwk/Dialogs.h>
 #include <Xwk/PrjTree.h>
 
 #endif

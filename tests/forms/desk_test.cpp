@@ -254,12 +254,15 @@ TEST(Desk, ByReferenceForms)
     ASSERT_NE(desk, nullptr);
     EXPECT_EQ(desk->origin_x, 28);
     EXPECT_EQ(desk->origin_y, 14);
+    XwkDeskItem *label = nullptr;
+    SetLabel(desk, 0.5f, 0.5f, "Sized", &label);
+    ASSERT_NE(label, nullptr);
     opendesk_(&desk);
     xwktest::WaitViewable(desk->buttons[0]);
     float w = 0, h = 0;
-    getdeskitemsize_(&desk->buttons[0], &w, &h);
+    getdeskitemsize_(&label, &w, &h);
     float ew, eh;
-    pix_cm(desk->buttons[0]->core.width, desk->buttons[0]->core.height, &ew, &eh);
+    pix_cm(label->widget->core.width, label->widget->core.height, &ew, &eh);
     EXPECT_EQ(w, ew);
     EXPECT_EQ(h, eh);
     xwktest::ClickCenter(desk->buttons[1]);

@@ -103,6 +103,16 @@ TEST(TreeClass, ResourcesRepTypesAndCreators)
         EXPECT_NE(XmRepTypeGetId((String)name), XmREP_TYPE_INVALID) << name;
     EXPECT_TRUE(XmRepTypeValidValue(XmRepTypeGetId((String) "slamState"), XmSLAM_NONE, nullptr));
     EXPECT_FALSE(XmRepTypeValidValue(XmRepTypeGetId((String) "slamState"), 4, nullptr));
+    String *names = XmRepTypeGetNameList(XmRepTypeGetId((String) "slamState"), False);
+    ASSERT_NE(names, nullptr);
+    int count = 0;
+    while (names[count])
+        count++;
+    EXPECT_EQ(count, 4);
+    EXPECT_STREQ(names[3], "slam_none");
+    for (int i = 0; i < count; i++)
+        XtFree(names[i]);
+    XtFree((char *)names);
 
     Boolean slam = True, dash = False;
     Dimension pad = 0;

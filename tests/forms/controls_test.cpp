@@ -1,0 +1,536 @@
+// Desk controls driven by real input: what the user clicks and types is
+// what Get... reads; sizes and extents follow the controls.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/XmP.h>
+#include <Xm/DrawnB.h>
+#include <Xm/Frame.h>
+#include <Xm/List.h>
+#include <Xm/PushB.h>
+#include <Xm/RowColumn.h>
+#include <Xm/Separator.h>
+#include <Xm/Text.h>
+#include <Xm/ToggleB.h>
+#include <X11/keysym.h>
+
+#include <string.h>
+
+#include <string>
+
+#include "xwktest.h"
+
+namespace {
+
+XwkDeskRec *new_desk(const char *title = "Controls")
+{
+    xwktest::StartApp();
+    XwkDeskRec *desk = nullptr;
+    CreateDesk(nullptr, 1.0f, 1.0f, title, &desk);
+    return desk;
+}
+
+void open(XwkDeskRec *desk)
+{
+    OpenDesk(desk);
+    xwktest::WaitViewable(desk->buttons[0]);
+    xwktest::Settle();
+}
+
+// Runs events until the desk answers, as the prompts do.
+int poll_desk(XwkDeskRec *desk)
+{
+    for (int i = 0; i < 500; i++) {
+        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
+            return 0;
+        int result = 0;
+        UseDesk(desk, &result);
+        if (result != 0)
+            return result;
+    }
+    return 0;
+}
+
+std::string name_of(Widget w)
+{
+    return w ? XtName(w) : "";
+}
+
+}  // namespace
+
+TEST(Controls, LabelButtonAndSeparatorRaiseTheExtents)
+{
+    XwkDeskRec *desk = new_desk();
+    XwkDeskItem *label = nullptr, *button = nullptr, *line = nullptr;
+    SetLabel(desk, 0.5f, 0.5f, "Two\nlines", &label);
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(name_of(label->widget), "xwkLabel");
+    EXPECT_EQ(XtParent(label->widget), desk->work);
+    EXPECT_EQ(label->width, label->widget->core.width);
+    EXPECT_EQ(desk->extent_w, 14 + label->width);
+    EXPECT_EQ(desk->extent_h, 14 + label->height);
+
+    SetButton(desk, 4.0f, 2.0f, "Press", &button);
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(name_of(button->widget), "xwkButton");
+    Dimension mw = 0, shadow = 0, highlight = 0;
+    XtVaGetValues(button->widget, XmNmarginWidth, &mw, XmNshadowThickness, &shadow,
+                  XmNhighlightThickness, &highlight, NULL);
+    EXPECT_EQ(button->width, button->widget->core.width + 2 * (mw + shadow + highlight))
+        << "margins count twice";
+    EXPECT_EQ(desk->extent_w, 112 + button->width);
+    EXPECT_EQ(desk->extent_h, 56 + button->height);
+
+    unsigned short w = desk->extent_w, h = desk->extent_h;
+    SetSeparator(desk, 0.0f, 4.0f, 200.0f, 4, &line);
+    ASSERT_NE(line, nullptr);
+    unsigned char type = 0, orientation = 0, right = 0;
+    XtVaGetValues(line->widget, XmNseparatorType, &type, XmNorientation, &orientation,
+                  XmNrightAttachment, &right, NULL);
+    EXPECT_EQ(type, XmDOUBLE_LINE);
+    EXPECT_EQ(orientation, XmHORIZONTAL);
+    EXPECT_EQ(right, XmATTACH_FORM) << "longer than the screen: up to the edge";
+    EXPECT_EQ(desk->extent_w, w);
+    EXPECT_EQ(desk->extent_h, h);
+    XwkDeskItem *vertical = nullptr;
+    SetSeparator(desk, 8.0f, 0.0f, -2.0f, 9, &vertical);
+    XtVaGetValues(vertical->widget, XmNseparatorType, &type, XmNorientation, &orientation, NULL);
+    EXPECT_EQ(type, XmSHADOW_ETCHED_IN);
+    EXPECT_EQ(orientation, XmVERTICAL);
+    EXPECT_EQ(vertical->widget->core.height, 56);
+
+    open(desk);
+    int pressed = 5;
+    xwktest::ClickCenter(button->widget);
+    xwktest::Settle();
+    GetButton(button, &pressed);
+    EXPECT_EQ(pressed, 1);
+    GetButton(button, &pressed);
+    EXPECT_EQ(pressed, 0) << "read and cleared";
+    float wcm = 0, hcm = 0;
+    GetDeskItemSize(button, &wcm, &hcm);
+    EXPECT_FLOAT_EQ(wcm, button->width / 28.0f);
+    CloseDesk(desk);
+}
+
+TEST(Controls, InvalidDeskGivesNull)
+{
+    xwktest::StartApp();
+    XwkDeskItem *item = (XwkDeskItem *)1;
+    SetLabel(nullptr, 0, 0, "x", &item);
+    EXPECT_EQ(item, nullptr);
+    XwkDeskRec fake = {};
+    fake.self = &fake;
+    item = (XwkDeskItem *)1;
+    SetEditField(&fake, 0, 0, "x", 0, nullptr, 4, 10, 5, &item);
+    EXPECT_EQ(item, nullptr) << "a record that only looks valid";
+}
+
+TEST(Controls, RadioBoxesByClicks)
+{
+    XwkDeskRec *desk = new_desk();
+    XwkDeskItem *radio = nullptr, *stretched = nullptr;
+    SetRadioBox(desk, 0.5f, 0.5f, "Colour", "Red\0Green\0Blue", 3, 2, &radio);
+    ASSERT_NE(radio, nullptr);
+    XwkToggleItem *r = (XwkToggleItem *)radio;
+    EXPECT_EQ(name_of(radio->widget), "xwkFrame");
+    EXPECT_EQ(name_of(r->title), "xwkLabel");
+    EXPECT_EQ(name_of(r->toggles[0]), "xwkRadioBox");
+    EXPECT_EQ(r->count, 3);
+    SetRadioBox(desk, 6.0f, 0.5f, "Wide", "A\0B\0C", -3, 0, &stretched);
+    unsigned char right = 0;
+    XtVaGetValues(stretched->widget, XmNrightAttachment, &right, NULL);
+    EXPECT_EQ(right, XmATTACH_FORM);
+    EXPECT_EQ(((XwkToggleItem *)stretched)->count, 3);
+    open(desk);
+
+    int selected = 0;
+    GetRadioBox(radio, &selected);
+    EXPECT_EQ(selected, 2);
+    GetRadioBox(stretched, &selected);
+    EXPECT_EQ(selected, 0) << "0 leaves all off";
+    xwktest::ClickCenter(r->toggles[2]);
+    xwktest::Settle();
+    GetRadioBox(radio, &selected);
+    EXPECT_EQ(selected, 3);
+    EXPECT_FALSE(XmToggleButtonGetState(r->toggles[1]));
+    changeradiobox_(&radio, &(selected = 1));
+    getradiobox_(&radio, &selected);
+    EXPECT_EQ(selected, 1);
+    CloseDesk(desk);
+}
+
+TEST(Controls, CheckBoxesAloneAndFramed)
+{
+    XwkDeskRec *desk = new_desk();
+    XwkDeskItem *single = nullptr, *group = nullptr;
+    int initial[] = {1, 0, 1};
+    SetCheckBox(desk, 0.5f, 0.5f, "Hidden title", "Alone", 1, nullptr, &single);
+    SetCheckBox(desk, 0.5f, 2.0f, "Options", "One\0Two\0Three", 3, initial, &group);
+    ASSERT_NE(single, nullptr);
+    ASSERT_NE(group, nullptr);
+    XwkToggleItem *s = (XwkToggleItem *)single, *g = (XwkToggleItem *)group;
+    EXPECT_EQ(s->title, nullptr) << "a lone check box has no frame and no title";
+    EXPECT_EQ(XtParent(single->widget), desk->work);
+    EXPECT_EQ(name_of(s->toggles[0]), "xwkCheckBox");
+    EXPECT_EQ(name_of(group->widget), "xwkFrame");
+    EXPECT_NE(g->title, nullptr);
+    open(desk);
+
+    xwktest::ClickCenter(s->toggles[0]);
+    xwktest::ClickCenter(g->toggles[1]);
+    xwktest::ClickCenter(g->toggles[2]);
+    xwktest::Settle();
+    int one = 0, three[3] = {};
+    GetCheckBox(single, &one);
+    getcheckbox_(&group, three);
+    EXPECT_EQ(one, 1);
+    EXPECT_EQ(three[0], 1);
+    EXPECT_EQ(three[1], 1);
+    EXPECT_EQ(three[2], 0);
+    CloseDesk(desk);
+}
+
+TEST(Controls, OptionMenuFollowsTheChoice)
+{
+    XwkDeskRec *desk = new_desk();
+    XwkDeskItem *option = nullptr;
+    SetOptionMenu(desk, 0.5f, 0.5f, "Size", 0, "Small\0Medium\0Large", 3, 7, &option);
+    ASSERT_NE(option, nullptr);
+    XwkOptionItem *o = (XwkOptionItem *)option;
+    EXPECT_EQ(name_of(option->widget), "xwkOptionMenu");
+    EXPECT_EQ(name_of(o->pulldown), "xwkPulldownMenu");
+    EXPECT_EQ(name_of(o->buttons[1]), "Medium");
+    int selected = 0;
+    GetOptionMenu(option, &selected);
+    EXPECT_EQ(selected, 3) << "clamped to the count";
+    Widget history = nullptr;
+    XtVaGetValues(option->widget, XmNmenuHistory, &history, NULL);
+    EXPECT_EQ(history, o->buttons[2]);
+    open(desk);
+
+    Widget cascade = XmOptionButtonGadget(option->widget);
+    xwktest::Click(option->widget, cascade->core.x + cascade->core.width / 2,
+                   cascade->core.y + cascade->core.height / 2);
+    ASSERT_TRUE(xwktest::WaitViewable(o->buttons[0]));
+    // The posted menu starts on the present choice; up twice is the first.
+    Display *dpy = XtDisplay(option->widget);
+    xwktest::Settle();
+    xwktest::PressKey(dpy, XK_Up);
+    xwktest::PressKey(dpy, XK_Up);
+    xwktest::PressKey(dpy, XK_Return);
+    xwktest::PumpUntil([&] { getoptionmenu_(&option, &selected); return selected == 1; });
+    EXPECT_EQ(selected, 1);
+    CloseDesk(desk);
+}
+
+TEST(Controls, ScrolledListsSelectAndScroll)
+{
+    XwkDeskRec *desk = new_desk();
+    XwkDeskItem *list = nullptr, *first = nullptr, *last = nullptr, *multi = nullptr;
+    const char items[] = "a\0b\0c\0d\0e\0f\0g\0h";
+    SetScrolledList(desk, 0.5f, 0.5f, "Letters", items, 8, 3, 7, &list);
+    SetScrolledList(desk, 4.0f, 0.5f, nullptr, items, 8, 3, 0, &first);
+    SetScrolledList(desk, 7.0f, 0.5f, nullptr, items, 8, 3, 20, &last);
+    int flags[8] = {0, 0, 1, 0, 1, 0, 0, 0};
+    SetScrolledListExt(desk, 10.0f, 0.5f, nullptr, items, 8, 4, flags, XmMULTIPLE_SELECT, &multi);
+    ASSERT_NE(list, nullptr);
+    XwkListItem *l = (XwkListItem *)list;
+    EXPECT_EQ(name_of(l->list), "xwkScrolledList");
+    EXPECT_EQ(name_of(list->widget), "xwkFrame");
+    EXPECT_EQ(name_of(l->title), "xwkLabel");
+    EXPECT_EQ(flags[0], 1) << "the first entry is clamped in the caller's array";
+    EXPECT_GT(desk->extent_h, list->height);
+    open(desk);
+
+    int pos = 0;
+    GetScrolledList(list, &pos);
+    EXPECT_EQ(pos, 7);
+    int top = 0;
+    XtVaGetValues(l->list, XmNtopItemPosition, &top, NULL);
+    EXPECT_LE(top, 7);
+    EXPECT_GT(top + 3, 7) << "the selection is scrolled into view";
+    getscrolledlist_(&first, &pos);
+    EXPECT_EQ(pos, 1);
+    GetScrolledList(last, &pos);
+    EXPECT_EQ(pos, 8);
+    int *positions = nullptr, count = 0;
+    GetScrolledListExt(multi, &positions, &count);
+    ASSERT_EQ(count, 3);
+    EXPECT_EQ(positions[0], 1);
+    EXPECT_EQ(positions[1], 3);
+    EXPECT_EQ(positions[2], 5);
+    XtFree((char *)positions);
+
+    // A click on the first visible row of the first list.
+    Widget lw = ((XwkListItem *)first)->list;
+    xwktest::Click(lw, lw->core.width / 2, 6);
+    xwktest::Settle();
+    GetScrolledList(first, &pos);
+    EXPECT_EQ(pos, 1);
+    xwktest::PressKey(XtDisplay(lw), XK_Down);
+    xwktest::PressKey(XtDisplay(lw), XK_Down);
+    xwktest::Settle();
+    GetScrolledList(first, &pos);
+    EXPECT_EQ(pos, 3);
+    changescrolledlist_(&first, &(pos = 2));
+    GetScrolledList(first, &pos);
+    EXPECT_EQ(pos, 2);
+    int more[] = {7, 8, 2};
+    ChangeScrolledListExt(multi, more, 2);
+    GetScrolledListExt(multi, &positions, &count);
+    EXPECT_EQ(count, 5) << "added, not cleared";
+    XtFree((char *)positions);
+    CloseDesk(desk);
+}
+
+TEST(Controls, EditFieldsReadWhatWasTyped)
+{
+    XwkDeskRec *desk = new_desk();
+    long number = 42;
+    float ratio = 2.5f;
+    char name[16] = "abc";
+    XwkDeskItem *nfield = nullptr, *rfield = nullptr, *sfield = nullptr;
+    SetEditField(desk, 0.5f, 0.5f, "Number", 0.0f, &number, 1, 8, 10, &nfield);
+    SetEditField(desk, 0.5f, 1.5f, "Ratio", 3.0f, &ratio, 2, 12, 10, &rfield);
+    SetEditField(desk, 0.5f, 2.5f, "Name", -1.0f, name, 4, 6, 10, &sfield);
+    ASSERT_NE(nfield, nullptr);
+    XwkEditItem *n = (XwkEditItem *)nfield;
+    EXPECT_EQ(name_of(nfield->widget), "xwkForm");
+    EXPECT_EQ(name_of(n->text), "xwkTextField");
+    EXPECT_EQ(name_of(n->title), "xwkLabel");
+    char *shown = XmTextGetString(n->text);
+    EXPECT_STREQ(shown, "42");
+    XtFree(shown);
+    shown = XmTextGetString(((XwkEditItem *)rfield)->text);
+    EXPECT_STREQ(shown, "2.500000");
+    XtFree(shown);
+
+    // Layout by gap: beside the title, at a distance, or below it.
+    Dimension lw = 0;
+    XtVaGetValues(n->title, XtNwidth, &lw, NULL);
+    EXPECT_EQ(nfield->width, lw + n->text->core.width);
+    XwkEditItem *r = (XwkEditItem *)rfield;
+    int left = 0;
+    XtVaGetValues(r->text, XmNleftOffset, &left, NULL);
+    EXPECT_EQ(left, 84 + 14) << "the gap plus the desk position";
+    EXPECT_EQ(rfield->width, r->text->core.width + 84);
+    XwkEditItem *s = (XwkEditItem *)sfield;
+    Dimension th = 0;
+    XtVaGetValues(s->title, XtNheight, &th, NULL);
+    EXPECT_EQ(sfield->height, th + s->text->core.height);
+    open(desk);
+
+    long got = 0;
+    GetEditField(nfield, &got);
+    EXPECT_EQ(got, 42) << "nothing edited";
+    xwktest::ClickCenter(n->text);
+    Display *dpy = XtDisplay(n->text);
+    xwktest::PressKey(dpy, XK_BackSpace);
+    xwktest::PressKey(dpy, XK_BackSpace);
+    xwktest::TypeText(dpy, "-17");
+    xwktest::Settle();
+    geteditfield_(&nfield, &got);
+    EXPECT_EQ(got, -17);
+
+    xwktest::ClickCenter(s->text);
+    xwktest::TypeText(dpy, "defghij");
+    xwktest::Settle();
+    char out[16];
+    memset(out, 'x', sizeof out);
+    GetEditField(sfield, out);
+    EXPECT_EQ(std::string(out, 6), "abcdef") << "at most the length";
+    EXPECT_EQ(out[6], 'x') << "a full string is not ended";
+
+    float fl = 0;
+    ChangeEditField(rfield, &(fl = 0.25f));
+    GetEditField(rfield, &fl);
+    EXPECT_FLOAT_EQ(fl, 0.25f);
+    changeeditfield_(&sfield, (void *)"xyz");
+    memset(out, 0, sizeof out);
+    GetEditField(sfield, out);
+    EXPECT_STREQ(out, "xyz");
+    EXPECT_EQ(XmTextGetInsertionPosition(s->text), 3) << "cursor at the end";
+    CloseDesk(desk);
+}
+
+TEST(Controls, ArrowKeysMoveBetweenFields)
+{
+    XwkDeskRec *desk = new_desk();
+    char a[8] = "", b[8] = "";
+    XwkDeskItem *fa = nullptr, *fb = nullptr;
+    SetEditField(desk, 0.5f, 0.5f, "A", 0.0f, a, 4, 7, 8, &fa);
+    SetEditField(desk, 0.5f, 1.5f, "B", 0.0f, b, 4, 7, 8, &fb);
+    open(desk);
+    Widget ta = ((XwkEditItem *)fa)->text, tb = ((XwkEditItem *)fb)->text;
+    xwktest::ClickCenter(ta);
+    Display *dpy = XtDisplay(ta);
+    xwktest::PressKey(dpy, XK_Down);
+    xwktest::TypeText(dpy, "q");
+    xwktest::Settle();
+    char got[8] = "";
+    GetEditField(fb, got);
+    EXPECT_STREQ(got, "q");
+    xwktest::PressKey(dpy, XK_Up);
+    xwktest::TypeText(dpy, "p");
+    xwktest::Settle();
+    GetEditField(fa, got);
+    EXPECT_STREQ(got, "p");
+    (void)tb;
+    CloseDesk(desk);
+}
+
+TEST(Controls, DisplayOnlyAndMultiLineFields)
+{
+    XwkDeskRec *desk = new_desk();
+    XwkDeskItem *empty = nullptr, *shown = nullptr, *multi = nullptr, *fill = nullptr;
+    char text[64] = "first line";
+    SetEditField(desk, 0.5f, 0.5f, "Empty", 0.0f, (void *)"", -4, 10, 10, &empty);
+    SetEditField(desk, 0.5f, 1.5f, "Shown", 0.0f, (void *)"Value 1", -4, 10, 10, &shown);
+    SetEditMultiField(desk, 0.5f, 2.5f, "Notes", -1.0f, text, 4, 60, -4, -30, &multi);
+    SetEditField(desk, 0.5f, 6.0f, nullptr, 0.0f, (void *)"read only", 4, 20, 0, &fill);
+    ASSERT_NE(empty, nullptr);
+    XwkEditItem *e = (XwkEditItem *)empty, *sh = (XwkEditItem *)shown;
+    EXPECT_TRUE(XmIsDrawnButton(e->text));
+    EXPECT_EQ(name_of(e->text), "xwkTextLabel");
+    Pixel fg = 0, bg = 0;
+    XtVaGetValues(e->text, XmNforeground, &fg, XmNbackground, &bg, NULL);
+    EXPECT_EQ(fg, bg) << "invisible text";
+    XmString s = nullptr;
+    XtVaGetValues(e->text, XmNlabelString, &s, NULL);
+    char *plain = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0,
+                                          XmOUTPUT_ALL);
+    EXPECT_STREQ(plain, "ABC");
+    XtFree(plain);
+    XmStringFree(s);
+    XtVaGetValues(sh->text, XmNforeground, &fg, NULL);
+    EXPECT_NE(fg, bg);
+
+    XwkEditItem *m = (XwkEditItem *)multi;
+    EXPECT_EQ(name_of(m->text), "xwkText");
+    EXPECT_EQ(name_of(XtParent(XtParent(m->text))), "xwkFrame");
+    Boolean hscroll = False;
+    unsigned char bottom = 0, right = 0;
+    XtVaGetValues(m->text, XmNscrollHorizontal, &hscroll, NULL);
+    XtVaGetValues(multi->widget, XmNbottomAttachment, &bottom, XmNrightAttachment, &right, NULL);
+    EXPECT_TRUE(hscroll) << "rows and columns both negative";
+    EXPECT_EQ(bottom, XmATTACH_FORM);
+    EXPECT_EQ(right, XmATTACH_FORM);
+
+    XwkEditItem *f = (XwkEditItem *)fill;
+    Boolean editable = True;
+    XtVaGetValues(f->text, XmNeditable, &editable, NULL);
+    EXPECT_FALSE(editable) << "columns 0: a field that only shows";
+    open(desk);
+
+    xwktest::ClickCenter(m->text);
+    Display *dpy = XtDisplay(m->text);
+    xwktest::PressKey(dpy, XK_End, ControlMask);
+    xwktest::TypeText(dpy, "\nsecond");
+    xwktest::Settle();
+    char got[64] = "";
+    GetEditField(multi, got);
+    EXPECT_STREQ(got, "first line\nsecond");
+    CloseDesk(desk);
+}
+
+TEST(Controls, DestroyedDeskLeavesRecordsInert)
+{
+    XwkDeskRec *desk = new_desk();
+    XwkDeskItem *radio = nullptr;
+    SetRadioBox(desk, 0.5f, 0.5f, "R", "x\0y", 2, 1, &radio);
+    open(desk);
+    // The controls are destroyed with the desk; their records go with them.
+    CloseDesk(desk);
+    xwktest::Settle();
+    XwkDeskItem *label = nullptr;
+    SetLabel(desk, 0, 0, "late", &label);
+    EXPECT_EQ(label, nullptr);
+}
+
+TEST(Controls, SensitivityKeepsTextsSelectable)
+{
+    XwkDeskRec *desk = new_desk();
+    char value[16] = "keep me";
+    XwkDeskItem *field = nullptr, *button = nullptr;
+    SetEditField(desk, 0.5f, 0.5f, "Text", 0.0f, value, 4, 15, 10, &field);
+    SetButton(desk, 0.5f, 2.0f, "Button", &button);
+    open(desk);
+    Widget text = ((XwkEditItem *)field)->text;
+    Pixel fg = 0, bg = 0, bottom = 0;
+    XtVaGetValues(text, XmNforeground, &fg, XmNbackground, &bg, XmNbottomShadowColor, &bottom,
+                  NULL);
+
+    XwkSetSensitive(desk->work, False);
+    EXPECT_FALSE(XtIsSensitive(button->widget));
+    EXPECT_TRUE(XtIsSensitive(text)) << "texts stay usable for selection";
+    Boolean editable = True;
+    Pixel now_fg = 0, now_bg = 0;
+    XtVaGetValues(text, XmNeditable, &editable, XmNforeground, &now_fg, XmNbackground, &now_bg,
+                  NULL);
+    EXPECT_FALSE(editable);
+    EXPECT_EQ(now_fg, bottom);
+    // The first background up from the form holding the field that differs.
+    Widget around = desk->work;
+    while (XtParent(around) && around->core.background_pixel == bg)
+        around = XtParent(around);
+    EXPECT_EQ(now_bg, around->core.background_pixel);
+
+    xwktest::ClickCenter(text);
+    xwktest::TypeText(XtDisplay(text), "zz");
+    xwktest::Settle();
+    char got[16] = "";
+    GetEditField(field, got);
+    EXPECT_STREQ(got, "keep me");
+
+    XwkSetSensitive(desk->work, True);
+    EXPECT_TRUE(XtIsSensitive(button->widget));
+    XtVaGetValues(text, XmNeditable, &editable, XmNforeground, &now_fg, XmNbackground, &now_bg,
+                  NULL);
+    EXPECT_TRUE(editable);
+    EXPECT_EQ(now_fg, fg);
+    EXPECT_EQ(now_bg, bg);
+    CloseDesk(desk);
+}
+
+TEST(Controls, ByReferenceForms)
+{
+    XwkDeskRec *desk = new_desk();
+    float x = 0.5f, y = 0.5f, len = 3.0f, gap = 0.0f;
+    int style = 2, count = 2, sel = 2, type = 1, length = 6, columns = 6, reserved = 0, vis = 2;
+    long value = 7;
+    XwkDeskItem *items[8] = {};
+    setlabel_(&desk, &x, &y, "Label", &items[0]);
+    setbutton_(&desk, &x, &y, "Button", &items[1]);
+    setseparator_(&desk, &x, &y, &len, &style, &items[2]);
+    setradiobox_(&desk, &x, &y, "R", "a\0b", &count, &sel, &items[3]);
+    setcheckbox_(&desk, &x, &y, "C", "a\0b", &count, nullptr, &items[4]);
+    setoptionmenu_(&desk, &x, &y, "O", &reserved, "a\0b", &count, &sel, &items[5]);
+    setscrolledlist_(&desk, &x, &y, "L", "a\0b", &count, &vis, &sel, &items[6]);
+    seteditfield_(&desk, &x, &y, "E", &gap, &value, &type, &length, &columns, &items[7]);
+    for (XwkDeskItem *item : items)
+        EXPECT_NE(item, nullptr);
+    int got = 0;
+    getradiobox_(&items[3], &got);
+    EXPECT_EQ(got, 2);
+    getoptionmenu_(&items[5], &got);
+    EXPECT_EQ(got, 2);
+    getscrolledlist_(&items[6], &got);
+    EXPECT_EQ(got, 2);
+    int pressed = 3;
+    getbutton_(&items[1], &pressed);
+    EXPECT_EQ(pressed, 0);
+    CloseDesk(desk);
+}
+
+TEST(Controls, DeskAnswersWhileControlsAreUsed)
+{
+    XwkDeskRec *desk = new_desk();
+    XwkDeskItem *field = nullptr;
+    char value[8] = "";
+    SetEditField(desk, 0.5f, 0.5f, "Field", 0.0f, value, 4, 7, 8, &field);
+    open(desk);
+    xwktest::ClickCenter(desk->buttons[0]);
+    EXPECT_EQ(poll_desk(desk), 1);
+    CloseDesk(desk);
+}

@@ -1,0 +1,618 @@
+// Message boxes answered by real input: clicks, keys and the window
+// manager's close, while condit runs its own loop.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/XmP.h>
+#include <Xm/DialogS.h>
+#include <Xm/DrawnB.h>
+#include <Xm/Form.h>
+#include <Xm/Label.h>
+#include <Xm/ScrolledW.h>
+#include <Xm/Separator.h>
+#include <Xm/Text.h>
+#include <Xm/ToggleB.h>
+#include <X11/Shell.h>
+#include <X11/keysym.h>
+
+#include <errno.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "boxdriver.h"
+#include "xwktest.h"
+
+namespace {
+
+using boxdriver::Step;
+
+void collect(Widget w, const char *name, std::vector<Widget> *out)
+{
+    if (strcmp(XtName(w), name) == 0)
+        out->push_back(w);
+    if (!XtIsComposite(w))
+        return;
+    WidgetList children = nullptr;
+    Cardinal count = 0;
+    XtVaGetValues(w, XmNchildren, &children, XmNnumChildren, &count, NULL);
+    for (Cardinal i = 0; i < count; i++)
+        collect(children[i], name, out);
+}
+
+// Line breaks come back as "\n".
+std::string label_text(Widget label)
+{
+    static XmParseTable table;
+    if (!table) {
+        table = (XmParseTable)XtMalloc(sizeof(XmParseMapping));
+        XmString separator = XmStringSeparatorCreate();
+        Arg args[3];
+        XtSetArg(args[0], XmNincludeStatus, XmINSERT);
+        XtSetArg(args[1], XmNsubstitute, separator);
+        XtSetArg(args[2], XmNpattern, "\n");
+        table[0] = XmParseMappingCreate(args, 3);
+        XmStringFree(separator);
+    }
+    XmString s = nullptr;
+    XtVaGetValues(label, XmNlabelString, &s, NULL);
+    char *plain = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, table, 1,
+                                          XmOUTPUT_ALL);
+    std::string out = plain ? plain : "";
+    XtFree(plain);
+    XmStringFree(s);
+    return out;
+}
+
+// The text of the present box as its labels show it, one label a line.
+std::string box_text()
+{
+    std::vector<Widget> labels;
+    collect(xwkConditWidget, "xwkConditLabel", &labels);
+    std::string out;
+    for (Widget l : labels)
+        out += label_text(l) + "|";
+    return out;
+}
+
+std::string box_title()
+{
+    char *title = nullptr;
+    XtVaGetValues(XtParent(xwkConditWidget), XtNtitle, &title, NULL);
+    return title ? title : "";
+}
+
+void click(int n)
+{
+    xwktest::ClickCenter(boxdriver::button(n));
+}
+
+class MessageBox : public ::testing::Test {
+protected:
+    void SetUp() override { xwktest::StartApp(); }
+    void TearDown() override { EXPECT_EQ(xwkConditWidget, nullptr); }
+    Step step;
+};
+
+}  // namespace
+
+TEST_F(MessageBox, KindsNamesAndIcons)
+{
+    struct Case { int kind; const char *name; unsigned long colour; } cases[] = {
+        {1, "xwkError", 0xD02828}, {2, "xwkInformation", 0x2F6FC8},
+        {3, "xwkQuestion", 0x2E9A62}, {4, "xwkWarning", 0xF2C218},
+        {7, "xwkMessageDialog", 0},
+    };
+    for (const Case &c : cases) {
+        std::string name;
+        int painted = -1;
+        boxdriver::when_up(&step, [&] {
+            name = XtName(xwkConditWidget);
+            Widget icon = xwktest::FindWidgetOfClass(xwkConditWidget, xmDrawnButtonWidgetClass);
+            painted = 0;
+            if (icon) {
+                xwktest::Capture shot(icon);
+                painted = shot.Count(c.colour, 0, 0, shot.width(), shot.height());
+            }
+            click(1);
+        });
+        EXPECT_EQ(condit(nullptr, "Kind", c.kind, "A message", nullptr, 0, 1, 2), 1);
+        EXPECT_EQ(name, c.name);
+        if (c.colour)
+            EXPECT_GT(painted, 100) << c.name << ": the picture is drawn";
+        else
+            EXPECT_EQ(painted, 0) << "no icon";
+    }
+}
+
+TEST_F(MessageBox, IconsOnTheSecondScreen)
+{
+    // The error picture once on each screen: each box draws its own screen's.
+    Widget pseudo = xwktest::PseudoColorShell();
+    XtRealizeWidget(pseudo);
+    for (Widget parent : {xwkTopLevel, pseudo, xwkTopLevel}) {
+        Screen *screen = nullptr;
+        bool drawn = false;
+        boxdriver::when_up(&step, [&] {
+            Widget icon = xwktest::FindWidgetOfClass(xwkConditWidget, xmDrawnButtonWidgetClass);
+            screen = XtScreen(icon);
+            xwktest::Capture shot(icon);
+            // Any pixel other than the background: the picture is there.
+            unsigned long background = shot.Pixel(0, 0);
+            drawn = shot.Count(background, 0, 0, shot.width(), shot.height()) <
+                    shot.width() * shot.height();
+            // The test pointer moves on the first screen only.
+            xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+        });
+        EXPECT_EQ(condit(parent, "Screens", 1, "Which screen?", nullptr, 0, 1, 2), 0);
+        EXPECT_EQ(screen, XtScreen(parent));
+        EXPECT_TRUE(drawn);
+    }
+}
+
+TEST_F(MessageBox, OwnIconReplacesTheKinds)
+{
+    static const char *green[] = {"8 8 1 1", "g c #00FF00", "gggggggg", "gggggggg", "gggggggg",
+                                  "gggggggg", "gggggggg", "gggggggg", "gggggggg", "gggggggg"};
+    xwkConditIcon = XwkIconCreateFromData(xwkTopLevel, (char **)green);
+    ASSERT_NE(xwkConditIcon, nullptr);
+    int painted = 0;
+    Dimension width = 0;
+    boxdriver::when_up(&step, [&] {
+        Widget icon = xwktest::FindWidgetOfClass(xwkConditWidget, xmDrawnButtonWidgetClass);
+        width = icon->core.width;
+        xwktest::Capture shot(icon);
+        painted = shot.Count(0x00FF00, 0, 0, shot.width(), shot.height());
+        click(1);
+    });
+    condit(nullptr, "Own icon", 1, "Any kind", nullptr, 0, 1, 2);
+    XwkIconFree(xwkTopLevel, xwkConditIcon);
+    xwkConditIcon = nullptr;
+    EXPECT_EQ(painted, 64);
+    EXPECT_EQ(width, 8 + 4);
+}
+
+TEST_F(MessageBox, ShortTextAndButtonsStandCentred)
+{
+    int top = -1, expected_top = -2, left = -1, expected_left = -2;
+    Step grown;
+    auto measure = [&] {
+        std::vector<Widget> labels;
+        collect(xwkConditWidget, "xwkConditLabel", &labels);
+        Widget form = XtParent(labels[0]);
+        XtVaGetValues(labels[0], XmNtopOffset, &top, NULL);
+        expected_top = ((int)form->core.height - (int)labels[0]->core.height) / 2;
+        Widget row = XtParent(boxdriver::button(1));
+        XtVaGetValues(row, XmNleftOffset, &left, NULL);
+        expected_left = ((int)xwkConditWidget->core.width - (int)row->core.width) / 2;
+    };
+    boxdriver::when_up(&step, [&] {
+        // The user makes the box larger: text and buttons follow to the middle.
+        Widget shell = XtParent(xwkConditWidget);
+        XtVaSetValues(shell, XtNwidth, shell->core.width + 200, XtNheight,
+                      shell->core.height + 100, NULL);
+        grown.ready = [&] {
+            measure();
+            return top > 0 && left > 0;
+        };
+        grown.action = [] { click(1); };
+        XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &grown);
+    });
+    condit(nullptr, "Centred", 4, "One short line", nullptr, 0, 1, 2);
+    EXPECT_EQ(top, expected_top);
+    EXPECT_EQ(left, expected_left);
+}
+
+TEST_F(MessageBox, ButtonSetsAndNumbers)
+{
+    std::vector<std::string> labels;
+    auto take_labels = [&] {
+        labels.clear();
+        std::vector<Widget> buttons;
+        collect(xwkConditWidget, "xwkActionAreaButton", &buttons);
+        for (Widget b : buttons)
+            labels.push_back(label_text(b));
+    };
+    boxdriver::when_up(&step, [&] { take_labels(); click(2); });
+    EXPECT_EQ(condit(nullptr, "Set 0", 2, "OK or cancel", nullptr, 0, 1, 0), 2);
+    EXPECT_EQ(labels, (std::vector<std::string>{"  OK  ", "  Cancel  "}));
+
+    boxdriver::when_up(&step, [&] { take_labels(); click(1); });
+    EXPECT_EQ(condit(nullptr, "Set 1", 3, "Yes or no", nullptr, 0, 1, 1), 1);
+    EXPECT_EQ(labels, (std::vector<std::string>{"  Yes  ", "  No  "}));
+
+    boxdriver::when_up(&step, [&] { take_labels(); click(3); });
+    EXPECT_EQ(condit(nullptr, "Set 3", 2, "Own", "One\0Two\0Three", 3, 1, 3), 3);
+    EXPECT_EQ(labels, (std::vector<std::string>{"One", "Two", "Three"}));
+
+    boxdriver::when_up(&step, [&] { take_labels(); click(1); });
+    EXPECT_EQ(condit(nullptr, "Set 2", 2, "Only OK", nullptr, 0, 1, 2), 1);
+    EXPECT_EQ(labels, (std::vector<std::string>{"  OK  "}));
+
+    // All buttons share one width.
+    boxdriver::when_up(&step, [&] {
+        EXPECT_EQ(boxdriver::button(1)->core.width, boxdriver::button(2)->core.width);
+        click(1);
+    });
+    condit(nullptr, "Widths", 2, "x", "A\0A much longer label", 2, 1, 3);
+}
+
+TEST_F(MessageBox, DefaultAndCancelButtonsByKeys)
+{
+    // Default 9 of two is the second; Return presses it.
+    Widget def = nullptr;
+    boxdriver::when_up(&step, [&] {
+        XtVaGetValues(xwkConditWidget, XmNdefaultButton, &def, NULL);
+        EXPECT_EQ(def, boxdriver::button(2));
+        // Keys go where the pointer is: over the message, off the buttons.
+        int x = 0, y = 0;
+        xwktest::RootPosition(xwkConditWidget, &x, &y);
+        xwktest::MovePointer(XtDisplay(def), x + 5, y + 5);
+        xwktest::PressKey(XtDisplay(def), XK_Return);
+    });
+    EXPECT_EQ(condit(nullptr, "Default", 3, "Which?", nullptr, 0, 9, 0), 2);
+
+    // Escape presses the cancel-like button, found by its label.
+    boxdriver::when_up(&step, [&] {
+        Widget cancel = nullptr;
+        XtVaGetValues(xwkConditWidget, XmNcancelButton, &cancel, NULL);
+        EXPECT_EQ(cancel, boxdriver::button(3));
+        int x = 0, y = 0;
+        xwktest::RootPosition(xwkConditWidget, &x, &y);
+        xwktest::MovePointer(XtDisplay(cancel), x + 5, y + 5);
+        xwktest::PressKey(XtDisplay(cancel), XK_Escape);
+    });
+    EXPECT_EQ(condit(nullptr, "Cancel", 3, "Which?", "Save\0Discard\0Cancel", 3, 1, 3), 3);
+
+    // Without one, the second button is the cancel button.
+    boxdriver::when_up(&step, [&] {
+        Widget cancel = nullptr;
+        XtVaGetValues(xwkConditWidget, XmNcancelButton, &cancel, NULL);
+        EXPECT_EQ(cancel, boxdriver::button(2));
+        click(1);
+    });
+    condit(nullptr, "Second", 3, "Which?", "Save\0Discard", 2, 1, 3);
+}
+
+TEST_F(MessageBox, WindowManagerCloseGivesZero)
+{
+    boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
+    EXPECT_EQ(condit(nullptr, "Close", 3, "Close me", nullptr, 0, 1, 0), 0)
+        << "not the cancel button's number";
+}
+
+TEST_F(MessageBox, DestroyedParentGivesMinusOne)
+{
+    Widget shell = XtVaAppCreateShell("other", "XwkTest", topLevelShellWidgetClass, xwkDisplay,
+                                      XtNwidth, 100, XtNheight, 50, NULL);
+    XtRealizeWidget(shell);
+    boxdriver::when_up(&step, [&] { XtDestroyWidget(shell); });
+    EXPECT_EQ(condit(shell, "Orphan", 1, "Parent goes", nullptr, 0, 1, 2), -1);
+    EXPECT_TRUE(step.done);
+
+    // A box destroyed by the client while it waits.
+    boxdriver::when_up(&step, [] { XtDestroyWidget(XtParent(xwkConditWidget)); });
+    EXPECT_EQ(condit(nullptr, "Gone", 1, "Box goes", nullptr, 0, 1, 2), -1);
+}
+
+TEST_F(MessageBox, ShortTextBecomesLabelsLongTextScrolls)
+{
+    std::vector<Widget> texts;
+    boxdriver::when_up(&step, [&] {
+        collect(xwkConditWidget, "xwkConditLabel", &texts);
+        click(1);
+    });
+    condit(nullptr, "Short", 2, "Line one\nLine two", nullptr, 0, 1, 2);
+    EXPECT_EQ(texts.size(), 1u);
+
+    std::string tall;
+    for (int i = 0; i < 200; i++)
+        tall += "^bLine^b " + std::to_string(i) + "\n";
+    std::string shown;
+    short rows = 0, columns = 0;
+    size_t labels = 99;
+    boxdriver::when_up(&step, [&] {
+        Widget text = xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass);
+        ASSERT_NE(text, nullptr);
+        char *s = XmTextGetString(text);
+        shown = s;
+        XtFree(s);
+        XtVaGetValues(text, XmNrows, &rows, XmNcolumns, &columns, NULL);
+        texts.clear();
+        collect(xwkConditWidget, "xwkConditLabel", &texts);
+        labels = texts.size();
+        click(1);
+    });
+    condit(nullptr, "Tall", 2, tall.c_str(), nullptr, 0, 1, 2);
+    EXPECT_EQ(labels, 0u);
+    EXPECT_EQ(rows, 15);
+    EXPECT_EQ(columns, 12) << "the longest line, \"^bLine^b 199\"";
+    EXPECT_EQ(shown.substr(0, 14), "bLineb 0\nbLine") << "markers dropped, letters kept";
+
+    // Beyond the text kept on the stack: all of it still shows.
+    std::string huge;
+    for (int i = 0; i < 2000; i++)
+        huge += "row " + std::to_string(i) + " ^^\n";
+    boxdriver::when_up(&step, [&] {
+        Widget text = xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass);
+        char *s = XmTextGetString(text);
+        shown = s;
+        XtFree(s);
+        click(1);
+    });
+    condit(nullptr, "Huge", 2, huge.c_str(), nullptr, 0, 1, 2);
+    EXPECT_EQ(shown.size(), huge.size() - 2000);
+    EXPECT_EQ(shown.substr(shown.size() - 11), "row 1999 ^\n");
+}
+
+TEST_F(MessageBox, OneLongLineDoesNotScroll)
+{
+    // Only lines ended by a newline count towards the width.
+    std::string wide(1000, 'w');
+    size_t labels = 0;
+    boxdriver::when_up(&step, [&] {
+        std::vector<Widget> texts;
+        collect(xwkConditWidget, "xwkConditLabel", &texts);
+        labels = texts.size();
+        // The buttons stand beyond the screen's edge.
+        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+    });
+    condit(nullptr, "Wide", 2, wide.c_str(), nullptr, 0, 1, 2);
+    EXPECT_EQ(labels, 1u);
+}
+
+TEST_F(MessageBox, ModelessBoxStaysUntilDeleted)
+{
+    int result = condit(nullptr, "Modeless", 2, "Stays", nullptr, 0, -1, 2);
+    EXPECT_EQ(result, -1) << "no answer yet";
+    ASSERT_NE(xwkConditWidget, nullptr);
+    unsigned char style = 0;
+    XtVaGetValues(xwkConditWidget, XmNdialogStyle, &style, NULL);
+    EXPECT_EQ(style, XmDIALOG_MODELESS);
+    Widget shell = XtParent(xwkConditWidget);
+    bool destroyed = false;
+    XtAddCallback(shell, XtNdestroyCallback,
+                  [](Widget, XtPointer d, XtPointer) { *(bool *)d = true; }, &destroyed);
+    ASSERT_TRUE(xwktest::PumpUntil(boxdriver::box_up));
+    del_condit();
+    xwktest::Settle();
+    EXPECT_TRUE(destroyed);
+    del_condit();  // nothing left: no-op
+
+    // The logo: an override shell, no title, no answer.
+    EXPECT_EQ(condit(nullptr, nullptr, 2, "^bXwk^b", nullptr, 0, -1, 2), -1);
+    ASSERT_NE(xwkConditWidget, nullptr);
+    EXPECT_STREQ(XtName(XtParent(xwkConditWidget)), "xwkLogo");
+    EXPECT_TRUE(XtIsOverrideShell(XtParent(xwkConditWidget)));
+    del_condit();
+    xwktest::Settle();
+}
+
+TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
+{
+    Widget shell = XtVaAppCreateShell("markup", "XwkTest", topLevelShellWidgetClass, xwkDisplay,
+                                      NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Widget last = XwkCreateCompoundLabels(
+        form, "Centred ^bbold^b here^lLeft^x side^rRight\tT^sAfter ^iit^i^Fmono^f^");
+    std::vector<Widget> labels;
+    collect(form, "xwkConditLabel", &labels);
+    ASSERT_EQ(labels.size(), 4u);
+    EXPECT_EQ(last, labels[3]);
+    EXPECT_EQ(label_text(labels[0]), "Centred bold here");
+    EXPECT_EQ(label_text(labels[1]), "Left side") << "^x vanishes";
+    EXPECT_EQ(label_text(labels[2]), "Right   T") << "tabs stop every eight columns";
+    EXPECT_EQ(label_text(labels[3]), "After itmono");
+    unsigned char align[4];
+    for (int i = 0; i < 4; i++)
+        XtVaGetValues(labels[i], XmNalignment, &align[i], NULL);
+    EXPECT_EQ(align[0], XmALIGNMENT_CENTER);
+    EXPECT_EQ(align[1], XmALIGNMENT_BEGINNING);
+    EXPECT_EQ(align[2], XmALIGNMENT_END);
+    EXPECT_EQ(align[3], XmALIGNMENT_END) << "a separator keeps the alignment";
+    Widget line = xwktest::FindWidgetOfClass(form, xmSeparatorWidgetClass);
+    ASSERT_NE(line, nullptr);
+    Widget below = nullptr;
+    XtVaGetValues(labels[3], XmNtopWidget, &below, NULL);
+    EXPECT_EQ(below, line);
+
+    // Font tags of the pieces.
+    XmString s = nullptr;
+    XtVaGetValues(labels[3], XmNlabelString, &s, NULL);
+    XmStringContext context;
+    ASSERT_TRUE(XmStringInitContext(&context, s));
+    std::vector<std::string> tags, pieces;
+    char *text = nullptr, *tag = nullptr;
+    XmStringDirection dir;
+    Boolean sep;
+    while (XmStringGetNextSegment(context, &text, &tag, &dir, &sep)) {
+        if (*text) {
+            pieces.push_back(text);
+            tags.push_back(tag);
+        }
+        XtFree(text);
+        XtFree(tag);
+    }
+    XmStringFreeContext(context);
+    XmStringFree(s);
+    EXPECT_EQ(pieces, (std::vector<std::string>{"After ", "it", "mono"}));
+    ASSERT_EQ(tags.size(), 3u);
+    EXPECT_EQ(tags[1], "ITALIC");
+    EXPECT_EQ(tags[2], "FIXED");
+
+    // An alignment command with nothing pending keeps the string built so
+    // far, which then takes the new alignment.
+    Widget one = XwkCreateCompoundLabels(form, "^bB^b^lx\ny");
+    EXPECT_EQ(label_text(one), "Bx\ny");
+    XtVaGetValues(one, XmNalignment, &align[0], NULL);
+    EXPECT_EQ(align[0], XmALIGNMENT_BEGINNING);
+    XtDestroyWidget(shell);
+}
+
+TEST_F(MessageBox, StandardDialogMapsNoToZero)
+{
+    boxdriver::when_up(&step, [&] {
+        EXPECT_EQ(box_title(), "Question");
+        click(1);
+    });
+    EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Go on?", XWK_DIALOG_QUESTION), 1);
+    boxdriver::when_up(&step, [] { click(2); });
+    EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Go on?", XWK_DIALOG_QUESTION), 0);
+    boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
+    EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Go on?", XWK_DIALOG_QUESTION), 0);
+
+    std::string name, title;
+    boxdriver::when_up(&step, [&] {
+        name = XtName(xwkConditWidget);
+        title = box_title();
+        click(1);
+    });
+    XwkShowStdDialog(nullptr, "Own title", "Plain", XWK_DIALOG_MESSAGE);
+    EXPECT_EQ(name, "xwkMessageDialog");
+    EXPECT_EQ(title, "Own title");
+    boxdriver::when_up(&step, [&] { title = box_title(); click(1); });
+    XwkShowStdDialog(nullptr, nullptr, "Careful", XWK_DIALOG_WARNING);
+    EXPECT_EQ(title, "Warning");
+}
+
+TEST_F(MessageBox, ErrnoAndPrintfTexts)
+{
+    errno = 0;
+    EXPECT_EQ(XwkShowErrStrDialog(nullptr, nullptr, "reading", "f.txt", XWK_DIALOG_ERROR), 0);
+    EXPECT_EQ(xwkConditWidget, nullptr) << "nothing shown";
+
+    std::string text;
+    boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
+    errno = ENOENT;
+    EXPECT_EQ(XwkShowErrStrDialog(nullptr, nullptr, "reading", "f.txt", XWK_DIALOG_ERROR), ENOENT);
+    EXPECT_EQ(text, std::string("An error occurred while reading\nf.txt:\n") + strerror(ENOENT) +
+                        ".|");
+
+    boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
+    XwkShowPrintfDialog(nullptr, "Count", XWK_DIALOG_INFORMATION, "%d items in %s", 3, "box");
+    EXPECT_EQ(text, "3 items in box|");
+
+    std::string long_arg(5000, 'z');
+    boxdriver::when_up(&step, [&] {
+        text = box_text();
+        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));  // wider than the screen
+    });
+    XwkShowPrintfDialog(nullptr, "Cut", XWK_DIALOG_INFORMATION, "<%s>", long_arg.c_str());
+    EXPECT_EQ(text.size(), 1023u + 1) << "1023 characters and the label end";
+    EXPECT_EQ(text.substr(0, 3), "<zz");
+}
+
+TEST_F(MessageBox, ToggleDialogHandsBackTheState)
+{
+    Boolean flag = False;
+    std::string toggle_label;
+    boxdriver::when_up(&step, [&] {
+        Widget toggle = xwktest::FindWidgetOfClass(xwkConditWorkWidget, xmToggleButtonWidgetClass);
+        ASSERT_NE(toggle, nullptr);
+        toggle_label = label_text(toggle);
+        xwktest::ClickCenter(toggle);
+        // The answer comes once the toggle's click has been handled.
+        static Step next;
+        next.ready = [toggle] { return XmToggleButtonGetState(toggle) == True; };
+        next.action = [] { click(1); };
+        XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &next);
+    });
+    EXPECT_TRUE(XwkShowDialogWithToggle(nullptr, nullptr, "Note this", nullptr, &flag,
+                                        XWK_DIALOG_INFORMATION));
+    EXPECT_TRUE(flag);
+    EXPECT_EQ(toggle_label, "Disable this message for next time");
+
+    boxdriver::when_up(&step, [] { click(2); });
+    EXPECT_EQ(XwkShowDialogWithToggleExt(nullptr, "Own", "Pick", "Remember", "One\0Two", 2, 1,
+                                         &flag, XWK_DIALOG_QUESTION),
+              2);
+    EXPECT_TRUE(flag) << "unchanged when not clicked";
+
+    boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
+    EXPECT_FALSE(XwkShowDialogWithToggle(nullptr, nullptr, "Close", nullptr, &flag,
+                                         XWK_DIALOG_INFORMATION));
+}
+
+TEST_F(MessageBox, FileMessagesByCode)
+{
+    char dir[] = "/tmp/xwk_errmsg_XXXXXX";
+    ASSERT_NE(mkdtemp(dir), nullptr);
+    std::string present = std::string(dir) + "/present";
+    std::string missing = std::string(dir) + "/missing";
+    FILE *f = fopen(present.c_str(), "w");
+    fputs("data", f);
+    fclose(f);
+
+    EXPECT_EQ(err_msg(nullptr, present.c_str(), 1), 0);
+    EXPECT_EQ(err_msg(nullptr, present.c_str(), 4), 0);
+    EXPECT_EQ(err_msg(nullptr, present.c_str(), 2), 0);
+    EXPECT_EQ(access(present.c_str(), F_OK), 0) << "an existing file stays";
+    EXPECT_EQ(err_msg(nullptr, missing.c_str(), 6), 0);
+    EXPECT_NE(access(missing.c_str(), F_OK), 0) << "the probe file is gone again";
+    EXPECT_EQ(err_msg(nullptr, missing.c_str(), 0), 0) << "nothing to overwrite";
+    EXPECT_EQ(err_msg(nullptr, present.c_str(), 9), 0) << "no such code";
+    EXPECT_EQ(xwkConditWidget, nullptr);
+
+    std::string text, name;
+    boxdriver::when_up(&step, [&] { text = box_text(); name = XtName(xwkConditWidget); click(1); });
+    EXPECT_EQ(err_msg(nullptr, missing.c_str(), 1), 1);
+    EXPECT_EQ(text, "Can't find the file\n`" + missing + "'.|");
+    EXPECT_EQ(name, "xwkError");
+    boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
+    EXPECT_EQ(err_msg(nullptr, present.c_str(), -4), 1) << "negative: no test";
+    EXPECT_EQ(text, "Can't read the file\n`" + present + "'.|");
+    for (int code : {8, 11}) {
+        boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
+        int code_ref = code;
+        Widget none = nullptr;
+        EXPECT_EQ(err_msg_(&none, present.c_str(), &code_ref), 1);
+        EXPECT_NE(text.find(present), std::string::npos);
+    }
+
+    // The questions: keep, closed, overwrite.
+    std::vector<std::string> labels;
+    boxdriver::when_up(&step, [&] {
+        name = XtName(xwkConditWidget);
+        text = box_title();
+        labels = {label_text(boxdriver::button(1)), label_text(boxdriver::button(2))};
+        click(2);
+    });
+    EXPECT_EQ(err_msg(nullptr, present.c_str(), 0), 2);
+    EXPECT_EQ(name, "xwkWarning");
+    EXPECT_EQ(text, "Warning");
+    EXPECT_EQ(labels, (std::vector<std::string>{"Overwrite", "Cancel"}));
+    boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
+    EXPECT_EQ(err_msg(nullptr, present.c_str(), 10), 3);
+    boxdriver::when_up(&step, [] { click(1); });
+    EXPECT_EQ(err_msg(nullptr, present.c_str(), 0), 1);
+    EXPECT_NE(access(present.c_str(), F_OK), 0) << "overwrite removes the file";
+
+    // A file name far longer than the message buffer is cut.
+    std::string very_long = std::string(dir) + "/" + std::string(4000, 'n');
+    boxdriver::when_up(&step, [&] {
+        text = box_text();
+        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+    });
+    EXPECT_EQ(err_msg(nullptr, very_long.c_str(), -8), 0);
+    // Cut inside the bold name: a style never switched off shows nothing.
+    EXPECT_EQ(text, "Invalid format of the file\n|");
+    rmdir(dir);
+}
+
+TEST_F(MessageBox, OutOfMemoryBox)
+{
+    std::string text, title;
+    boxdriver::when_up(&step, [&] { text = box_text(); title = box_title(); click(1); });
+    ins_mem();
+    EXPECT_EQ(text, "Insufficient memory!|");
+    EXPECT_EQ(title, "Error");
+}
+
+TEST(MessageBoxDeath, BotchAborts)
+{
+    EXPECT_DEATH(botch("broken state"), "Abort: broken state");
+}

@@ -1,0 +1,329 @@
+// Prompts answered by typing and clicking, while they poll their desk.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/XmP.h>
+#include <Xm/Form.h>
+#include <Xm/MwmUtil.h>
+#include <Xm/Text.h>
+#include <Xm/ToggleB.h>
+#include <X11/Shell.h>
+#include <X11/keysym.h>
+
+#include <string.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "boxdriver.h"
+#include "xwktest.h"
+
+namespace {
+
+using boxdriver::Step;
+
+// The prompt on screen: the desk form that opened last.
+Widget prompt()
+{
+    return xwkParentWidget;
+}
+
+bool prompt_up()
+{
+    Widget form = prompt();
+    if (!form || !XtIsRealized(form) || !xwktest::FindWidget(form, "xwkActionArea"))
+        return false;
+    XWindowAttributes a;
+    return XGetWindowAttributes(XtDisplay(form), XtWindow(form), &a) && a.map_state == IsViewable;
+}
+
+void when_prompt_up(Step *step, std::function<void()> action)
+{
+    step->ready = prompt_up;
+    step->action = std::move(action);
+    step->done = false;
+    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, step);
+}
+
+// Then, once cond holds (the typing has been handled), the next action.
+void then(Step *step, std::function<bool()> cond, std::function<void()> action)
+{
+    step->ready = std::move(cond);
+    step->action = std::move(action);
+    step->done = false;
+    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, step);
+}
+
+Widget action_button(int n)
+{
+    Widget area = xwktest::FindWidget(prompt(), "xwkActionArea");
+    WidgetList children = nullptr;
+    Cardinal count = 0;
+    XtVaGetValues(area, XmNchildren, &children, XmNnumChildren, &count, NULL);
+    return (Cardinal)n <= count ? children[n - 1] : nullptr;
+}
+
+std::vector<Widget> texts()
+{
+    std::vector<Widget> out;
+    std::function<void(Widget)> walk = [&](Widget w) {
+        if (XmIsText(w))
+            out.push_back(w);
+        if (!XtIsComposite(w))
+            return;
+        WidgetList children = nullptr;
+        Cardinal count = 0;
+        XtVaGetValues(w, XmNchildren, &children, XmNnumChildren, &count, NULL);
+        for (Cardinal i = 0; i < count; i++)
+            walk(children[i]);
+    };
+    walk(prompt());
+    return out;
+}
+
+std::string value_of(Widget text)
+{
+    char *s = XmTextGetString(text);
+    std::string out = s ? s : "";
+    XtFree(s);
+    return out;
+}
+
+void type_into(Widget text, const char *what)
+{
+    xwktest::ClickCenter(text);
+    xwktest::TypeText(XtDisplay(text), what);
+}
+
+class Prompt : public ::testing::Test {
+protected:
+    void SetUp() override { xwktest::StartApp(); }
+    Step step, next;
+};
+
+}  // namespace
+
+TEST_F(Prompt, OneLineTypedAndConfirmed)
+{
+    char buffer[32] = "old";
+    int min_h = 0, max_h = 0, height = 0;  // WMShell keeps its size hints as int
+    std::string field_name;
+    when_prompt_up(&step, [&] {
+        Widget shell = XtParent(prompt());
+        XtVaGetValues(shell, XtNminHeight, &min_h, XtNmaxHeight, &max_h, NULL);
+        height = shell->core.height;
+        Widget text = texts().at(0);
+        field_name = XtName(text);
+        type_into(text, "er");
+        then(&next, [text] { return value_of(text) == "older"; },
+             [] { xwktest::ClickCenter(action_button(1)); });
+    });
+    EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Name", buffer, 31), 1);
+    EXPECT_STREQ(buffer, "older");
+    EXPECT_EQ(field_name, "xwkTextField");
+    EXPECT_EQ(min_h, height) << "resized in width only";
+    EXPECT_EQ(max_h, height);
+
+    when_prompt_up(&step, [] { xwktest::ClickCenter(action_button(2)); });
+    strcpy(buffer, "keep");
+    EXPECT_EQ(inputa(nullptr, nullptr, "Name", buffer, 31), 0);
+    EXPECT_STREQ(buffer, "keep");
+
+    int decorations = 0;
+    when_prompt_up(&step, [&] {
+        XtVaGetValues(XtParent(prompt()), XmNmwmDecorations, &decorations, NULL);
+        xwktest::SendDeleteWindow(XtParent(prompt()));
+    });
+    EXPECT_EQ(inputa(xwkTopLevel, "Closing", "Name", buffer, 31), 0) << "close is Cancel";
+    EXPECT_EQ(decorations, MWM_DECOR_ALL);
+}
+
+TEST_F(Prompt, HiddenEntryShowsStars)
+{
+    char buffer[9] = "prefill";
+    std::string shown;
+    when_prompt_up(&step, [&] {
+        Widget text = texts().at(0);
+        type_into(text, "secret");
+        then(&next, [text] { return value_of(text).size() == 6; }, [&shown, text] {
+            shown = value_of(text);
+            xwktest::ClickCenter(action_button(1));
+        });
+    });
+    EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Password", buffer, -8), 1);
+    EXPECT_EQ(shown, "******");
+    EXPECT_STREQ(buffer, "secret");
+
+    // Deleting takes the hidden text back with the stars.
+    when_prompt_up(&step, [&] {
+        Widget text = texts().at(0);
+        type_into(text, "abcd");
+        xwktest::PressKey(XtDisplay(text), XK_BackSpace);
+        xwktest::PressKey(XtDisplay(text), XK_BackSpace);
+        xwktest::TypeText(XtDisplay(text), "x");
+        then(&next, [text] { return value_of(text) == "***"; },
+             [] { xwktest::ClickCenter(action_button(1)); });
+    });
+    EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Password", buffer, -8), 1);
+    EXPECT_STREQ(buffer, "abx");
+
+    // A paste of several characters is refused.
+    when_prompt_up(&step, [&] {
+        Widget text = texts().at(0);
+        XmTextInsert(text, 0, (char *)"pasted");
+        shown = value_of(text);
+        xwktest::ClickCenter(action_button(1));
+    });
+    EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Password", buffer, -8), 1);
+    EXPECT_EQ(shown, "");
+    EXPECT_STREQ(buffer, "");
+}
+
+TEST_F(Prompt, MultiLineAndTwoFields)
+{
+    char notes[64] = "";
+    when_prompt_up(&step, [&] {
+        Widget text = texts().at(0);
+        type_into(text, "one\ntwo");
+        then(&next, [text] { return value_of(text) == "one\ntwo"; },
+             [] { xwktest::ClickCenter(action_button(1)); });
+    });
+    EXPECT_EQ(inputb(xwkTopLevel, nullptr, "Notes", notes, 63, 30, 4), 1);
+    EXPECT_STREQ(notes, "one\ntwo");
+
+    char a[16] = "", b[16] = "";
+    size_t fields = 0;
+    when_prompt_up(&step, [&] {
+        std::vector<Widget> t = texts();
+        fields = t.size();
+        type_into(t.at(0), "first");
+        type_into(t.at(1), "second");
+        Widget last = t.at(1);
+        then(&next, [last] { return value_of(last) == "second"; },
+             [] { xwktest::ClickCenter(action_button(1)); });
+    });
+    EXPECT_EQ(inputc(xwkTopLevel, "Two", "A", a, 15, "B", b, 15, 20, 3), 1);
+    EXPECT_EQ(fields, 2u);
+    EXPECT_STREQ(a, "first");
+    EXPECT_STREQ(b, "second");
+}
+
+TEST_F(Prompt, CheckBoxAndThreeFields)
+{
+    char name[16] = "n";
+    Boolean flag = False;
+    when_prompt_up(&step, [&] {
+        Widget toggle = xwktest::FindWidget(prompt(), "xwkCheckBox");
+        ASSERT_NE(toggle, nullptr);
+        xwktest::ClickCenter(toggle);
+        then(&next, [toggle] { return XmToggleButtonGetState(toggle) == True; },
+             [] { xwktest::ClickCenter(action_button(1)); });
+    });
+    EXPECT_EQ(inputd(xwkTopLevel, "Check", "Name", name, 15, "Also this", &flag), 1);
+    EXPECT_TRUE(flag);
+    EXPECT_STREQ(name, "n");
+
+    char f1[16] = "1", f2[16] = "2", f3[64] = "";
+    Boolean wrap = False;
+    when_prompt_up(&step, [&] {
+        std::vector<Widget> t = texts();
+        ASSERT_EQ(t.size(), 3u);
+        XtVaGetValues(t[2], XmNwordWrap, &wrap, NULL);
+        type_into(t[2], "third");
+        Widget last = t[2];
+        then(&next, [last] { return value_of(last) == "third"; },
+             [] { xwktest::ClickCenter(action_button(1)); });
+    });
+    EXPECT_EQ(inpute(xwkTopLevel, "Three", "One", f1, 15, 10, 1, "Two", f2, 15, 10, 1, "Three", f3,
+                     63, 20, 3),
+              1);
+    EXPECT_STREQ(f1, "1");
+    EXPECT_STREQ(f2, "2");
+    EXPECT_STREQ(f3, "third");
+    EXPECT_TRUE(wrap);
+}
+
+TEST_F(Prompt, DestroyedParentEndsThePrompt)
+{
+    Widget shell = XtVaAppCreateShell("owner", "XwkTest", topLevelShellWidgetClass, xwkDisplay,
+                                      XtNwidth, 80, XtNheight, 40, NULL);
+    XtRealizeWidget(shell);
+    char buffer[8] = "";
+    when_prompt_up(&step, [&] { XtDestroyWidget(shell); });
+    EXPECT_EQ(inputa(shell, nullptr, "Gone", buffer, 7), 0);
+    EXPECT_TRUE(step.done);
+}
+
+TEST_F(Prompt, UserTextByMode)
+{
+    EXPECT_EQ(XwkGetUserText(5, nullptr, "x", "Label", "Title"), nullptr);
+
+    std::string title, page, anchor;
+    when_prompt_up(&step, [&] {
+        char *t = nullptr;
+        XtVaGetValues(XtParent(prompt()), XtNtitle, &t, NULL);
+        title = t ? t : "";
+        char *file = nullptr, *p = nullptr, *a = nullptr;
+        if (XwkGetHelpData(prompt(), &file, &p, &a)) {
+            page = p ? p : "";
+            anchor = a ? a : "";
+        }
+        Widget text = texts().at(0);
+        type_into(text, "!");
+        then(&next, [text] { return value_of(text) == "start!"; },
+             [] { xwktest::ClickCenter(action_button(1)); });
+    });
+    char *got = XwkGetUserText(1, xwkTopLevel, "start", "Find what", "Find");
+    ASSERT_NE(got, nullptr);
+    EXPECT_STREQ(got, "start!");
+    XtFree(got);
+    EXPECT_EQ(title, "Find");
+    EXPECT_EQ(page, "Interface");
+    EXPECT_EQ(anchor, "Prompt");
+
+    when_prompt_up(&step, [] { xwktest::ClickCenter(action_button(2)); });
+    EXPECT_EQ(XwkGetUserText(0, xwkTopLevel, "text", "Notes", "Own|page"), nullptr);
+
+    when_prompt_up(&step, [&] {
+        Widget text = texts().at(0);
+        type_into(text, "pw");
+        then(&next, [text] { return value_of(text) == "**"; },
+             [] { xwktest::ClickCenter(action_button(1)); });
+    });
+    got = XwkGetUserText(1001, xwkTopLevel, nullptr, "Password", nullptr);
+    ASSERT_NE(got, nullptr);
+    EXPECT_STREQ(got, "pw");
+    XtFree(got);
+}
+
+TEST_F(Prompt, VerifyCallbackFiltersTheFirstCharacter)
+{
+    struct Case { long flags; const char *typed, *result; } cases[] = {
+        {XWK_VERIFY_DIGITS, "1a2", "12"},
+        {XWK_VERIFY_NUMBER, "1.5x", "1.5"},
+        {XWK_VERIFY_HEX, "fg1", "f1"},
+        {XWK_VERIFY_PATH, "a b/c;d", "a_b/c_d"},
+        {XWK_VERIFY_IDENTIFIER, "a b/c(d)", "a_b_c(d)"},
+    };
+    for (const Case &c : cases) {
+        XwkDeskRec *desk = nullptr;
+        CreateDesk(nullptr, 1.0f, 1.0f, "Verify", &desk);
+        char value[32] = "";
+        XwkDeskItem *field = nullptr;
+        SetEditField(desk, 0.5f, 0.5f, "Text", 0.0f, value, XWK_FIELD_STRING, 31, 20, &field);
+        Widget text = ((XwkEditItem *)field)->text;
+        XtAddCallback(text, XmNmodifyVerifyCallback, XwkTextVerifyCallback, (XtPointer)c.flags);
+        OpenDesk(desk);
+        xwktest::WaitViewable(text);
+        type_into(text, c.typed);
+        xwktest::Settle();
+        EXPECT_EQ(value_of(text), c.result) << c.typed;
+        // Only the first character of an insertion is looked at.
+        if (c.flags == XWK_VERIFY_DIGITS) {
+            XmTextInsert(text, 0, (char *)"1a");
+            EXPECT_EQ(value_of(text), std::string("1a") + c.result);
+        }
+        CloseDesk(desk);
+    }
+}
