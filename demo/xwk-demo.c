@@ -35,6 +35,7 @@ static const struct {
     {"Colours and images", demo_page_colours},
     {"Combo boxes and panes", demo_page_companions},
     {"Dialogs", demo_page_dialogs},
+    {"Tree list", demo_page_treelist},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 
