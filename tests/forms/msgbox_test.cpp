@@ -604,6 +604,10 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(access(present.c_str(), F_OK), 0) << "an existing file stays";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 6), 0);
     EXPECT_NE(access(missing.c_str(), F_OK), 0) << "the probe file is gone again";
+    std::string probed = std::string(dir) + "/probed";
+    fclose(fopen(probed.c_str(), "w"));
+    EXPECT_EQ(err_msg(nullptr, probed.c_str(), 6), 0);
+    EXPECT_NE(access(probed.c_str(), F_OK), 0) << "code 6 removes even a file that was there";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 0), 0) << "nothing to overwrite";
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 9), 0) << "no such code";
     EXPECT_EQ(xwkConditWidget, nullptr);
