@@ -249,6 +249,7 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     EXPECT_EQ(events, (std::vector<std::string>{"proc:11", "callback:11", "selection"}));
     EXPECT_EQ(calls[0].reason, XmCR_TREE_DELETE_ITEM);
     EXPECT_EQ(calls[0].part, XmTREE_PART_ROW);
+    EXPECT_EQ(calls[0].cellType, XmCELL_NONE);
     EXPECT_EQ(calls[1].reason, XmCR_TREE_SELECTION_CHANGED);
     EXPECT_EQ(calls[1].cellType, XmCELL_NONE);
     Add(t.tree, a, "a3", 13);
@@ -330,6 +331,62 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
     XmPrjTreeDeleteAllItems(t.tree);
     EXPECT_TRUE(Labels(t.tree).empty());
+}
+
+TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
+{
+    Tree t(true);
+    for (const char *l : {"a", "b", "c"})
+        Add(t.tree, Add(t.tree, nullptr, l, 0, XmSLAM_OPEN), (std::string(l) + "1").c_str());
+    static std::vector<std::string> seen;
+    seen.clear();
+    // Each visited row goes, its child with it; the tour goes on after it.
+    auto delete_visited = [](XmPrjTreeNode node, XtPointer, XtPointer w) -> Boolean {
+        seen.push_back(XmPrjTreeGetNameItem((Widget)w, node));
+        XmPrjTreeDeleteItem((Widget)w, node);
+        return False;
+    };
+    EXPECT_EQ(XmPrjTreeTourTree(t.tree, delete_visited, t.tree), nullptr);
+    EXPECT_EQ(seen, (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_TRUE(Labels(t.tree).empty());
+    // A visitor that deletes the rest of the tour ends it.
+    XmPrjTreeNode p = Add(t.tree, nullptr, "p", 0, XmSLAM_OPEN);
+    Add(t.tree, p, "p1");
+    Add(t.tree, p, "p2");
+    seen.clear();
+    auto delete_parent = [](XmPrjTreeNode node, XtPointer, XtPointer w) -> Boolean {
+        seen.push_back(XmPrjTreeGetNameItem((Widget)w, node));
+        XmPrjTreeDeleteItem((Widget)w, XmPrjTreeGetParent((Widget)w, node));
+        return True;
+    };
+    EXPECT_EQ(XmPrjTreeTourChildren(t.tree, p, True, delete_parent, t.tree), nullptr);
+    EXPECT_EQ(seen, (std::vector<std::string>{"p1"}));
+    EXPECT_TRUE(Shown(t.tree).empty());
+}
+
+TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
+{
+    Tree t(true), other(true);
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 0, XmSLAM_OPEN);
+    Add(t.tree, a, "a1");
+    XmPrjTreeNode x = Add(other.tree, nullptr, "x", 0, XmSLAM_OPEN);
+    XmPrjTreeNode x1 = Add(other.tree, x, "x1");
+    Add(other.tree, nullptr, "y");
+    EXPECT_EQ(Add(t.tree, x, "in x"), nullptr);
+    XmPrjTreeDeleteItem(t.tree, x1);
+    EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, x), 0);
+    XmPrjTreeReparentItem(t.tree, a, x);
+    XmPrjTreeReparentItem(t.tree, x1, a);
+    XmPrjTreeChangeState(t.tree, x, XmSLAM_CLOSE);
+    XmPrjTreeSetItemPosition(t.tree, x, 2);
+    int order[] = {1, 0};
+    XmPrjTreeArrangeChildren(t.tree, XmPrjTreeGetRoot(other.tree), order, 2);
+    XmPrjTreeSortChildren(t.tree, x);
+    EXPECT_EQ(XmPrjTreeSetItemForeground(t.tree, x1, 7, True), 0);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"a", "a1"}));
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1"}));
+    EXPECT_EQ(Labels(other.tree), (std::vector<std::string>{"x", "x1", "y"}));
+    EXPECT_EQ(Shown(other.tree), (std::vector<std::string>{"x", "x1", "y"}));
 }
 
 TEST(TreeSlam, VisibleListFollowsBranches)

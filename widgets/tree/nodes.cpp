@@ -5,6 +5,7 @@
 
 #include <Xm/XmP.h>
 
+#include <algorithm>
 #include <cstring>
 
 using namespace xwk::tree;
@@ -14,6 +15,15 @@ namespace xwk::tree {
 bool IsRoot(Widget w, XwkTreeNode *node)
 {
     return node && M(w).tree && node == M(w).tree->root;
+}
+
+bool OwnNode(Widget w, XwkTreeNode *node)
+{
+    if (!node || !M(w).tree)
+        return false;
+    while (node->parent)
+        node = node->parent;
+    return node == M(w).tree->root;
 }
 
 void SetFlagOnViews(Widget w, unsigned int flag)
@@ -38,6 +48,13 @@ bool UsableNode(Widget w, XwkTreeNode *node)
     return Usable(w) && node && Item(node);
 }
 
+// A row that this widget may change: a node of another list is left alone,
+// its links and elements being another tree's.
+bool OwnRow(Widget w, XwkTreeNode *node)
+{
+    return UsableNode(w, node) && OwnNode(w, node);
+}
+
 void FreeNode(XwkTreeNode *node, XwkTree *tree)
 {
     XmPrjTreeItem item = Item(node);
@@ -52,7 +69,7 @@ void FreeNode(XwkTreeNode *node, XwkTree *tree)
     }
     if (w && !w->core.being_destroyed && P(w).deleteCallback)
         CallCallbacks(w, P(w).deleteCallback, XmCR_TREE_DELETE_ITEM, nullptr, node,
-                      XmTREE_PART_ROW, 0, 0);
+                      XmTREE_PART_ROW, 0, XmCELL_NONE);
     if (w) {
         XmPrjTreePart &m = P(w);
         if (m.cellNodeId == node) {
@@ -77,6 +94,8 @@ void FreeNode(XwkTreeNode *node, XwkTree *tree)
     if (w) {
         ForgetString(w, node);
         S(w).deletions++;
+        if (S(w).touring)
+            S(w).freedInTour.push_back(node);
     }
     FreeItem(Item(node));
     node->data = nullptr;
@@ -221,6 +240,60 @@ int CollectList(Widget w, XwkTreeNode *top, bool include_top, bool selected_only
     return (int)out.size();
 }
 
+// Visits the rows below top in preorder (only its children when direct).
+// The visitor may delete rows, the visited one included: the tour goes on
+// from the visited row if it still stands, else from the row that came
+// after it or after its subtree, else it ends.  A tour of the selected rows answers the
+// top-level row under which the visitor stopped.
+XwkTreeNode *Tour(Widget w, XwkTreeNode *top, bool direct, bool selected_only,
+                  XmPrjTreeTourProc proc, XtPointer data)
+{
+    XwkTreeNode *root = M(w).tree->root;
+    auto step = [&](XwkTreeNode *n) { return direct ? n->next_sibling : PreorderNext(n, top); };
+    XwkTreeNode *n = top->first_child;
+    while (n) {
+        if (w->core.being_destroyed)
+            return nullptr;
+        XmPrjTreeItem item = Item(n);
+        if (!item || (selected_only && !(item->flags & XmTREE_ITEM_SELECTED))) {
+            n = step(n);
+            continue;
+        }
+        XwkTreeNode *upper = n;
+        while (upper->parent && upper->parent != root)
+            upper = upper->parent;
+        XwkTreeNode *after = step(n), *beyond = n;
+        while (!direct && beyond != top && !beyond->next_sibling)
+            beyond = beyond->parent;
+        beyond = beyond == top ? nullptr : beyond->next_sibling;
+        State &st = S(Mother(w));
+        size_t mark = st.freedInTour.size();
+        st.touring++;
+        Boolean stop = proc(n, item->clientData, data);
+        st.touring--;
+        auto gone = [&](XwkTreeNode *x) {
+            return std::find(st.freedInTour.begin() + mark, st.freedInTour.end(), x) !=
+                   st.freedInTour.end();
+        };
+        bool n_gone = gone(n);
+        XwkTreeNode *next = nullptr;
+        if (!n_gone)
+            next = step(n);
+        else if (after && !gone(after))
+            next = after;
+        else if (beyond && !gone(beyond))
+            next = beyond;
+        if (!st.touring)
+            st.freedInTour.clear();
+        if (stop)
+            return n_gone ? nullptr : selected_only ? upper : n;
+        if (w->core.being_destroyed)
+            return nullptr;
+        n = next;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 namespace xwk::tree {
@@ -245,6 +318,8 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
     XmPrjTreePart &v = P(w);
     if (!parent)
         parent = m.tree->root;
+    if (!OwnNode(w, parent))
+        return nullptr;
     if (parent != m.tree->root && Item(parent) && ItemState(parent) == XmSLAM_UNDEFINED)
         Item(parent)->slamState = XmSLAM_CLOSE;
 
@@ -386,7 +461,7 @@ void XmPrjTreeDeleteAllItems(Widget w)
 
 void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
 {
-    if (!UsableNode(w, node) || IsRoot(w, node))
+    if (!OwnRow(w, node) || IsRoot(w, node))
         return;
     for (XwkTreeNode *top : S(Mother(w)).freeing)
         if (DescendantOf(node, top))
@@ -494,7 +569,7 @@ int XmPrjTreeDeleteChildren(Widget w, XmPrjTreeNode node)
         XmPrjTreeDeleteAllItems(w);
         return rows;
     }
-    if (!Item(node))
+    if (!OwnRow(w, node))
         return 0;
     XmPrjTreePart &v = P(w);
     unsigned int had = v.flags & XmTREE_DELETE_BATCH;
@@ -540,7 +615,7 @@ void XmPrjTreeDeleteItems(Widget w, XmPrjTreeNode *nodes, int n)
 
 void XmPrjTreeReparentItem(Widget w, XmPrjTreeNode node, XmPrjTreeNode newParent)
 {
-    if (!UsableNode(w, node) || !newParent || node == newParent)
+    if (!OwnRow(w, node) || !OwnNode(w, newParent) || node == newParent)
         return;
     Widget mw = Mother(w);
     XmPrjTreePart &m = P(mw);
@@ -796,7 +871,7 @@ Pixel XmPrjTreeGetItemForeground(Widget w, XmPrjTreeNode node)
 
 int XmPrjTreeSetItemForeground(Widget w, XmPrjTreeNode node, Pixel pixel, Boolean redraw)
 {
-    if (!UsableNode(w, node))
+    if (!OwnRow(w, node))
         return 0;
     if (ForegroundOf(w, Item(node)) == pixel)
         return 1;
@@ -813,7 +888,7 @@ char *XmPrjTreeGetItemCharSet(Widget w, XmPrjTreeNode node)
 
 int XmPrjTreeSetItemCharset(Widget w, XmPrjTreeNode node, char *charset, Boolean redraw)
 {
-    if (!UsableNode(w, node) || !charset)
+    if (!OwnRow(w, node) || !charset)
         return 0;
     char *now = CharsetOf(w, Item(node));
     if (now && strcmp(now, charset) == 0)
@@ -858,7 +933,7 @@ void XmPrjTreeGetItemAttributes(Widget w, XmPrjTreeNode node, XwkIcon **icon, Xw
 void XmPrjTreeSetItemAttributes(Widget w, XmPrjTreeNode node, XwkIcon *icon, XwkIcon *fruitless,
                                 XwkIcon *open, XwkIcon *closed)
 {
-    if (!UsableNode(w, node))
+    if (!OwnRow(w, node))
         return;
     XmPrjTreePart &m = M(w);
     SetIcon(node, icon);
@@ -978,14 +1053,7 @@ XmPrjTreeNode XmPrjTreeTourTree(Widget w, XmPrjTreeTourProc proc, XtPointer data
 {
     if (!Usable(w) || !proc)
         return nullptr;
-    XwkTreeNode *root = M(w).tree->root;
-    for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root)) {
-        if (w->core.being_destroyed)
-            return nullptr;
-        if (Item(n) && proc(n, Item(n)->clientData, data))
-            return n;
-    }
-    return nullptr;
+    return Tour(w, M(w).tree->root, false, false, proc, data);
 }
 
 XmPrjTreeNode XmPrjTreeTourChildren(Widget w, XmPrjTreeNode node, Boolean directOnly,
@@ -995,33 +1063,16 @@ XmPrjTreeNode XmPrjTreeTourChildren(Widget w, XmPrjTreeNode node, Boolean direct
         return nullptr;
     if (!node)
         node = M(w).tree->root;
-    for (XwkTreeNode *n = node->first_child; n;
-         n = directOnly ? n->next_sibling : PreorderNext(n, node)) {
-        if (w->core.being_destroyed)
-            return nullptr;
-        if (Item(n) && proc(n, Item(n)->clientData, data))
-            return n;
-    }
-    return nullptr;
+    if (!OwnNode(w, node))
+        return nullptr;
+    return Tour(w, node, directOnly, false, proc, data);
 }
 
 XmPrjTreeNode XmPrjTreeTourSelected(Widget w, XmPrjTreeTourProc proc, XtPointer data)
 {
     if (!Usable(w) || !proc)
         return nullptr;
-    XwkTreeNode *root = M(w).tree->root;
-    for (XwkTreeNode *top = root->first_child; top; top = top->next_sibling) {
-        for (XwkTreeNode *n = top; n; n = PreorderNext(n, top)) {
-            if (w->core.being_destroyed)
-                return nullptr;
-            XmPrjTreeItem item = Item(n);
-            if (!item || !(item->flags & XmTREE_ITEM_SELECTED))
-                continue;
-            if (proc(n, item->clientData, data))
-                return n == top ? n : top;
-        }
-    }
-    return nullptr;
+    return Tour(w, M(w).tree->root, false, true, proc, data);
 }
 
 }  // extern "C"

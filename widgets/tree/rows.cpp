@@ -158,9 +158,10 @@ XwkTreeNode *PreorderNext(XwkTreeNode *n, XwkTreeNode *top)
 {
     if (n->first_child)
         return n->first_child;
-    while (n != top && !n->next_sibling)
+    // A row moved out from under top meanwhile ends the walk at the root.
+    while (n && n != top && !n->next_sibling)
         n = n->parent;
-    return n == top ? nullptr : n->next_sibling;
+    return !n || n == top ? nullptr : n->next_sibling;
 }
 
 int RowCount(Widget w)

@@ -24,6 +24,8 @@ std::vector<Widget> Views(Widget w);
 bool RealizedAndManaged(Widget w);
 bool Alive(Widget w);
 bool IsRoot(Widget w, XwkTreeNode *node);
+// Whether the node stands in this widget's tree (the root included).
+bool OwnNode(Widget w, XwkTreeNode *node);
 bool TableMode(Widget w);
 void SetFlagOnViews(Widget w, unsigned int flag);
 
@@ -80,6 +82,10 @@ struct State {
     // Subtrees being freed now; their rows may not be deleted again from
     // the callbacks that the freeing raises.
     std::vector<XwkTreeNode *> freeing;
+    // Tours running, and the rows their visitors have freed, so that a tour
+    // goes on only from rows that still stand.
+    int touring = 0;
+    std::vector<XwkTreeNode *> freedInTour;
 };
 constexpr int kStride = 32;
 State &S(Widget w);
