@@ -389,6 +389,29 @@ TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
     EXPECT_EQ(Shown(other.tree), (std::vector<std::string>{"x", "x1", "y"}));
 }
 
+TEST(TreeSlam, RowsGivenNewWordsKeepTheirPlaceInTheList)
+{
+    Tree t(true);
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 0, XmSLAM_OPEN);
+    XmPrjTreeNode a1 = Add(t.tree, a, "a1");
+    XmPrjTreeNode b = Add(t.tree, nullptr, "b");
+    XwkIcon icon{};
+    // Each gains a word it had not: head, middle and tail of visibleList.
+    XmPrjTreeAddDeleteItemCallback(t.tree, a, DeleteProc, (XtPointer)1);
+    XmPrjTreeSetItemAttributes(t.tree, a1, &icon, nullptr, nullptr, nullptr);
+    XmPrjTreeSetItemForeground(t.tree, b, 9, False);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "b"}));
+    EXPECT_EQ(XmPrjTreeGetFirstNode(t.tree), a);
+    EXPECT_EQ(XmPrjTreeGetLastNode(t.tree), b);
+    EXPECT_EQ(XmPrjTreeGetNextNode(t.tree, a1), b);
+    XmPrjTreeDeleteItem(t.tree, a1);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "b"}));
+    XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
+    Add(t.tree, a, "a2");
+    XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a2", "b"}));
+}
+
 TEST(TreeSlam, VisibleListFollowsBranches)
 {
     Tree t(true);

@@ -26,6 +26,78 @@ bool OwnNode(Widget w, XwkTreeNode *node)
     return node == M(w).tree->root;
 }
 
+XwkTreeNode *LinkRow(Widget w, XwkTreeNode *parent, XtPointer data)
+{
+    // As t_tlink does for a node with a parent, the node coming from the pool.
+    XwkTree *tree = M(w).tree;
+    auto *node = (XwkTreeNode *)S(Mother(w)).nodes.Get();
+    if (!node)
+        return nullptr;
+    node->data = data;
+    node->id = tree->count++;
+    bool was_fresh = !(tree->flags & XWK_TREE_STALE);
+    tree->flags |= XWK_TREE_STALE;
+    node->level = parent->level + 1;
+    if (node->level + 1 > tree->depth)
+        tree->depth = node->level + 1;
+    node->parent = parent;
+    node->prev_sibling = parent->last_child;
+    if (parent->last_child)
+        parent->last_child->next_sibling = node;
+    else
+        parent->first_child = node;
+    parent->last_child = node;
+    parent->nchildren++;
+    if (!was_fresh)
+        return node;
+    // A node that ends the preorder is numbered after its predecessor and
+    // moves no other number; anywhere else the tree is renumbered now.
+    for (XwkTreeNode *n = node; n; n = n->parent) {
+        if (n->next_sibling) {
+            t_enumerate(tree);
+            return node;
+        }
+    }
+    XwkTreeNode *before = node->prev_sibling;
+    if (!before)
+        before = parent;
+    else
+        while (before->last_child)
+            before = before->last_child;
+    node->id = before->id + 1;
+    tree->flags &= ~XWK_TREE_STALE;
+    return node;
+}
+
+void FreeRows(Widget w, XwkTreeNode *top)
+{
+    // As t_freenode: children first, the procedure for each, the count
+    // lowered; the nodes go back to the pool.
+    XwkTree *tree = M(w).tree;
+    RecordPool &pool = S(Mother(w)).nodes;
+    XwkTreeNode *n = top;
+    while (n->first_child)
+        n = n->first_child;
+    for (;;) {
+        XwkTreeNode *sibling = n->next_sibling;
+        XwkTreeNode *parent = n->parent;
+        bool last = n == top;
+        if (tree->free_node)
+            tree->free_node(n, tree);
+        pool.Put(n);
+        tree->count--;
+        if (last)
+            return;
+        if (sibling) {
+            n = sibling;
+            while (n->first_child)
+                n = n->first_child;
+        } else {
+            n = parent;
+        }
+    }
+}
+
 void SetFlagOnViews(Widget w, unsigned int flag)
 {
     XmPrjTreePart &m = M(w);
@@ -140,8 +212,9 @@ void Unselect(Widget w, XwkTreeNode *n)
 
 // As t_delete_node, but the numbers are left stale for the next search to
 // renew once: a batch of deletes renumbers once, not once per row.
-void DetachAndFree(XwkTree *tree, XwkTreeNode *node)
+void DetachAndFree(Widget w, XwkTreeNode *node)
 {
+    XwkTree *tree = M(w).tree;
     XwkTreeNode *parent = node->parent;
     if (!parent)
         return;
@@ -158,7 +231,7 @@ void DetachAndFree(XwkTree *tree, XwkTreeNode *node)
     parent->nchildren--;
     if (!keeps_numbers)
         tree->flags |= XWK_TREE_STALE;
-    t_freenode(node, tree->free_node, tree);
+    FreeRows(w, node);
 }
 
 bool IsNodeOrChild(XwkTreeNode *current, XwkTreeNode *node)
@@ -331,7 +404,7 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
     if (w != mw || (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW))
         layout |= XmTREE_ITEM_HAS_EXT;
     XmPrjTreeItem item = NewItem(label, layout);
-    XwkTreeNode *node = t_tlink(m.tree, parent, item);
+    XwkTreeNode *node = LinkRow(mw, parent, item);
     if (!node) {
         FreeItem(item);
         return nullptr;
@@ -422,21 +495,15 @@ void XmPrjTreeDeleteAllItems(Widget w)
     m.currentNode = nullptr;
     m.selected = nullptr;
     ForgetStrings(mw);
-    if (m.visibleList) {
-        // The rows leave the list first, all at once.
-        for (XwkTreeNode *n = root->first_child; n; n = n->next_sibling)
-            for (XwkTreeNode *d = n; d; d = PreorderNext(d, n))
-                if (Item(d))
-                    SetElement(d, nullptr);
-        l_flush(m.visibleList);
-    }
+    // The rows leave the list first, all at once.
+    EmptyVisibleList(mw);
     XwkTreeNode *child = root->first_child;
     root->first_child = root->last_child = nullptr;
     root->nchildren = 0;
     S(mw).freeing.push_back(root);
     while (child) {
         XwkTreeNode *next = child->next_sibling;
-        t_freenode(child, m.tree->free_node, m.tree);
+        FreeRows(mw, child);
         child = next;
     }
     S(mw).freeing.pop_back();
@@ -524,7 +591,7 @@ void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
     int row = clear_below && !Hidden(w, node) ? RowOf(w, node) : -1;
     RemoveSubtreeVisible(mw, node, false);
     S(mw).freeing.push_back(node);
-    DetachAndFree(m.tree, node);
+    DetachAndFree(mw, node);
     S(mw).freeing.pop_back();
     RowsChanged(mw);
     SetFlagOnViews(mw, XmTREE_ROWS_CHANGED);
