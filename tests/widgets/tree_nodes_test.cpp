@@ -362,6 +362,17 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
     EXPECT_EQ(XmPrjTreeTourChildren(t.tree, p, True, delete_parent, t.tree), nullptr);
     EXPECT_EQ(seen, (std::vector<std::string>{"p1"}));
     EXPECT_TRUE(Shown(t.tree).empty());
+    // A list naming a row twice, and a row after its parent, deletes each once.
+    XmPrjTreeNode r = Add(t.tree, nullptr, "r", 0, XmSLAM_OPEN);
+    XmPrjTreeNode r1 = Add(t.tree, r, "r1");
+    XmPrjTreeNode s = Add(t.tree, nullptr, "s");
+    Add(t.tree, nullptr, "u");
+    XtAddCallback(t.tree, XmNdeleteCallback, OnDelete, nullptr);
+    events.clear();
+    XmPrjTreeNode doomed[] = {r, r1, s, s};
+    XmPrjTreeDeleteItems(t.tree, doomed, 4);
+    EXPECT_EQ(events.size(), 3u);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"u"}));
 }
 
 TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
@@ -410,6 +421,18 @@ TEST(TreeSlam, RowsGivenNewWordsKeepTheirPlaceInTheList)
     Add(t.tree, a, "a2");
     XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a2", "b"}));
+}
+
+TEST(TreeSlam, RowsAddedWithoutCanSlamStandOpen)
+{
+    Tree t;
+    XmPrjTreeNode p = XmPrjTreeAddSimpleItem(t.tree, "p", nullptr);
+    XmPrjTreeAddSimpleItemToItem(t.tree, p, "p1", nullptr, nullptr);
+    Add(t.tree, nullptr, "q", 0, XmSLAM_CLOSE);
+    EXPECT_EQ(XmPrjTreeGetState(t.tree, p), XmSLAM_UNDEFINED);
+    XtVaSetValues(t.tree, XmNcanSlam, True, NULL);
+    EXPECT_EQ(XmPrjTreeGetState(t.tree, p), XmSLAM_OPEN);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"p", "p1", "q"}));
 }
 
 TEST(TreeSlam, VisibleListFollowsBranches)

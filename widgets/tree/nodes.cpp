@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <unordered_set>
 
 using namespace xwk::tree;
 
@@ -166,8 +167,8 @@ void FreeNode(XwkTreeNode *node, XwkTree *tree)
     if (w) {
         ForgetString(w, node);
         S(w).deletions++;
-        if (S(w).touring)
-            S(w).freedInTour.push_back(node);
+        if (S(w).watching)
+            S(w).freedWhileWatching.push_back(node);
     }
     FreeItem(Item(node));
     node->data = nullptr;
@@ -340,13 +341,13 @@ XwkTreeNode *Tour(Widget w, XwkTreeNode *top, bool direct, bool selected_only,
             beyond = beyond->parent;
         beyond = beyond == top ? nullptr : beyond->next_sibling;
         State &st = S(Mother(w));
-        size_t mark = st.freedInTour.size();
-        st.touring++;
+        size_t mark = st.freedWhileWatching.size();
+        st.watching++;
         Boolean stop = proc(n, item->clientData, data);
-        st.touring--;
+        st.watching--;
         auto gone = [&](XwkTreeNode *x) {
-            return std::find(st.freedInTour.begin() + mark, st.freedInTour.end(), x) !=
-                   st.freedInTour.end();
+            auto &freed = st.freedWhileWatching;
+            return std::find(freed.begin() + mark, freed.end(), x) != freed.end();
         };
         bool n_gone = gone(n);
         XwkTreeNode *next = nullptr;
@@ -356,8 +357,8 @@ XwkTreeNode *Tour(Widget w, XwkTreeNode *top, bool direct, bool selected_only,
             next = after;
         else if (beyond && !gone(beyond))
             next = beyond;
-        if (!st.touring)
-            st.freedInTour.clear();
+        if (!st.watching)
+            st.freedWhileWatching.clear();
         if (stop)
             return n_gone ? nullptr : selected_only ? upper : n;
         if (w->core.being_destroyed)
@@ -422,8 +423,13 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
         Ext(node)->background = (unsigned int)mw->core.background_pixel;
         item = Item(node);
     }
-    item->slamState = (unsigned char)(slamState < 0 || slamState > XmSLAM_NONE ? XmSLAM_UNDEFINED
-                                                                                : slamState);
+    // Without canSlam the state is not stored: the row stands open, should
+    // canSlam be set later.
+    if (!m.canSlam)
+        slamState = XmSLAM_OPEN;
+    else if (slamState < 0 || slamState > XmSLAM_NONE)
+        slamState = XmSLAM_UNDEFINED;
+    item->slamState = (unsigned char)slamState;
     MeasureItem(w, item);
     if (v.flags & XmTREE_SIMPLE_ADD)
         GrowForItem(w, item);
@@ -666,8 +672,21 @@ void XmPrjTreeDeleteItems(Widget w, XmPrjTreeNode *nodes, int n)
     XmPrjTreePart &v = P(w);
     unsigned int had = v.flags & XmTREE_DELETE_BATCH;
     v.flags |= XmTREE_DELETE_BATCH;
-    for (int i = 0; i < n; i++)
-        XmPrjTreeDeleteItem(w, nodes[i]);
+    // A row freed with one listed before it, or by a callback, is not
+    // deleted again.
+    State &st = S(Mother(w));
+    std::unordered_set<XwkTreeNode *> listed(nodes, nodes + std::max(n, 0)), gone;
+    st.watching++;
+    size_t seen = st.freedWhileWatching.size();
+    for (int i = 0; i < n; i++) {
+        if (!gone.count(nodes[i]))
+            XmPrjTreeDeleteItem(w, nodes[i]);
+        for (; seen < st.freedWhileWatching.size(); seen++)
+            if (listed.count(st.freedWhileWatching[seen]))
+                gone.insert(st.freedWhileWatching[seen]);
+    }
+    if (--st.watching == 0)
+        st.freedWhileWatching.clear();
     v.flags = (v.flags & ~XmTREE_DELETE_BATCH) | had;
     if (!v.dontMove) {
         LayoutPass(w);

@@ -111,10 +111,11 @@ struct State {
     // Subtrees being freed now; their rows may not be deleted again from
     // the callbacks that the freeing raises.
     std::vector<XwkTreeNode *> freeing;
-    // Tours running, and the rows their visitors have freed, so that a tour
-    // goes on only from rows that still stand.
-    int touring = 0;
-    std::vector<XwkTreeNode *> freedInTour;
+    // Walks that hold nodes across callbacks (tours, lists of rows to
+    // delete), and the rows freed meanwhile, so that they go on only from
+    // rows that still stand.
+    int watching = 0;
+    std::vector<XwkTreeNode *> freedWhileWatching;
     RecordPool nodes{sizeof(XwkTreeNode)};
 };
 constexpr int kStride = 32;
