@@ -394,6 +394,14 @@ TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
     XmPrjTreeArrangeChildren(t.tree, XmPrjTreeGetRoot(other.tree), order, 2);
     XmPrjTreeSortChildren(t.tree, x);
     EXPECT_EQ(XmPrjTreeSetItemForeground(t.tree, x1, 7, True), 0);
+    // Nor is it made current, selected or highlighted here.
+    XmPrjTreeSetItem(t.tree, x1, False);
+    XmPrjTreeSelectItem(t.tree, x);
+    XmPrjTreeHighlightNode(t.tree, x1);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(t.tree), nullptr);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 0);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(other.tree), 0);
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(t.tree), nullptr);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"a", "a1"}));
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1"}));
     EXPECT_EQ(Labels(other.tree), (std::vector<std::string>{"x", "x1", "y"}));
