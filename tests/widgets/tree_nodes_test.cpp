@@ -329,6 +329,31 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     }, nullptr);
     XmPrjTreeDeleteItem(t.tree, e);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    // Deleting the children of the row being freed does nothing; deleting
+    // the parent of the children being deleted ends that deletion.
+    XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
+    XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer call) {
+        XmPrjTreeNode parent = XmPrjTreeGetParent(w, ((XmPrjTreeCallbackStruct *)call)->node);
+        if (parent != XmPrjTreeGetRoot(w))
+            XmPrjTreeDeleteChildren(w, parent);
+    }, nullptr);
+    XmPrjTreeNode f = Add(t.tree, nullptr, "f", 0, XmSLAM_OPEN);
+    Add(t.tree, f, "f1");
+    Add(t.tree, f, "f2");
+    XmPrjTreeDeleteItem(t.tree, f);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
+    XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer call) {
+        XmPrjTreeNode parent = XmPrjTreeGetParent(w, ((XmPrjTreeCallbackStruct *)call)->node);
+        if (parent != XmPrjTreeGetRoot(w))
+            XmPrjTreeDeleteItem(w, parent);
+    }, nullptr);
+    XmPrjTreeNode g = Add(t.tree, nullptr, "g", 0, XmSLAM_OPEN);
+    Add(t.tree, g, "g1");
+    Add(t.tree, g, "g2");
+    EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, g), 2);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"c"}));
     XmPrjTreeDeleteAllItems(t.tree);
     EXPECT_TRUE(Labels(t.tree).empty());
 }

@@ -27,6 +27,15 @@ bool OwnNode(Widget w, XwkTreeNode *node)
     return node == M(w).tree->root;
 }
 
+bool Doomed(Widget w, XwkTreeNode *node)
+{
+    for (XwkTreeNode *top : S(Mother(w)).freeing)
+        for (XwkTreeNode *n = node; n; n = n->parent)
+            if (n == top)
+                return true;
+    return false;
+}
+
 XwkTreeNode *LinkRow(Widget w, XwkTreeNode *parent, XtPointer data)
 {
     // As t_tlink does for a node with a parent, the node coming from the pool.
@@ -392,7 +401,7 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
     XmPrjTreePart &v = P(w);
     if (!parent)
         parent = m.tree->root;
-    if (!OwnNode(w, parent))
+    if (!OwnNode(w, parent) || Doomed(w, parent))
         return nullptr;
     if (parent != m.tree->root && Item(parent) && ItemState(parent) == XmSLAM_UNDEFINED)
         Item(parent)->slamState = XmSLAM_CLOSE;
@@ -534,11 +543,8 @@ void XmPrjTreeDeleteAllItems(Widget w)
 
 void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
 {
-    if (!OwnRow(w, node) || IsRoot(w, node))
+    if (!OwnRow(w, node) || IsRoot(w, node) || Doomed(w, node))
         return;
-    for (XwkTreeNode *top : S(Mother(w)).freeing)
-        if (DescendantOf(node, top))
-            return;
     Widget mw = Mother(w);
     XmPrjTreePart &m = P(mw);
     XmPrjTreePart &v = P(w);
@@ -642,16 +648,27 @@ int XmPrjTreeDeleteChildren(Widget w, XmPrjTreeNode node)
         XmPrjTreeDeleteAllItems(w);
         return rows;
     }
-    if (!OwnRow(w, node))
+    if (!OwnRow(w, node) || Doomed(w, node))
         return 0;
     XmPrjTreePart &v = P(w);
     unsigned int had = v.flags & XmTREE_DELETE_BATCH;
     v.flags |= XmTREE_DELETE_BATCH;
     int deleted = 0;
-    while (node->first_child) {
-        XmPrjTreeDeleteItem(w, node->first_child);
+    // A callback may delete the node itself, or leave a child in place.
+    State &st = S(Mother(w));
+    st.watching++;
+    size_t seen = st.freedWhileWatching.size();
+    while (XwkTreeNode *child = node->first_child) {
+        XmPrjTreeDeleteItem(w, child);
         deleted++;
+        auto &freed = st.freedWhileWatching;
+        bool gone = std::find(freed.begin() + seen, freed.end(), node) != freed.end();
+        seen = freed.size();
+        if (gone || node->first_child == child)
+            break;
     }
+    if (--st.watching == 0)
+        st.freedWhileWatching.clear();
     v.flags = (v.flags & ~XmTREE_DELETE_BATCH) | had;
     if (!v.dontMove) {
         LayoutPass(w);
@@ -701,7 +718,8 @@ void XmPrjTreeDeleteItems(Widget w, XmPrjTreeNode *nodes, int n)
 
 void XmPrjTreeReparentItem(Widget w, XmPrjTreeNode node, XmPrjTreeNode newParent)
 {
-    if (!OwnRow(w, node) || !OwnNode(w, newParent) || node == newParent)
+    if (!OwnRow(w, node) || !OwnNode(w, newParent) || node == newParent || Doomed(w, node) ||
+        Doomed(w, newParent))
         return;
     Widget mw = Mother(w);
     XmPrjTreePart &m = P(mw);

@@ -159,7 +159,7 @@ void _XmPrjTreeSortItems(Widget w, XmPrjTreeNode start, Boolean keepVisible, Boo
     XmPrjTreePart &v = P(w);
     if (!start)
         start = m.tree->root;
-    if (!OwnNode(w, start))
+    if (!OwnNode(w, start) || Doomed(w, start))
         return;
     XwkTreeNode *current = m.currentNode;
     if (!v.clearOnUpdate && current && Item(current) && !Hidden(w, current) &&
@@ -202,7 +202,7 @@ void XmPrjTreeArrangeChildren(Widget w, XmPrjTreeNode parent, int *order, int n)
     XmPrjTreePart &m = P(mw);
     if (!parent)
         parent = m.tree->root;
-    if (!OwnNode(w, parent))
+    if (!OwnNode(w, parent) || Doomed(w, parent))
         return;
     int count = (int)parent->nchildren;
     if (count < 2)
@@ -258,7 +258,8 @@ void XmPrjTreeArrangeChildren(Widget w, XmPrjTreeNode parent, int *order, int n)
 
 void XmPrjTreeSetItemPosition(Widget w, XmPrjTreeNode node, int position)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !node->parent || !OwnNode(w, node))
+    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !node->parent || !OwnNode(w, node) ||
+        Doomed(w, node))
         return;
     XwkTreeNode *parent = node->parent;
     int count = (int)parent->nchildren;

@@ -26,6 +26,9 @@ bool Alive(Widget w);
 bool IsRoot(Widget w, XwkTreeNode *node);
 // Whether the node stands in this widget's tree (the root included).
 bool OwnNode(Widget w, XwkTreeNode *node);
+// Whether the node lies in a subtree being freed now: a callback raised by
+// the freeing may not change it.
+bool Doomed(Widget w, XwkTreeNode *node);
 bool TableMode(Widget w);
 void SetFlagOnViews(Widget w, unsigned int flag);
 
