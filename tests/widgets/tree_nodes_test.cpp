@@ -565,6 +565,27 @@ TEST(TreeAttributes, ColourCharsetIconsAndPerRowStates)
     EXPECT_EQ(fruitless, wf);
     EXPECT_EQ(closed, wc);
     EXPECT_NE(wo, nullptr);
+
+    // Closing gives the row back the icon put aside when selectedIcon came:
+    // none, for a row that had selectedIcon itself.
+    XwkIcon selected_icon{}, own{};
+    Widget sel = XtVaCreateWidget("sel", xmPrjTreeWidgetClass, t.shell, XmNcanSlam, True,
+                                  XmNselectedIcon, &selected_icon, NULL);
+    XmPrjTreeNode r = XmPrjTreeAddItem(sel, nullptr, "r", &own, nullptr, XmSLAM_CLOSE, nullptr,
+                                       nullptr, nullptr);
+    Add(sel, r, "r1");
+    XmPrjTreeChangeState(sel, r, XmSLAM_OPEN);
+    XmPrjTreeGetItemAttributes(sel, r, &icon, nullptr, nullptr, nullptr);
+    EXPECT_EQ(icon, &selected_icon);
+    XmPrjTreeChangeState(sel, r, XmSLAM_CLOSE);
+    XmPrjTreeGetItemAttributes(sel, r, &icon, nullptr, nullptr, nullptr);
+    EXPECT_EQ(icon, &own);
+    XmPrjTreeNode q = XmPrjTreeAddItem(sel, nullptr, "q", &selected_icon, nullptr, XmSLAM_OPEN,
+                                       nullptr, nullptr, nullptr);
+    Add(sel, q, "q1");
+    XmPrjTreeChangeState(sel, q, XmSLAM_CLOSE);
+    XmPrjTreeGetItemAttributes(sel, q, &icon, nullptr, nullptr, nullptr);
+    EXPECT_EQ(icon, nullptr);
 }
 
 }  // namespace

@@ -399,8 +399,8 @@ bool ToggleState(Widget view, XwkTreeNode *node)
         return false;
     if (state == XmSLAM_OPEN) {
         item->slamState = XmSLAM_CLOSE;
-        if (v.selectedIcon && IconOf(item) == v.selectedIcon && ExtOf(item)) {
-            SetIcon(node, ExtOf(item)->savedIcon);
+        if (v.selectedIcon && IconOf(item) == v.selectedIcon) {
+            SetIcon(node, ExtOf(item) ? ExtOf(item)->savedIcon : nullptr);
             GeometryChanged(view);
         }
         if (!node->first_child)
