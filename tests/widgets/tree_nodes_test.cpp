@@ -539,6 +539,8 @@ TEST(TreeOrder, ArrangeSwapReparentAndSort)
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
     XmPrjTreeReparentItem(t.tree, r3, r2);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"2", "3", "1", "1a"}));
+    // The moved row keeps its place on the screen until the list is rebuilt.
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
     EXPECT_EQ(XmPrjTreeGetParent(t.tree, r3), r2);
     XmPrjTreeNode a = r3, b = r2;
     EXPECT_EQ(XmPrjTreeDefaultSortProc(&a, &b), 1);  // different parents
