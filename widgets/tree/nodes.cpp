@@ -343,7 +343,7 @@ XwkTreeNode *Tour(Widget w, XwkTreeNode *top, bool direct, bool selected_only,
             continue;
         }
         XwkTreeNode *upper = n;
-        while (upper->parent && upper->parent != root)
+        while (selected_only && upper->parent && upper->parent != root)
             upper = upper->parent;
         XwkTreeNode *after = step(n), *beyond = n;
         while (!direct && beyond != top && !beyond->next_sibling)
