@@ -619,7 +619,7 @@ extern "C" {
 
 void XmPrjTreeSetItem(Widget w, XmPrjTreeNode node, Boolean notify)
 {
-    if (!IsTree(w) || !Alive(w) || !node)
+    if (!IsTree(w) || !Alive(w) || !node || !OwnNode(w, node))
         return;
     XmPrjTreePart &v = P(w);
     XmPrjTreePart &m = M(w);
@@ -692,14 +692,14 @@ void XmPrjTreeSetNode(Widget w, XmPrjTreeNode node)
 
 void XmPrjTreeSelectItem(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !OwnNode(w, node))
         return;
     SelectRow(w, node);
 }
 
 void XmPrjTreeDeselectItem(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !OwnNode(w, node))
         return;
     XmPrjTreeItem item = Item(node);
     if (!(item->flags & XmTREE_ITEM_SELECTABLE))
@@ -737,7 +737,7 @@ void XmPrjTreeDeselectAllItems(Widget w)
 
 void XmPrjTreeHighlightNode(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !OwnNode(w, node))
         return;
     XmPrjTreePart &m = M(w);
     m.highlightedNode = node;
