@@ -1,0 +1,185 @@
+// Every public tree list operation on a widget of another class, or on no
+// widget at all, is ignored: the answer is the empty one and a real list
+// beside it stays as it was.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/Form.h>
+#include <Xm/Label.h>
+#include <X11/Shell.h>
+
+#include "xwktest.h"
+
+namespace {
+
+Boolean StopAtOnce(XmPrjTreeNode, XtPointer, XtPointer)
+{
+    return True;
+}
+
+void NoteDeleted(XmPrjTreeNode, XtPointer data)
+{
+    ++*(int *)data;
+}
+
+int Rows(Widget tree)
+{
+    int n = 0;
+    for (XmPrjTreeNode r = XmPrjTreeGetFirstNode(tree); r; r = XmPrjTreeGetNextNode(tree, r))
+        n++;
+    return n;
+}
+
+// Calls everything once with `w` and `node`; counts the non-empty answers.
+int CallEverything(Widget w, XmPrjTreeNode node)
+{
+    int answers = 0;
+    auto note = [&](bool given) { answers += given ? 1 : 0; };
+    static int deleted;
+    XwkIcon *icon = nullptr, *fruitless = nullptr, *open = nullptr, *closed = nullptr;
+    XtPointer *users = nullptr;
+    char **labels = nullptr;
+    XmPrjTreeNode *ids = nullptr;
+    int order[2] = {1, 0};
+    Dimension width = 0, height = 0;
+    int x = 0, y = 0;
+
+    note(XmPrjTreeAddItem(w, node, "a", nullptr, nullptr, XmSLAM_OPEN, nullptr, nullptr,
+                          nullptr) != nullptr);
+    note(XmPrjTreeAddSimpleItemToItem(w, node, "b", nullptr, nullptr) != nullptr);
+    note(XmPrjTreeAddSimpleItem(w, "c", nullptr) != nullptr);
+    XmPrjTreeAddDeleteItemCallback(w, node, NoteDeleted, &deleted);
+    XmPrjTreeReparentItem(w, node, node);
+    XmPrjTreeArrangeChildren(w, node, order, 2);
+    XmPrjTreeSetItemPosition(w, node, 1);
+    note(XmPrjTreeGetItemPositionFromParent(w, node) > 0);
+    note(XmPrjTreeGetItemByPositionFromParent(w, node, 1) != nullptr);
+    note(XmPrjTreeGetRoot(w) != nullptr);
+    note(XmPrjTreeGetFirstNode(w) != nullptr);
+    note(XmPrjTreeGetLastNode(w) != nullptr);
+    note(XmPrjTreeGetNextNode(w, node) != nullptr);
+    note(XmPrjTreeGetPreviousNode(w, node) != nullptr);
+    note(XmPrjTreeGetParent(w, node) != nullptr);
+    note(XmPrjTreeGetNodeLevel(w, node) > 0);
+    note(XmPrjTreeGetNodeNumber(w, node) > 0);
+    note(XmPrjTreeFindFirstChild(w, node) != nullptr);
+    note(XmPrjTreeFindItemOneLevel(w, node, "a") != nullptr);
+    note(XmPrjTreeFindItemByClientData(w, nullptr) != nullptr);
+    note(XmPrjTreeFindItemByNodeNumber(w, 1) != nullptr);
+    note(XmPrjTreeIsParent(w, node, node));
+    note(XmPrjTreeItemExists(w, node));
+    note(XmPrjTreeItemVisible(w, node));
+    note(XmPrjTreeGetItemsCount(w, node) > 0);
+    note(XmPrjTreeGetNameItem(w, node) != nullptr);
+    note(XmPrjTreeGetClientData(w, node) != nullptr);
+    note(XmPrjTreeGetClientDataFromParent(w, node) != nullptr);
+    XmPrjTreeSetClientData(w, node, (XtPointer)1);
+    note(XmPrjTreeGetSelectedItem(w) != nullptr);
+    note(XmPrjTreeGetTreePtr(w) != nullptr);
+    note(XmPrjTreeGetNodePtr(w, node) != nullptr);
+    XmPrjTreeSetItemForeground(w, node, 1, True);
+    XmPrjTreeGetItemForeground(w, node);
+    XmPrjTreeSetItemCharset(w, node, (char *)"BOLD", True);
+    note(XmPrjTreeGetItemCharSet(w, node) != nullptr);
+    XmPrjTreeGetItemAttributes(w, node, &icon, &fruitless, &open, &closed);
+    XmPrjTreeSetItemAttributes(w, node, nullptr, nullptr, nullptr, nullptr);
+    XmPrjTreeGetDefaultItemAttributes(w, &fruitless, &open, &closed);
+    note(XmPrjTreeGetLabelList(w, &labels) > 0);
+    note(XmPrjTreeGetUserList(w, &users) > 0);
+    note(XmPrjTreeGetIdList(w, &ids) > 0);
+    note(XmPrjTreeGetSelectedLabelList(w, &labels) > 0);
+    note(XmPrjTreeGetSelectedUserList(w, &users) > 0);
+    note(XmPrjTreeGetSelectedIdList(w, &ids) > 0);
+    note(XmPrjTreeGetChildrenUserList(w, node, False, &users) > 0);
+    note(XmPrjTreeGetSelectedItemCount(w) > 0);
+    note(XmPrjTreeGetSelectedItemsCount(w) > 0);
+    note(XmPrjTreeTourTree(w, StopAtOnce, nullptr) != nullptr);
+    note(XmPrjTreeTourChildren(w, node, False, StopAtOnce, nullptr) != nullptr);
+    note(XmPrjTreeTourSelected(w, StopAtOnce, nullptr) != nullptr);
+    XmPrjTreeChangeState(w, node, XmSLAM_CLOSE);
+    XmPrjTreeGetState(w, node);
+    XmPrjTreeSortChildren(w, node);
+    XmPrjTreeSortItems(w, True);
+    XmPrjTreeResizeWindow(w, True);
+    XmPrjTreeGetPreferedSize(w, &width, &height);
+    XmPrjTreeUpdateNode(w, node);
+    XmPrjTreeUpdateItem(w, node);
+    note(XmPrjTreeWhichNode(0, 5, 5, w) != nullptr);
+    XmPrjTreeSetNode(w, node);
+    XmPrjTreeSetItem(w, node, True);
+    XmPrjTreeSelectItem(w, node);
+    XmPrjTreeDeselectItem(w, node);
+    XmPrjTreeSetSelectable(w, node, False);
+    XmPrjTreeSelectAllItems(w);
+    XmPrjTreeDeselectAllItems(w);
+    XmPrjTreeGetOrigins(w, &x, &y);
+    XmPrjTreeSetOrigins(w, 10, 10);
+    XmPrjTreeSetTopItem(w, node);
+    XmPrjTreeScroll(w, 1);
+    XmPrjTreeHighlight(w, node);
+    XmPrjTreeHighlightNode(w, node);
+    note(XmPrjTreeGetHighlighted(w) != nullptr);
+    note(XmPrjTreeGetHighlightedWidget(w) != nullptr);
+    XmPrjTreeUnhighlight(w);
+    XmPrjTreeShadowHighlight(w);
+    XmPrjTreeShadowUnhighlight(w);
+    XmPrjTreeSetEditable(w, False);
+    XmPrjTreeSetEditable(w, True);
+    XmPrjTreeDeleteItems(w, &node, 1);
+    note(XmPrjTreeDeleteChildren(w, node) > 0);
+    XmPrjTreeDeleteItem(w, node);
+    XmPrjTreeDeleteAllItems(w);
+    return answers + deleted;
+}
+
+TEST(TreeBadInput, OtherWidgetsAndNoWidgetAreIgnored)
+{
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("bad", topLevelShellWidgetClass, app, XtNwidth, 200,
+                                        XtNheight, 150, NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, form, NULL);
+    Widget tree = XmCreateTreeList(form, (String) "tree", nullptr, 0);
+    XtVaSetValues(tree, XmNcanSlam, True, XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, label,
+                  XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
+                  XmNrightAttachment, XmATTACH_FORM, NULL);
+    XtManageChild(tree);
+    XtPopup(shell, XtGrabNone);
+    xwktest::WaitViewable(tree);
+
+    XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, (XtPointer)7,
+                                         XmSLAM_OPEN, nullptr, nullptr, nullptr);
+    XmPrjTreeNode child = XmPrjTreeAddSimpleItemToItem(tree, top, "child", nullptr, nullptr);
+    XmPrjTreeSetItem(tree, child, False);
+    ASSERT_TRUE(top && child);
+
+    for (Widget wrong : {label, form, (Widget) nullptr}) {
+        EXPECT_EQ(CallEverything(wrong, child), 0) << (wrong ? XtName(wrong) : "no widget");
+        EXPECT_EQ(CallEverything(wrong, nullptr), 0) << (wrong ? XtName(wrong) : "no widget");
+    }
+    xwktest::Settle();
+    EXPECT_EQ(Rows(tree), 2);
+    EXPECT_TRUE(XmPrjTreeItemExists(tree, child));
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(tree), child);
+    EXPECT_EQ(XmPrjTreeGetClientData(tree, top), (XtPointer)7);
+    EXPECT_EQ(XmPrjTreeGetParent(tree, child), top);
+    EXPECT_EQ(XmPrjTreeGetTreeWidgetFromItem(nullptr), nullptr);
+    EXPECT_EQ(XmPrjTreeGetClientDataFromNode(nullptr), nullptr);
+
+    // The same list with no node: nothing to act on, and nothing lost.
+    XmPrjTreeDeleteItem(tree, nullptr);
+    XmPrjTreeDeleteItems(tree, nullptr, 3);
+    XmPrjTreeSetItemPosition(tree, nullptr, 0);
+    XmPrjTreeReparentItem(tree, nullptr, top);
+    XmPrjTreeChangeState(tree, nullptr, XmSLAM_CLOSE);
+    XmPrjTreeSetClientData(tree, nullptr, (XtPointer)1);
+    XmPrjTreeAddDeleteItemCallback(tree, nullptr, NoteDeleted, nullptr);
+    EXPECT_EQ(XmPrjTreeGetNameItem(tree, nullptr), nullptr);
+    EXPECT_FALSE(XmPrjTreeItemExists(tree, nullptr));
+    xwktest::Settle();
+    EXPECT_EQ(Rows(tree), 2);
+    EXPECT_EQ(XmPrjTreeGetParent(tree, child), top);
+    XtDestroyWidget(shell);
+}
+
+}  // namespace
