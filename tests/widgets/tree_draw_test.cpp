@@ -108,7 +108,56 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
         warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
     EXPECT_TRUE(warned);
     XmPrjTreeSetItemAttributes(s.tree, node, nullptr, nullptr, nullptr, nullptr);
+    // Padding that makes the label taller than the screen: refused alike,
+    // and the list still paints.
+    Dimension pad = 0;
+    XtVaGetValues(s.tree, XmNvFontPad, &pad, NULL);
+    warnings.clear();
+    XtVaSetValues(s.tree, XmNvFontPad, 20000, NULL);
+    xwktest::Settle();
+    EXPECT_EQ(Part(s.tree).rowHeight, before);
+    warned = false;
+    for (auto &w : warnings)
+        warned = warned || w.find("Item label height is not reasonable") != std::string::npos;
+    EXPECT_TRUE(warned);
+    {
+        xwktest::Capture c(s.tree);
+        EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowY(0), 60, before), 0);
+    }
+    XtVaSetValues(s.tree, XmNvFontPad, pad, NULL);
+    EXPECT_EQ(Part(s.tree).rowHeight, before);
     XtAppSetWarningMsgHandler(xwktest::App(), nullptr);
+}
+
+TEST(TreePaint, HighlightMarkComesAndGoesWithoutClearing)
+{
+    Shown s(false);
+    for (const char *name : {"first", "second", "third", "fourth"})
+        XmPrjTreeAddSimpleItem(s.tree, name, nullptr);
+    XtVaSetValues(s.tree, XmNclearOnUpdate, False, XmNhighlightThickness, 2, NULL);
+    s.Up();
+    XmPrjTreePart &t = Part(s.tree);
+    Pixel mark = xwktest::PixelOf(s.tree, XmNhighlightColor);
+    ASSERT_NE(mark, xwktest::PixelOf(s.tree, XmNbackground));
+    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
+    // The frame's right edge: no text ever reaches it.
+    int edge = s.tree->core.width - shadow - t.treeMarginWidth - 1;
+    XmPrjTreeNode third = XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 3);
+    XmPrjTreeHighlight(s.tree, third);
+    xwktest::Settle();
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(s.tree), s.tree);
+    {
+        xwktest::Capture c(s.tree);
+        EXPECT_GT(c.Count(mark, edge - 1, s.RowY(2), 2, t.rowHeight), 4);
+        EXPECT_EQ(c.Count(mark, edge - 1, s.RowY(1), 2, t.rowHeight), 0);
+    }
+    XmPrjTreeUnhighlight(s.tree);
+    xwktest::Settle();
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(s.tree), nullptr);
+    {
+        xwktest::Capture c(s.tree);
+        EXPECT_EQ(c.Count(mark, edge - 1, s.RowY(2), 2, t.rowHeight), 0);
+    }
 }
 
 TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)

@@ -9,6 +9,7 @@
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -130,7 +131,10 @@ TEST(TreeClicks, SelectAndDoubleClick)
     EXPECT_EQ(Last("activateCallback")->data.node, l.rows[3]);
     EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_LABEL);
     EXPECT_EQ(Last("activateCallback")->data.clientData, (XtPointer)4);
-    EXPECT_TRUE(Last("activateCallback")->data.selected);
+    // The call data tell the row as the press found it: not yet selected.
+    EXPECT_FALSE(Last("activateCallback")->data.selected);
+    EXPECT_FALSE(Last("selectionChanged")->data.selected);
+    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_ACTIVATE);
     EXPECT_EQ(Count("selectionChanged"), 1);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     XtPointer selected = nullptr;
@@ -141,6 +145,7 @@ TEST(TreeClicks, SelectAndDoubleClick)
     ASSERT_EQ(Count("defaultActionCallback"), 1);
     EXPECT_EQ(Last("defaultActionCallback")->data.reason, XmCR_DEFAULT_ACTION);
     EXPECT_EQ(Last("defaultActionCallback")->data.node, l.rows[3]);
+    EXPECT_TRUE(Last("defaultActionCallback")->data.selected);
     // A press elsewhere restarts the count.
     l.ClickRow(5);
     l.ClickRow(3);
@@ -188,6 +193,15 @@ TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
     l.ClickRow(8);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     EXPECT_EQ(l.Current(), l.rows[8]);
+    // Two selected, one of them the current row: a plain press still
+    // clears the other one.
+    l.ClickRow(3, ControlMask);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(10);
+    ASSERT_EQ(XmPrjTreeGetSelectedIdList(l.tree, &ids), 1);
+    EXPECT_EQ(ids[0], l.rows[10]);
+    XtFree((char *)ids);
 }
 
 TEST(TreeClicks, CtrlPressInSingleSelectionOnlyTakesFocus)
@@ -228,6 +242,21 @@ TEST(TreeKeys, ArrowsPagesAndEnds)
     l.Key(XK_Home, ControlMask);
     EXPECT_EQ(l.Current(), l.rows[0]);
     EXPECT_EQ(Part(l.tree).topRow, 0);
+    // Making the current row current again leaves the page where it is.
+    XmPrjTreeSetTopItem(l.tree, l.rows[20]);
+    EXPECT_EQ(Part(l.tree).topRow, 20);
+    calls.clear();
+    XmPrjTreeSetNode(l.tree, l.rows[0]);
+    EXPECT_EQ(Part(l.tree).topRow, 20);
+    EXPECT_EQ(Count("selectionChanged"), 0);
+    // Another row is brought in, centred, and announced.
+    XmPrjTreeSetNode(l.tree, l.rows[5]);
+    EXPECT_EQ(Part(l.tree).topRow, std::max(0, 5 - page / 2));
+    ASSERT_EQ(Count("selectionChanged"), 1);
+    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_TREE_SELECTION_CHANGED);
+    EXPECT_EQ(Last("selectionChanged")->data.part, XmTREE_PART_ROW);
+    EXPECT_EQ(Last("selectionChanged")->data.cellType, XmCELL_NONE);
+    EXPECT_EQ(Last("selectionChanged")->data.clientData, (XtPointer)6);
 }
 
 TEST(TreeKeys, SlamKeysOpenAndClose)
@@ -424,6 +453,139 @@ TEST(TreePointer, DraggingBelowTheWindowScrolls)
     int top = Part(l.tree).topRow;
     xwktest::Pump(300);
     EXPECT_EQ(Part(l.tree).topRow, top);
+}
+
+}  // namespace
+
+namespace {
+
+// What the deleting callback removes when it hears its list.
+enum class Drop { nothing, parent, all, node };
+Drop drop = Drop::nothing;
+std::string drop_on;
+
+void Deleter(Widget w, XtPointer closure, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    if (drop_on != (const char *)closure || drop == Drop::nothing || !cbs->node)
+        return;
+    Drop what = drop;
+    drop = Drop::nothing;
+    if (what == Drop::parent)
+        XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, cbs->node));
+    else if (what == Drop::all)
+        XmPrjTreeDeleteAllItems(w);
+    else
+        XmPrjTreeDeleteItem(w, cbs->node);
+}
+
+struct Deleting : Live {
+    Deleting(unsigned char policy) : Live(true, policy, 6)
+    {
+        for (const char *name : {"activateCallback", "selectionChanged", "defaultActionCallback",
+                                 "multipleSelectionCallback"})
+            XtAddCallback(tree, name, Deleter, (XtPointer)name);
+    }
+    void Arm(const char *list, Drop what)
+    {
+        drop_on = list;
+        drop = what;
+    }
+    int Shown() { return Part(tree).visibleList ? Part(tree).visibleList->count : -1; }
+};
+
+TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
+{
+    Deleting l(XmSINGLE_SELECT);
+    XmPrjTreeNode k1 = XmPrjTreeAddItem(l.tree, l.rows[0], "k1", nullptr, nullptr, XmSLAM_CLOSE,
+                                        nullptr, nullptr, nullptr);
+    XmPrjTreeAddItem(l.tree, l.rows[0], "k2", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
+                     nullptr);
+    XmPrjTreeChangeState(l.tree, l.rows[0], XmSLAM_OPEN);
+    xwktest::Settle();
+    ASSERT_EQ(l.Shown(), 8);
+    // A press whose activate callback deletes the pressed row's parent:
+    // the branch goes with the row that would have followed it as current,
+    // and the press itself raises nothing more.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.Arm("activateCallback", Drop::parent);
+    calls.clear();
+    l.ClickRow(2);
+    EXPECT_EQ(l.Shown(), 5);
+    EXPECT_EQ(l.Current(), nullptr);
+    ASSERT_EQ(Count("selectionChanged"), 1);
+    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_TREE_SELECTION_CHANGED);
+    (void)k1;
+    // The list still answers the pointer.
+    l.ClickRow(0);
+    EXPECT_EQ(l.Current(), l.rows[1]);
+    // A key whose selection callback empties the list.
+    l.Arm("selectionChanged", Drop::all);
+    l.Key(XK_Down);
+    EXPECT_EQ(l.Shown(), 0);
+    EXPECT_EQ(l.Current(), nullptr);
+    l.Key(XK_Down);
+    l.Key(XK_space);
+    l.ClickRow(0);
+    EXPECT_EQ(l.Current(), nullptr);
+    // Rows again; a double click whose default action deletes its row.
+    for (const char *name : {"x0", "x1", "x2"})
+        XmPrjTreeAddItem(l.tree, nullptr, (char *)name, nullptr, nullptr, XmSLAM_CLOSE, nullptr,
+                         nullptr, nullptr);
+    xwktest::Settle();
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(1);
+    l.Arm("defaultActionCallback", Drop::node);
+    l.ClickRow(1);
+    EXPECT_EQ(l.Shown(), 2);
+    XmPrjTreeNode first = XmPrjTreeGetFirstNode(l.tree);
+    EXPECT_EQ(l.Current(), first);
+    // Opening a leaf from the keyboard, where the application deletes it
+    // instead of filling it.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(1);
+    XmPrjTreeNode leaf = l.Current();
+    ASSERT_NE(leaf, nullptr);
+    l.Arm("activateCallback", Drop::node);
+    l.Key(XK_Down, ControlMask);
+    EXPECT_EQ(l.Shown(), 1);
+    EXPECT_EQ(l.Current(), first);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    xwktest::Settle();
+}
+
+TEST(TreeCallbacks, RangeAndDragSurviveCallbacksThatDeleteRows)
+{
+    Deleting l(XmMULTIPLE_SELECT);
+    l.ClickRow(0);
+    // The range walk stops at the callback that deleted a row.
+    l.Arm("multipleSelectionCallback", Drop::node);
+    calls.clear();
+    l.ClickRow(4, ShiftMask);
+    EXPECT_EQ(l.Shown(), 5);
+    EXPECT_EQ(Count("multipleSelectionCallback"), 1);
+    EXPECT_LE(XmPrjTreeGetSelectedItemCount(l.tree), 5);
+    // A drag whose selection callback deletes the row it reached.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    Display *dpy = XtDisplay(l.tree);
+    int rx, ry;
+    xwktest::RootPosition(l.tree, &rx, &ry);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(0));
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(50);
+    l.Arm("selectionChanged", Drop::node);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(2));
+    xwktest::Pump(50);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(3));
+    xwktest::Pump(50);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(80);
+    EXPECT_EQ(l.Shown(), 4);
+    EXPECT_NE(l.Current(), nullptr);
+    EXPECT_GE(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    EXPECT_LE(XmPrjTreeGetSelectedItemCount(l.tree), 4);
 }
 
 }  // namespace
