@@ -336,6 +336,7 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
 {
     Live l(false);
     XtAddCallback(l.tree, XmNstartDragCallback, Record, (XtPointer) "startDragCallback");
+    XtVaSetValues(l.tree, XmNinactiveBackground, xwktest::PixelOf(l.tree, XmNforeground), NULL);
     // Without a window manager the shell gets the keyboard by hand.
     XSetInputFocus(XtDisplay(l.shell), XtWindow(l.shell), RevertToParent, CurrentTime);
     xwktest::Pump(50);
@@ -352,7 +353,29 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
         XmPrjTreePart &t = Part(l.tree);
         int top = l.RowMiddle(2) - t.rowHeight / 2;
         EXPECT_GT(c.Count(highlight, 0, top, l.tree->core.width, t.rowHeight), 20);
+        // The selected row is filled with the active background.
+        ASSERT_NE(t.activeBackground, t.inactiveBackground);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(2)), t.activeBackground);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(3)),
+                  xwktest::PixelOf(l.tree, XmNbackground));
     }
+    // Focus elsewhere: the fill turns to the inactive background, the
+    // location cursor goes, and the list says so.
+    XtAddCallback(l.tree, XmNlosingFocusCallback, Record, (XtPointer) "losingFocusCallback");
+    XSetInputFocus(XtDisplay(l.shell), None, RevertToNone, CurrentTime);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Count("losingFocusCallback") > 0; }));
+    EXPECT_EQ(Last("losingFocusCallback")->data.reason, XmCR_LOSING_FOCUS);
+    EXPECT_EQ(Last("losingFocusCallback")->data.part, 1);
+    EXPECT_EQ(Last("losingFocusCallback")->data.node, l.rows[2]);
+    EXPECT_FALSE(Part(l.tree).hasFocus);
+    xwktest::Settle();
+    {
+        xwktest::Capture c(l.tree);
+        XmPrjTreePart &t = Part(l.tree);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(2)), t.inactiveBackground);
+    }
+    XSetInputFocus(XtDisplay(l.shell), XtWindow(l.shell), RevertToParent, CurrentTime);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(l.tree).hasFocus; }));
     // Button 2 starts a drag on the row under the pointer.
     xwktest::Click(l.tree, 60, l.RowMiddle(5), 2);
     xwktest::Pump(80);
