@@ -390,7 +390,7 @@ void XmPrjTreeSetOrigins(Widget w, int x, int y)
 
 void XmPrjTreeSetTopItem(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
         return;
     XmPrjTreePart &v = P(w);
     v.flags &= ~XmTREE_CLICK_MOVED;

@@ -113,6 +113,11 @@ void SetCurrent(Widget w, XwkTreeNode *node)
     m.selected = node && Item(node) ? Item(node)->clientData : nullptr;
 }
 
+bool OwnNode(Widget w, XwkTreeNode *node)
+{
+    return node && OwnerOfNode(node) == Mother(w);
+}
+
 void ToggleAndRelayout(Widget view, XwkTreeNode *node)
 {
     if (!ToggleState(view, node))
@@ -649,7 +654,7 @@ extern "C" {
 
 void XmPrjTreeSetItem(Widget w, XmPrjTreeNode node, Boolean notify)
 {
-    if (!IsTree(w) || !Alive(w) || !node)
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node))
         return;
     XmPrjTreePart &v = P(w);
     XmPrjTreePart &m = M(w);
@@ -722,14 +727,14 @@ void XmPrjTreeSetNode(Widget w, XmPrjTreeNode node)
 
 void XmPrjTreeSelectItem(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
         return;
     SelectRow(w, node);
 }
 
 void XmPrjTreeDeselectItem(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
         return;
     XmPrjTreeItem item = Item(node);
     if (!(item->flags & XmTREE_ITEM_SELECTABLE))
@@ -739,7 +744,7 @@ void XmPrjTreeDeselectItem(Widget w, XmPrjTreeNode node)
 
 void XmPrjTreeSetSelectable(Widget w, XmPrjTreeNode node, Boolean selectable)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
         return;
     XmPrjTreeItem item = Item(node);
     if (selectable) {
@@ -767,7 +772,7 @@ void XmPrjTreeDeselectAllItems(Widget w)
 
 void XmPrjTreeHighlightNode(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
         return;
     XmPrjTreePart &m = M(w);
     m.highlightedNode = node;
@@ -807,6 +812,8 @@ void XmPrjTreeHighlight(Widget w, XmPrjTreeNode node)
     if (!IsTree(w) || !Alive(w))
         return;
     if (M(w).highlightedNode == node && node)
+        return;
+    if (node && !OwnNode(w, node))
         return;
     XmPrjTreeUnhighlight(w);
     if (node)

@@ -181,6 +181,9 @@ void DefaultAction(Widget view, XwkTreeNode *node, int part, XEvent *event, int 
                    int cell_type);
 void ToggleAndRelayout(Widget view, XwkTreeNode *node);
 void SetCurrent(Widget w, XwkTreeNode *node);
+// Whether the node stands in the tree of w's mother; a node of another
+// list, or one already cut out of its tree, is not.
+bool OwnNode(Widget w, XwkTreeNode *node);
 
 // Actions (select.cpp, keys.cpp).
 extern XtActionsRec actions[18];
