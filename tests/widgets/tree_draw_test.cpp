@@ -108,6 +108,21 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
         warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
     EXPECT_TRUE(warned);
     XmPrjTreeSetItemAttributes(s.tree, node, nullptr, nullptr, nullptr, nullptr);
+    // Added the fast way, the tall icon is only seen by the next pass,
+    // which refuses it too.
+    warnings.clear();
+    XmPrjTreeNode tall_row = XmPrjTreeAddSimpleItemToItem(s.tree, nullptr, "tall", &tall, nullptr);
+    xwktest::Settle();
+    XmPrjTreeResizeWindow(s.tree, True);
+    xwktest::Settle();
+    EXPECT_LE(Part(s.tree).rowHeight, HeightOfScreen(XtScreen(s.tree)));
+    warned = false;
+    for (auto &w : warnings)
+        warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
+    EXPECT_TRUE(warned);
+    XmPrjTreeDeleteItem(s.tree, tall_row);
+    XmPrjTreeResizeWindow(s.tree, True);
+    EXPECT_EQ(Part(s.tree).rowHeight, before);
     // Padding that makes the label taller than the screen: refused alike,
     // and the list still paints.
     Dimension pad = 0;
@@ -192,6 +207,15 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
         EXPECT_GT(c.Count(fg, 0, s.RowY(2), s.tree->core.width, rh), 0);
         EXPECT_EQ(c.Count(fg, 4, s.RowY(3), s.tree->core.width - 8, rh), 0);
     }
+    // Preferred width: the indent of the deepest shown level, here the
+    // closed "child" at level 2, with margins, padding and highlight.
+    Dimension pw = 0, ph = 0;
+    XmPrjTreeGetPreferedSize(s.tree, &pw, &ph);
+    ASSERT_EQ(t.iconWidth, 0);
+    EXPECT_EQ(t.stateIconWidth, 13);
+    EXPECT_EQ(pw, (13 + t.hIconPad) * 2 + 2 * (t.treeMarginWidth + t.hPad + t.highlightThickness));
+    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
+    EXPECT_EQ((ph - 2 * (shadow + t.highlightThickness + t.treeMarginHeight) - t.vPad) % rh, 0);
     XmPrjTreeChangeState(s.tree, a, XmSLAM_CLOSE);
     xwktest::Settle();
     {

@@ -242,6 +242,13 @@ TEST(TreeKeys, ArrowsPagesAndEnds)
     l.Key(XK_Home, ControlMask);
     EXPECT_EQ(l.Current(), l.rows[0]);
     EXPECT_EQ(Part(l.tree).topRow, 0);
+    // The drop mark on the half shown last row brings it in whole.
+    XmPrjTreeSetTopItem(l.tree, l.rows[39 - page]);
+    ASSERT_EQ(Part(l.tree).topRow, 39 - page);
+    XmPrjTreeHighlightNode(l.tree, l.rows[39]);
+    EXPECT_EQ(Part(l.tree).topRow, 40 - page);
+    EXPECT_EQ(XmPrjTreeGetHighlighted(l.tree), (XtPointer)40);
+    XmPrjTreeUnhighlight(l.tree);
     // Making the current row current again leaves the page where it is.
     XmPrjTreeSetTopItem(l.tree, l.rows[20]);
     EXPECT_EQ(Part(l.tree).topRow, 20);

@@ -783,6 +783,9 @@ void XmPrjTreeHighlightNode(Widget w, XmPrjTreeNode node)
     unsigned int had = v.flags & XmTREE_ROW_UPDATE;
     v.flags |= XmTREE_ROW_UPDATE;
     DoPendingRepaint(w);
+    // The last row may stand half shown below the page: it comes in whole.
+    if (RowOf(w, node) == RowCount(w) - 1)
+        MakeVisible(w, node, false, false);
     UpdateRow(w, node);
     v.flags = (v.flags & ~XmTREE_ROW_UPDATE) | had;
 }
