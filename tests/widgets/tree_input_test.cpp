@@ -271,8 +271,15 @@ TEST(TreeKeys, SlamKeysOpenAndClose)
     Live l(true, XmSINGLE_SELECT, 3);
     XmPrjTreeNode a1 = XmPrjTreeAddItem(l.tree, l.rows[0], "a1", nullptr, nullptr, XmSLAM_CLOSE,
                                         nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(l.tree, a1, "a11", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    XmPrjTreeNode a11 = XmPrjTreeAddItem(l.tree, a1, "a11", nullptr, nullptr, XmSLAM_CLOSE,
+                                         nullptr, nullptr, nullptr);
     XwkList *shown = Part(l.tree).visibleList;
+    auto order = [&] {
+        std::vector<XmPrjTreeNode> nodes;
+        for (XwkListNode *e = shown->first; e; e = e->next)
+            nodes.push_back((XmPrjTreeNode)e->data);
+        return nodes;
+    };
     EXPECT_EQ(shown->count, 3);
     l.ClickRow(0);
     l.Key(XK_space);
@@ -282,11 +289,26 @@ TEST(TreeKeys, SlamKeysOpenAndClose)
     EXPECT_EQ(l.Current(), a1);
     l.Key(XK_Down, ControlMask);
     EXPECT_EQ(shown->count, 5);
+    std::vector<XmPrjTreeNode> open_order{l.rows[0], a1, a11, l.rows[1], l.rows[2]};
+    EXPECT_EQ(order(), open_order);
+    {
+        // The opened branch is on the screen: five rows, the fifth label
+        // drawn, and nothing below it.
+        xwktest::Settle();
+        xwktest::Capture c(l.tree);
+        Pixel fg = xwktest::PixelOf(l.tree, XmNforeground);
+        int rh = Part(l.tree).rowHeight;
+        EXPECT_GT(c.Count(fg, 0, l.RowMiddle(4) - rh / 2, l.tree->core.width, rh), 0);
+        EXPECT_EQ(c.Count(fg, 4, l.RowMiddle(5) - rh / 2, l.tree->core.width - 8, rh), 0);
+    }
     // Ctrl-Up closes the open row; again, it climbs to the parent and
     // closes that.
     l.Key(XK_Up, ControlMask);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, a1), XmSLAM_CLOSE);
     EXPECT_EQ(shown->count, 4);
+    std::vector<XmPrjTreeNode> closed_order{l.rows[0], a1, l.rows[1], l.rows[2]};
+    EXPECT_EQ(order(), closed_order);
+    EXPECT_EQ(l.Current(), a1);
     l.Key(XK_Up, ControlMask);
     EXPECT_EQ(l.Current(), l.rows[0]);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[0]), XmSLAM_CLOSE);
