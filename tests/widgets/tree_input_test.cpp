@@ -603,6 +603,19 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     EXPECT_EQ(l.Shown(), 1);
     EXPECT_EQ(l.Current(), first);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    // Ctrl-Up on a leaf climbs to its parent, whose selection callback
+    // deletes that parent: the climb ends there.
+    XmPrjTreeNode p = XmPrjTreeAddItem(l.tree, nullptr, "p", nullptr, nullptr, XmSLAM_OPEN,
+                                       nullptr, nullptr, nullptr);
+    XmPrjTreeAddItem(l.tree, p, "c", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    xwktest::Settle();
+    ASSERT_EQ(l.Shown(), 3);
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(2);
+    l.Arm("selectionChanged", Drop::node);
+    l.Key(XK_Up, ControlMask);
+    EXPECT_EQ(l.Shown(), 1);
+    EXPECT_EQ(l.Current(), first);
     xwktest::Settle();
 }
 
