@@ -355,6 +355,22 @@ TEST(TreeWheel, HalfPageRowAndPage)
     l.Wheel(5);
     XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
     EXPECT_EQ(t.topRow, 1 + page);
+    // The traversal codes of XmPrjTreeScroll: 2 a row down, 1 a row up.
+    XmPrjTreeScroll(l.tree, 2);
+    XmPrjTreeScroll(l.tree, 2);
+    XmPrjTreeScroll(l.tree, 1);
+    int x = -1, y = -1;
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(y, 2 + page);
+    EXPECT_EQ(x, 0);
+    // Origins set from outside: -1 keeps one, the other moves.
+    XmPrjTreeSetOrigins(l.tree, -1, 7);
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(y, 7);
+    EXPECT_EQ(x, 0);
+    int value = -1;
+    XtVaGetValues(t.vScrollBar, XmNvalue, &value, NULL);
+    EXPECT_EQ(value, 7);
 }
 
 }  // namespace
