@@ -330,6 +330,32 @@ TEST(TreeKeys, StateIconPressSelectsAndToggles)
     ASSERT_NE(Last("activateCallback"), nullptr);
     EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_STATE_ICON);
     EXPECT_EQ(t.visibleList->count, 4);
+    // With item icons the state icon column of a top-level row counts as
+    // the icon: the press selects and toggles nothing.
+    static const char *dot[] = {"16 16 1 1", "x c #0000FF", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx"};
+    XwkIcon *icon = XwkIconCreateFromData(l.tree, (char **)dot);
+    ASSERT_NE(icon, nullptr);
+    XmPrjTreeSetItemAttributes(l.tree, l.rows[2], icon, nullptr, nullptr, nullptr);
+    XmPrjTreeNode c1 = XmPrjTreeAddItem(l.tree, l.rows[2], "c1", nullptr, nullptr, XmSLAM_CLOSE,
+                                        nullptr, nullptr, nullptr);
+    XmPrjTreeResizeWindow(l.tree, True);
+    xwktest::Settle();
+    ASSERT_EQ(t.iconWidth, 16);
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    calls.clear();
+    l.ClickRow(3, 0, x);
+    EXPECT_EQ(l.Current(), l.rows[2]);
+    ASSERT_NE(Last("activateCallback"), nullptr);
+    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_ICON);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[2]), XmSLAM_CLOSE);
+    EXPECT_FALSE(XmPrjTreeItemVisible(l.tree, c1));
+    XmPrjTreeSetItemAttributes(l.tree, l.rows[2], nullptr, nullptr, nullptr, nullptr);
+    XwkIconFree(l.tree, icon);
 }
 
 TEST(TreeWheel, HalfPageRowAndPage)
