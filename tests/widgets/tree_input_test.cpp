@@ -158,6 +158,15 @@ TEST(TreeClicks, SelectAndDoubleClick)
     l.ClickRow(4);
     ASSERT_NE(Last("activateCallback"), nullptr);
     EXPECT_EQ(Last("activateCallback")->data.node, nullptr);
+    // A row that took the place of the one first pressed, even at its
+    // address, is no second click.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(0);
+    XmPrjTreeDeleteAllItems(l.tree);
+    XmPrjTreeNode again = XmPrjTreeAddSimpleItem(l.tree, "again", nullptr);
+    l.ClickRow(0);
+    EXPECT_EQ(l.Current(), again);
+    EXPECT_EQ(Count("defaultActionCallback"), 0);
 }
 
 TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
