@@ -6,6 +6,7 @@
 #include <Xwk/PrjTreeP.h>
 #include <Xm/XmP.h>
 #include <Xm/ScrollBar.h>
+#include <Xm/ScrolledW.h>
 
 #include <cstdio>
 #include <string>
@@ -332,6 +333,25 @@ TEST(TreeCreation, ScrolledWindowNamesAndTheSlamPolicyWarning)
     EXPECT_STREQ(XtName(XtParent(named)), "filesSW");
     EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeVertScrollBar"), nullptr);
     EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeHorizScrollBar"), nullptr);
+    unsigned char scrolling = 9, visual = 9, display = 9;
+    Dimension sw_shadow = 9;
+    XtVaGetValues(XtParent(named), XmNscrollingPolicy, &scrolling, XmNvisualPolicy, &visual,
+                  XmNscrollBarDisplayPolicy, &display, XmNshadowThickness, &sw_shadow, NULL);
+    EXPECT_EQ(scrolling, XmAPPLICATION_DEFINED);
+    EXPECT_EQ(visual, XmVARIABLE);
+    EXPECT_EQ(display, XmSTATIC);
+    EXPECT_EQ(sw_shadow, 0);
+    // A list put by hand into a scrolled window of the application's makes
+    // its bars there and is its work window.
+    Widget own = XtVaCreateWidget("own", xmScrolledWindowWidgetClass, shell, NULL);
+    Widget inner = XmCreatePrjTree(own, (String) "inner", nullptr, 0);
+    XtVaGetValues(own, XmNscrollBarDisplayPolicy, &display, NULL);
+    EXPECT_EQ(display, XmSTATIC);
+    Widget work = nullptr;
+    XtVaGetValues(own, XmNworkWindow, &work, NULL);
+    EXPECT_EQ(work, inner);
+    EXPECT_NE(xwktest::FindWidget(own, "treeVertScrollBar"), nullptr);
+    XtDestroyWidget(own);
     warnings.clear();
     XtAppSetWarningMsgHandler(xwktest::App(), CollectWarning);
     XtVaSetValues(named, XmNslamPolicy, XmSLAM_PER_ROW, NULL);
