@@ -82,6 +82,8 @@ static void open_controls_desk(void)
     if (!desk)
         return;
     controls.desk = desk;
+    /* A place beside the other pages of the gallery; a window manager may move it. */
+    XtVaSetValues(XtParent(desk->form), XtNx, 900, XtNy, 300, NULL);
     SetLabel(desk, 0.5f, 0.3f, "Every control stands at a position in centimetres.", NULL);
     SetEditField(desk, 0.5f, 1.0f, "Name", 2.5f, name_value, XWK_FIELD_STRING, 40, 20,
                  &controls.name);

@@ -35,11 +35,14 @@ static const struct {
     {"Colours and images", demo_page_colours},
     {"Combo boxes and panes", demo_page_companions},
     {"Dialogs", demo_page_dialogs},
+    {"Tree list", demo_page_treelist},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 
 static String fallback_resources[] = {
-    "*renderTable: BOLD, ITALIC, FIXED",
+    "*renderTable: DEFAULT, BOLD, ITALIC, FIXED",
+    "*renderTable.DEFAULT.fontName: -*-helvetica-medium-r-*-*-12-*-*-*-*-*-*-*",
+    "*renderTable.DEFAULT.fontType: FONT_IS_FONT",
     "*renderTable.BOLD.fontName: -*-helvetica-bold-r-*-*-12-*-*-*-*-*-*-*",
     "*renderTable.BOLD.fontType: FONT_IS_FONT",
     "*renderTable.ITALIC.fontName: -*-helvetica-medium-o-*-*-12-*-*-*-*-*-*-*",
@@ -159,8 +162,9 @@ int main(int argc, char **argv)
     OpenDeskExt(desk, "&Quit\0&Help", 2);
 
     if (headless) {
+        static const Position at[][2] = {{60, 220}, {520, 20}, {900, 20}, {480, 250}, {60, 600}};
         for (int i = 0; i < npages; i++)
-            open_page(i, (Position)(60 + (i % 3) * 420), (Position)(240 + (i / 3) * 360));
+            open_page(i, at[i % 5][0], at[i % 5][1]);
         int rc = take_screenshot(screenshot);
         xwk_xvfb_stop(&server);
         return rc;

@@ -134,7 +134,8 @@ Widget create_multi_line(Widget form, Widget title, int rows, int columns, Widge
     return XmCreateScrolledText(*frame, (char *)"xwkText", args, n);
 }
 
-// Scroll bars of a multi-line field take the desk's colour and add to its size.
+// Scroll bars of a multi-line field take the desk's colour and add to its size,
+// and so does the frame.
 void add_scroll_bars(XwkEditItem *field, Widget frame, int *w, int *h)
 {
     Widget window = XtParent(field->text);
@@ -150,7 +151,12 @@ void add_scroll_bars(XwkEditItem *field, Widget frame, int *w, int *h)
         XwkSetScrollbarColor(vbar, background);
         *w += vbar->core.width;
     }
+    // The frame's size counts on top as it stands: its parent form is not
+    // managed yet, so the frame has not been laid out and adds nothing
+    // unless it was sized before.
     XtManageChild(frame);
+    *w += frame->core.width;
+    *h += frame->core.height;
 }
 
 // Places the title against the field by the gap and sets the control's size.

@@ -79,15 +79,16 @@ void walk(Widget w, Boolean state, const char *resource)
     Boolean current = top ? w->core.sensitive : w->core.ancestor_sensitive;
     if (current != state)
         XtVaSetValues(w, resource, state, NULL);
-    // The walk goes on below a widget whose own ancestors are sensitive, and
-    // below every child sensitive in itself, whichever way the state goes.
-    if ((top && !w->core.ancestor_sensitive) || !XtIsComposite(w))
+    // As Xt does: the state goes to the children of a widget whose own
+    // ancestors are sensitive, and further down only below a child that is
+    // sensitive in itself; under an insensitive one the subtree stays off.
+    bool passes = top ? w->core.ancestor_sensitive : w->core.sensitive;
+    if (!passes || !XtIsComposite(w))
         return;
     CompositeWidget c = (CompositeWidget)w;
     for (Cardinal i = 0; i < c->composite.num_children; i++) {
         Widget child = c->composite.children[i];
-        // As Xt does: an insensitive child keeps its subtree as it is.
-        if (XtIsRectObj(child) && (is_text(child) || child->core.sensitive))
+        if (XtIsRectObj(child))
             walk(child, state, XtNancestorSensitive);
     }
 }

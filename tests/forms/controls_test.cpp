@@ -455,6 +455,9 @@ TEST(Controls, SensitivityKeepsTextsSelectable)
     XwkDeskItem *field = nullptr, *button = nullptr;
     SetEditField(desk, 0.5f, 0.5f, "Text", 0.0f, value, 4, 15, 10, &field);
     SetButton(desk, 0.5f, 2.0f, "Button", &button);
+    XwkDeskItem *label = nullptr;
+    SetLabel(desk, 4.0f, 2.0f, "Off by itself", &label);
+    XtSetSensitive(label->widget, False);
     open(desk);
     Widget text = ((XwkEditItem *)field)->text;
     Pixel fg = 0, bg = 0, bottom = 0;
@@ -482,9 +485,13 @@ TEST(Controls, SensitivityKeepsTextsSelectable)
     char got[16] = "";
     GetEditField(field, got);
     EXPECT_STREQ(got, "keep me");
+    // A child that was off by itself learns that its container is off too.
+    XtSetSensitive(label->widget, True);
+    EXPECT_FALSE(XtIsSensitive(label->widget));
 
     XwkSetSensitive(desk->work, True);
     EXPECT_TRUE(XtIsSensitive(button->widget));
+    EXPECT_TRUE(XtIsSensitive(label->widget));
     XtVaGetValues(text, XmNeditable, &editable, XmNforeground, &now_fg, XmNbackground, &now_bg,
                   NULL);
     EXPECT_TRUE(editable);

@@ -8,6 +8,7 @@
 #include <Xm/DrawnB.h>
 #include <Xm/Form.h>
 #include <Xm/Label.h>
+#include <Xm/PushB.h>
 #include <Xm/ScrolledW.h>
 #include <Xm/Separator.h>
 #include <Xm/Text.h>
@@ -114,10 +115,17 @@ TEST_F(MessageBox, KindsNamesAndIcons)
             name = XtName(xwkConditWidget);
             Widget icon = xwktest::FindWidgetOfClass(xwkConditWidget, xmDrawnButtonWidgetClass);
             painted = 0;
-            if (icon) {
+            // The picture comes with the icon's first expose, which may
+            // follow the box's mapping by a little on a busy machine.
+            auto count = [&] {
                 xwktest::Capture shot(icon);
                 painted = shot.Count(c.colour, 0, 0, shot.width(), shot.height());
-            }
+                return painted > 100;
+            };
+            if (icon && c.colour)
+                xwktest::PumpUntil(count);
+            else if (icon)
+                count();
             click(1);
         });
         EXPECT_EQ(condit(nullptr, "Kind", c.kind, "A message", nullptr, 0, 1, 2), 1);
@@ -233,9 +241,19 @@ TEST_F(MessageBox, ButtonSetsAndNumbers)
     EXPECT_EQ(condit(nullptr, "Set 2", 2, "Only OK", nullptr, 0, 1, 2), 1);
     EXPECT_EQ(labels, (std::vector<std::string>{"  OK  "}));
 
-    // All buttons share one width.
+    // All buttons share one width: the widest and a part of it for each
+    // character of the longest label (19 here).
     boxdriver::when_up(&step, [&] {
+        Widget row = XtParent(boxdriver::button(1));
+        XmString s = XmStringCreateLocalized((char *)"A much longer label");
+        Widget natural = XtVaCreateWidget("natural", xmPushButtonWidgetClass, row,
+                                          XmNlabelString, s, XmNdefaultButtonShadowThickness, 1,
+                                          NULL);
+        XmStringFree(s);
+        int widest = natural->core.width;
+        XtDestroyWidget(natural);
         EXPECT_EQ(boxdriver::button(1)->core.width, boxdriver::button(2)->core.width);
+        EXPECT_EQ(boxdriver::button(2)->core.width, widest + widest / 19);
         click(1);
     });
     condit(nullptr, "Widths", 2, "x", "A\0A much longer label", 2, 1, 3);
@@ -288,11 +306,25 @@ TEST_F(MessageBox, WindowManagerCloseGivesZero)
 TEST_F(MessageBox, DestroyedParentGivesMinusOne)
 {
     Widget shell = XtVaAppCreateShell("other", "XwkTest", topLevelShellWidgetClass, xwkDisplay,
-                                      XtNwidth, 100, XtNheight, 50, NULL);
+                                      XtNwidth, 100, XtNheight, 50, XtNmappedWhenManaged, False,
+                                      NULL);
     XtRealizeWidget(shell);
-    boxdriver::when_up(&step, [&] { XtDestroyWidget(shell); });
+    Boolean parent_mapped = False;
+    int min_w = 0, min_h = 0, box_w = -1, box_h = -1;
+    boxdriver::when_up(&step, [&] {
+        // The parent is made to show; the box cannot shrink below its first size.
+        XtVaGetValues(shell, XtNmappedWhenManaged, &parent_mapped, NULL);
+        Widget box_shell = XtParent(xwkConditWidget);
+        XtVaGetValues(box_shell, XtNminWidth, &min_w, XtNminHeight, &min_h, NULL);
+        box_w = box_shell->core.width;
+        box_h = box_shell->core.height;
+        XtDestroyWidget(shell);
+    });
     EXPECT_EQ(condit(shell, "Orphan", 1, "Parent goes", nullptr, 0, 1, 2), -1);
     EXPECT_TRUE(step.done);
+    EXPECT_TRUE(parent_mapped);
+    EXPECT_EQ(min_w, box_w);
+    EXPECT_EQ(min_h, box_h);
 
     // A box destroyed by the client while it waits.
     boxdriver::when_up(&step, [] { XtDestroyWidget(XtParent(xwkConditWidget)); });
@@ -535,6 +567,32 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
     boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
     EXPECT_FALSE(XwkShowDialogWithToggle(nullptr, nullptr, "Close", nullptr, &flag,
                                          XWK_DIALOG_INFORMATION));
+
+    // A box that stands already is waited for; a call from inside the
+    // waiting gives 0 at once.
+    ASSERT_EQ(condit(nullptr, "Standing", 2, "First", nullptr, 0, -1, 2), -1);
+    Widget standing = xwkConditWidget;
+    ASSERT_NE(standing, nullptr);
+    static Step away;
+    away.ready = [] { return boxdriver::box_up(); };
+    away.action = [] { del_condit(); };
+    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &away);
+    int nested = -5;
+    std::string text;
+    step.ready = [] { return away.done && boxdriver::box_up(); };
+    step.done = false;
+    step.action = [&] {
+        nested = XwkShowDialogWithToggle(nullptr, nullptr, "Inner", nullptr, &flag,
+                                         XWK_DIALOG_INFORMATION);
+        text = box_text();
+        click(1);
+    };
+    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &step);
+    EXPECT_TRUE(XwkShowDialogWithToggle(nullptr, nullptr, "Second", nullptr, &flag,
+                                        XWK_DIALOG_INFORMATION));
+    EXPECT_TRUE(away.done) << "the standing box went first";
+    EXPECT_EQ(nested, 0);
+    EXPECT_EQ(text, "Second|");
 }
 
 TEST_F(MessageBox, FileMessagesByCode)
@@ -553,6 +611,10 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(access(present.c_str(), F_OK), 0) << "an existing file stays";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 6), 0);
     EXPECT_NE(access(missing.c_str(), F_OK), 0) << "the probe file is gone again";
+    std::string probed = std::string(dir) + "/probed";
+    fclose(fopen(probed.c_str(), "w"));
+    EXPECT_EQ(err_msg(nullptr, probed.c_str(), 6), 0);
+    EXPECT_NE(access(probed.c_str(), F_OK), 0) << "code 6 removes even a file that was there";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 0), 0) << "nothing to overwrite";
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 9), 0) << "no such code";
     EXPECT_EQ(xwkConditWidget, nullptr);

@@ -249,6 +249,7 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     EXPECT_EQ(events, (std::vector<std::string>{"proc:11", "callback:11", "selection"}));
     EXPECT_EQ(calls[0].reason, XmCR_TREE_DELETE_ITEM);
     EXPECT_EQ(calls[0].part, XmTREE_PART_ROW);
+    EXPECT_EQ(calls[0].cellType, XmCELL_NONE);
     EXPECT_EQ(calls[1].reason, XmCR_TREE_SELECTION_CHANGED);
     EXPECT_EQ(calls[1].cellType, XmCELL_NONE);
     Add(t.tree, a, "a3", 13);
@@ -328,8 +329,143 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     }, nullptr);
     XmPrjTreeDeleteItem(t.tree, e);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    // Deleting the children of the row being freed does nothing; deleting
+    // the parent of the children being deleted ends that deletion.
+    XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
+    XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer call) {
+        XmPrjTreeNode parent = XmPrjTreeGetParent(w, ((XmPrjTreeCallbackStruct *)call)->node);
+        if (parent != XmPrjTreeGetRoot(w))
+            XmPrjTreeDeleteChildren(w, parent);
+    }, nullptr);
+    XmPrjTreeNode f = Add(t.tree, nullptr, "f", 0, XmSLAM_OPEN);
+    Add(t.tree, f, "f1");
+    Add(t.tree, f, "f2");
+    XmPrjTreeDeleteItem(t.tree, f);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
+    XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer call) {
+        XmPrjTreeNode parent = XmPrjTreeGetParent(w, ((XmPrjTreeCallbackStruct *)call)->node);
+        if (parent != XmPrjTreeGetRoot(w))
+            XmPrjTreeDeleteItem(w, parent);
+    }, nullptr);
+    XmPrjTreeNode g = Add(t.tree, nullptr, "g", 0, XmSLAM_OPEN);
+    Add(t.tree, g, "g1");
+    Add(t.tree, g, "g2");
+    EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, g), 2);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"c"}));
     XmPrjTreeDeleteAllItems(t.tree);
     EXPECT_TRUE(Labels(t.tree).empty());
+}
+
+TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
+{
+    Tree t(true);
+    for (const char *l : {"a", "b", "c"})
+        Add(t.tree, Add(t.tree, nullptr, l, 0, XmSLAM_OPEN), (std::string(l) + "1").c_str());
+    static std::vector<std::string> seen;
+    seen.clear();
+    // Each visited row goes, its child with it; the tour goes on after it.
+    auto delete_visited = [](XmPrjTreeNode node, XtPointer, XtPointer w) -> Boolean {
+        seen.push_back(XmPrjTreeGetNameItem((Widget)w, node));
+        XmPrjTreeDeleteItem((Widget)w, node);
+        return False;
+    };
+    EXPECT_EQ(XmPrjTreeTourTree(t.tree, delete_visited, t.tree), nullptr);
+    EXPECT_EQ(seen, (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_TRUE(Labels(t.tree).empty());
+    // A visitor that deletes the rest of the tour ends it.
+    XmPrjTreeNode p = Add(t.tree, nullptr, "p", 0, XmSLAM_OPEN);
+    Add(t.tree, p, "p1");
+    Add(t.tree, p, "p2");
+    seen.clear();
+    auto delete_parent = [](XmPrjTreeNode node, XtPointer, XtPointer w) -> Boolean {
+        seen.push_back(XmPrjTreeGetNameItem((Widget)w, node));
+        XmPrjTreeDeleteItem((Widget)w, XmPrjTreeGetParent((Widget)w, node));
+        return True;
+    };
+    EXPECT_EQ(XmPrjTreeTourChildren(t.tree, p, True, delete_parent, t.tree), nullptr);
+    EXPECT_EQ(seen, (std::vector<std::string>{"p1"}));
+    EXPECT_TRUE(Shown(t.tree).empty());
+    // A list naming a row twice, and a row after its parent, deletes each once.
+    XmPrjTreeNode r = Add(t.tree, nullptr, "r", 0, XmSLAM_OPEN);
+    XmPrjTreeNode r1 = Add(t.tree, r, "r1");
+    XmPrjTreeNode s = Add(t.tree, nullptr, "s");
+    Add(t.tree, nullptr, "u");
+    XtAddCallback(t.tree, XmNdeleteCallback, OnDelete, nullptr);
+    events.clear();
+    XmPrjTreeNode doomed[] = {r, r1, s, s};
+    XmPrjTreeDeleteItems(t.tree, doomed, 4);
+    EXPECT_EQ(events.size(), 3u);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"u"}));
+}
+
+TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
+{
+    Tree t(true), other(true);
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 0, XmSLAM_OPEN);
+    Add(t.tree, a, "a1");
+    XmPrjTreeNode x = Add(other.tree, nullptr, "x", 0, XmSLAM_OPEN);
+    XmPrjTreeNode x1 = Add(other.tree, x, "x1");
+    Add(other.tree, nullptr, "y");
+    EXPECT_EQ(Add(t.tree, x, "in x"), nullptr);
+    XmPrjTreeDeleteItem(t.tree, x1);
+    EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, x), 0);
+    XmPrjTreeReparentItem(t.tree, a, x);
+    XmPrjTreeReparentItem(t.tree, x1, a);
+    XmPrjTreeChangeState(t.tree, x, XmSLAM_CLOSE);
+    XmPrjTreeSetItemPosition(t.tree, x, 2);
+    int order[] = {1, 0};
+    XmPrjTreeArrangeChildren(t.tree, XmPrjTreeGetRoot(other.tree), order, 2);
+    XmPrjTreeSortChildren(t.tree, x);
+    EXPECT_EQ(XmPrjTreeSetItemForeground(t.tree, x1, 7, True), 0);
+    // Nor is it made current, selected or highlighted here.
+    XmPrjTreeSetItem(t.tree, x1, False);
+    XmPrjTreeSelectItem(t.tree, x);
+    XmPrjTreeHighlightNode(t.tree, x1);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(t.tree), nullptr);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 0);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(other.tree), 0);
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(t.tree), nullptr);
+    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"a", "a1"}));
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1"}));
+    EXPECT_EQ(Labels(other.tree), (std::vector<std::string>{"x", "x1", "y"}));
+    EXPECT_EQ(Shown(other.tree), (std::vector<std::string>{"x", "x1", "y"}));
+}
+
+TEST(TreeSlam, RowsGivenNewWordsKeepTheirPlaceInTheList)
+{
+    Tree t(true);
+    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 0, XmSLAM_OPEN);
+    XmPrjTreeNode a1 = Add(t.tree, a, "a1");
+    XmPrjTreeNode b = Add(t.tree, nullptr, "b");
+    XwkIcon icon{};
+    // Each gains a word it had not: head, middle and tail of visibleList.
+    XmPrjTreeAddDeleteItemCallback(t.tree, a, DeleteProc, (XtPointer)1);
+    XmPrjTreeSetItemAttributes(t.tree, a1, &icon, nullptr, nullptr, nullptr);
+    XmPrjTreeSetItemForeground(t.tree, b, 9, False);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "b"}));
+    EXPECT_EQ(XmPrjTreeGetFirstNode(t.tree), a);
+    EXPECT_EQ(XmPrjTreeGetLastNode(t.tree), b);
+    EXPECT_EQ(XmPrjTreeGetNextNode(t.tree, a1), b);
+    XmPrjTreeDeleteItem(t.tree, a1);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "b"}));
+    XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
+    Add(t.tree, a, "a2");
+    XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a2", "b"}));
+}
+
+TEST(TreeSlam, RowsAddedWithoutCanSlamStandOpen)
+{
+    Tree t;
+    XmPrjTreeNode p = XmPrjTreeAddSimpleItem(t.tree, "p", nullptr);
+    XmPrjTreeAddSimpleItemToItem(t.tree, p, "p1", nullptr, nullptr);
+    Add(t.tree, nullptr, "q", 0, XmSLAM_CLOSE);
+    EXPECT_EQ(XmPrjTreeGetState(t.tree, p), XmSLAM_UNDEFINED);
+    XtVaSetValues(t.tree, XmNcanSlam, True, NULL);
+    EXPECT_EQ(XmPrjTreeGetState(t.tree, p), XmSLAM_OPEN);
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"p", "p1", "q"}));
 }
 
 TEST(TreeSlam, VisibleListFollowsBranches)
@@ -403,6 +539,8 @@ TEST(TreeOrder, ArrangeSwapReparentAndSort)
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
     XmPrjTreeReparentItem(t.tree, r3, r2);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"2", "3", "1", "1a"}));
+    // The moved row keeps its place on the screen until the list is rebuilt.
+    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
     EXPECT_EQ(XmPrjTreeGetParent(t.tree, r3), r2);
     XmPrjTreeNode a = r3, b = r2;
     EXPECT_EQ(XmPrjTreeDefaultSortProc(&a, &b), 1);  // different parents
@@ -429,6 +567,27 @@ TEST(TreeAttributes, ColourCharsetIconsAndPerRowStates)
     EXPECT_EQ(fruitless, wf);
     EXPECT_EQ(closed, wc);
     EXPECT_NE(wo, nullptr);
+
+    // Closing gives the row back the icon put aside when selectedIcon came:
+    // none, for a row that had selectedIcon itself.
+    XwkIcon selected_icon{}, own{};
+    Widget sel = XtVaCreateWidget("sel", xmPrjTreeWidgetClass, t.shell, XmNcanSlam, True,
+                                  XmNselectedIcon, &selected_icon, NULL);
+    XmPrjTreeNode r = XmPrjTreeAddItem(sel, nullptr, "r", &own, nullptr, XmSLAM_CLOSE, nullptr,
+                                       nullptr, nullptr);
+    Add(sel, r, "r1");
+    XmPrjTreeChangeState(sel, r, XmSLAM_OPEN);
+    XmPrjTreeGetItemAttributes(sel, r, &icon, nullptr, nullptr, nullptr);
+    EXPECT_EQ(icon, &selected_icon);
+    XmPrjTreeChangeState(sel, r, XmSLAM_CLOSE);
+    XmPrjTreeGetItemAttributes(sel, r, &icon, nullptr, nullptr, nullptr);
+    EXPECT_EQ(icon, &own);
+    XmPrjTreeNode q = XmPrjTreeAddItem(sel, nullptr, "q", &selected_icon, nullptr, XmSLAM_OPEN,
+                                       nullptr, nullptr, nullptr);
+    Add(sel, q, "q1");
+    XmPrjTreeChangeState(sel, q, XmSLAM_CLOSE);
+    XmPrjTreeGetItemAttributes(sel, q, &icon, nullptr, nullptr, nullptr);
+    EXPECT_EQ(icon, nullptr);
 }
 
 }  // namespace

@@ -421,16 +421,21 @@ void Destroy(Widget w)
     if (mother) {
         if (t.visibleList) {
             // The rows leave the list all at once, not one renumbering each.
-            XwkTreeNode *root = t.tree->root;
-            for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root))
-                if (Item(n))
-                    SetElement(n, nullptr);
+            EmptyVisibleList(w);
             l_destroy(t.visibleList);
             t.visibleList = nullptr;
             t.tree->user = nullptr;
         }
         ForgetStrings(w);
         if (t.tree) {
+            // The rows' nodes go back to the pool; t_destroy takes the root.
+            XwkTreeNode *root = t.tree->root;
+            for (XwkTreeNode *c = root->first_child, *next; c; c = next) {
+                next = c->next_sibling;
+                FreeRows(w, c);
+            }
+            root->first_child = root->last_child = nullptr;
+            root->nchildren = 0;
             t_destroy(t.tree);
             UnregisterTree(w);
             t.tree = nullptr;
@@ -588,9 +593,7 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
             for (XwkTreeNode *c = root->first_child; c; c = c->next_sibling)
                 InsertSubtreeVisible(w, c);
         } else if (t.visibleList) {
-            for (XwkTreeNode *n = t.tree->root->first_child; n; n = PreorderNext(n, t.tree->root))
-                if (Item(n))
-                    SetElement(n, nullptr);
+            EmptyVisibleList(w);
             l_destroy(t.visibleList);
             t.visibleList = nullptr;
         }

@@ -5,6 +5,7 @@
 #include <Xm/XmP.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 using namespace xwk::tree;
@@ -14,31 +15,61 @@ namespace {
 constexpr unsigned char kSlots[] = {XmTREE_ITEM_HAS_ICON, XmTREE_ITEM_HAS_ELEMENT,
                                     XmTREE_ITEM_HAS_EXT};
 
-XtPointer *Slot(XmPrjTreeItem item, unsigned char bit)
+size_t SlotSize(unsigned char bit)
+{
+    return bit == XmTREE_ITEM_HAS_ELEMENT ? sizeof(XwkListNode) : sizeof(XtPointer);
+}
+
+size_t SlotBytes(unsigned char layout)
+{
+    size_t n = 0;
+    for (unsigned char b : kSlots)
+        if (layout & b)
+            n += SlotSize(b);
+    return n;
+}
+
+char *Slot(XmPrjTreeItem item, unsigned char bit)
 {
     if (!item || !(item->layout & bit))
         return nullptr;
-    auto *p = (XtPointer *)(item + 1);
+    char *p = (char *)(item + 1);
     for (unsigned char b : kSlots) {
         if (b == bit)
             return p;
         if (item->layout & b)
-            p++;
+            p += SlotSize(b);
     }
     return nullptr;
 }
 
-int SlotCount(unsigned char layout)
+XtPointer *Word(XmPrjTreeItem item, unsigned char bit)
 {
-    int n = 0;
-    for (unsigned char b : kSlots)
-        n += (layout & b) != 0;
-    return n;
+    return (XtPointer *)Slot(item, bit);
 }
 
 char *InlineLabel(XmPrjTreeItem item)
 {
-    return (char *)((XtPointer *)(item + 1) + SlotCount(item->layout));
+    return (char *)(item + 1) + SlotBytes(item->layout);
+}
+
+// A linked element has moved from old_e to e: its neighbours and the list
+// ends follow.
+void Relink(XwkTreeNode *node, XwkListNode *old_e, XwkListNode *e)
+{
+    XwkList *list = nullptr;
+    if (!old_e->prev || !old_e->next) {
+        Widget w = OwnerOfNode(node);
+        list = w ? M(w).visibleList : nullptr;
+    }
+    if (e->prev)
+        e->prev->next = e;
+    else if (list && list->first == old_e)
+        list->first = e;
+    if (e->next)
+        e->next->prev = e;
+    else if (list && list->last == old_e)
+        list->last = e;
 }
 
 // Makes the node's record anew with the slot for bit added.
@@ -48,16 +79,19 @@ XmPrjTreeItem Reshape(XwkTreeNode *node, unsigned char bit)
     unsigned char layout = old->layout | bit;
     const char *label = (old->layout & XmTREE_ITEM_HAS_LABEL) ? InlineLabel(old) : nullptr;
     size_t len = label ? strlen(label) + 1 : 0;
-    size_t size = sizeof(XmPrjTreeItemRec) + SlotCount(layout) * sizeof(XtPointer) + len;
+    size_t size = sizeof(XmPrjTreeItemRec) + SlotBytes(layout) + len;
     auto *item = (XmPrjTreeItem)XtMalloc(size);
     memset(item, 0, size);
     *item = *old;
     item->layout = layout;
     for (unsigned char b : kSlots)
         if (old->layout & b)
-            *Slot(item, b) = *Slot(old, b);
+            memcpy(Slot(item, b), Slot(old, b), SlotSize(b));
     if (label)
         memcpy(InlineLabel(item), label, len);
+    auto *old_e = (XwkListNode *)Slot(old, XmTREE_ITEM_HAS_ELEMENT);
+    if (old_e && old_e->data)
+        Relink(node, old_e, (XwkListNode *)Slot(item, XmTREE_ITEM_HAS_ELEMENT));
     XtFree((char *)old);
     node->data = (XtPointer)item;
     return item;
@@ -75,19 +109,30 @@ namespace xwk::tree {
 
 XwkIcon *IconOf(XmPrjTreeItem item)
 {
-    XtPointer *slot = Slot(item, XmTREE_ITEM_HAS_ICON);
+    XtPointer *slot = Word(item, XmTREE_ITEM_HAS_ICON);
     return slot ? (XwkIcon *)*slot : nullptr;
 }
 
 XwkListNode *ElementOf(XmPrjTreeItem item)
 {
-    XtPointer *slot = Slot(item, XmTREE_ITEM_HAS_ELEMENT);
-    return slot ? (XwkListNode *)*slot : nullptr;
+    // A linked element points back to its node; an unlinked one is zero.
+    auto *e = (XwkListNode *)Slot(item, XmTREE_ITEM_HAS_ELEMENT);
+    return e && e->data ? e : nullptr;
+}
+
+XwkListNode *ElementRoom(XwkTreeNode *node)
+{
+    XmPrjTreeItem item = Item(node);
+    if (!item)
+        return nullptr;
+    if (!(item->layout & XmTREE_ITEM_HAS_ELEMENT))
+        item = Reshape(node, XmTREE_ITEM_HAS_ELEMENT);
+    return (XwkListNode *)Slot(item, XmTREE_ITEM_HAS_ELEMENT);
 }
 
 XmPrjTreeItemExtRec *ExtOf(XmPrjTreeItem item)
 {
-    XtPointer *slot = Slot(item, XmTREE_ITEM_HAS_EXT);
+    XtPointer *slot = Word(item, XmTREE_ITEM_HAS_EXT);
     return slot ? (XmPrjTreeItemExtRec *)*slot : nullptr;
 }
 
@@ -106,7 +151,7 @@ XmPrjTreeItem NewItem(const char *label, unsigned char layout)
     if (label)
         layout |= XmTREE_ITEM_HAS_LABEL;
     size_t len = label ? strlen(label) + 1 : 0;
-    size_t size = sizeof(XmPrjTreeItemRec) + SlotCount(layout) * sizeof(XtPointer) + len;
+    size_t size = sizeof(XmPrjTreeItemRec) + SlotBytes(layout) + len;
     auto *item = (XmPrjTreeItem)XtMalloc(size);
     memset(item, 0, size - len);
     item->layout = layout;
@@ -134,27 +179,13 @@ void SetIcon(XwkTreeNode *node, XwkIcon *icon)
     XmPrjTreeItem item = Item(node);
     if (!item)
         return;
-    XtPointer *slot = Slot(item, XmTREE_ITEM_HAS_ICON);
+    XtPointer *slot = Word(item, XmTREE_ITEM_HAS_ICON);
     if (!slot) {
         if (!icon)
             return;
-        slot = Slot(Reshape(node, XmTREE_ITEM_HAS_ICON), XmTREE_ITEM_HAS_ICON);
+        slot = Word(Reshape(node, XmTREE_ITEM_HAS_ICON), XmTREE_ITEM_HAS_ICON);
     }
     *slot = (XtPointer)icon;
-}
-
-void SetElement(XwkTreeNode *node, XwkListNode *element)
-{
-    XmPrjTreeItem item = Item(node);
-    if (!item)
-        return;
-    XtPointer *slot = Slot(item, XmTREE_ITEM_HAS_ELEMENT);
-    if (!slot) {
-        if (!element)
-            return;
-        slot = Slot(Reshape(node, XmTREE_ITEM_HAS_ELEMENT), XmTREE_ITEM_HAS_ELEMENT);
-    }
-    *slot = (XtPointer)element;
 }
 
 XmPrjTreeItemExtRec *Ext(XwkTreeNode *node)
@@ -162,9 +193,9 @@ XmPrjTreeItemExtRec *Ext(XwkTreeNode *node)
     XmPrjTreeItem item = Item(node);
     if (!item)
         return nullptr;
-    XtPointer *slot = Slot(item, XmTREE_ITEM_HAS_EXT);
+    XtPointer *slot = Word(item, XmTREE_ITEM_HAS_EXT);
     if (!slot)
-        slot = Slot(Reshape(node, XmTREE_ITEM_HAS_EXT), XmTREE_ITEM_HAS_EXT);
+        slot = Word(Reshape(node, XmTREE_ITEM_HAS_EXT), XmTREE_ITEM_HAS_EXT);
     if (!*slot)
         *slot = XtCalloc(1, sizeof(XmPrjTreeItemExtRec));
     return (XmPrjTreeItemExtRec *)*slot;
@@ -177,6 +208,60 @@ void GiveElementSlots(Widget w)
     for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root))
         if (Item(n) && !(Item(n)->layout & XmTREE_ITEM_HAS_ELEMENT))
             Reshape(n, XmTREE_ITEM_HAS_ELEMENT);
+}
+
+void *RecordPool::Get()
+{
+    live_++;
+#ifdef __SANITIZE_ADDRESS__
+    return calloc(1, size_);
+#else
+    void *p;
+    if (free_) {
+        p = free_;
+        free_ = *(void **)p;
+    } else {
+        // The first blocks are small, so that a short list stays small.
+        if (!left_) {
+            size_t n = blocks_.size() < 16 ? 64 : 1024;
+            blocks_.push_back((char *)malloc(n * size_));
+            left_ = n;
+            if (!blocks_.back()) {
+                blocks_.pop_back();
+                left_ = 0;
+                live_--;
+                return nullptr;
+            }
+        }
+        p = blocks_.back() + (--left_) * size_;
+    }
+    memset(p, 0, size_);
+    return p;
+#endif
+}
+
+void RecordPool::Put(void *record)
+{
+    if (!record)
+        return;
+#ifdef __SANITIZE_ADDRESS__
+    free(record);
+    live_--;
+#else
+    *(void **)record = free_;
+    free_ = record;
+    if (--live_ == 0)
+        Release();
+#endif
+}
+
+void RecordPool::Release()
+{
+    for (char *b : blocks_)
+        free(b);
+    blocks_.clear();
+    left_ = 0;
+    free_ = nullptr;
 }
 
 unsigned char ColourIndex(Widget w, Pixel foreground, Pixel background)

@@ -5,7 +5,9 @@
 
 #include <Xm/XmP.h>
 
+#include <algorithm>
 #include <cstring>
+#include <unordered_set>
 
 using namespace xwk::tree;
 
@@ -14,6 +16,96 @@ namespace xwk::tree {
 bool IsRoot(Widget w, XwkTreeNode *node)
 {
     return node && M(w).tree && node == M(w).tree->root;
+}
+
+bool OwnNode(Widget w, XwkTreeNode *node)
+{
+    if (!node || !M(w).tree)
+        return false;
+    while (node->parent)
+        node = node->parent;
+    return node == M(w).tree->root;
+}
+
+bool Doomed(Widget w, XwkTreeNode *node)
+{
+    for (XwkTreeNode *top : S(Mother(w)).freeing)
+        for (XwkTreeNode *n = node; n; n = n->parent)
+            if (n == top)
+                return true;
+    return false;
+}
+
+XwkTreeNode *LinkRow(Widget w, XwkTreeNode *parent, XtPointer data)
+{
+    // As t_tlink does for a node with a parent, the node coming from the pool.
+    XwkTree *tree = M(w).tree;
+    auto *node = (XwkTreeNode *)S(Mother(w)).nodes.Get();
+    if (!node)
+        return nullptr;
+    node->data = data;
+    node->id = tree->count++;
+    bool was_fresh = !(tree->flags & XWK_TREE_STALE);
+    tree->flags |= XWK_TREE_STALE;
+    node->level = parent->level + 1;
+    if (node->level + 1 > tree->depth)
+        tree->depth = node->level + 1;
+    node->parent = parent;
+    node->prev_sibling = parent->last_child;
+    if (parent->last_child)
+        parent->last_child->next_sibling = node;
+    else
+        parent->first_child = node;
+    parent->last_child = node;
+    parent->nchildren++;
+    if (!was_fresh)
+        return node;
+    // A node that ends the preorder is numbered after its predecessor and
+    // moves no other number; anywhere else the tree is renumbered now.
+    for (XwkTreeNode *n = node; n; n = n->parent) {
+        if (n->next_sibling) {
+            t_enumerate(tree);
+            return node;
+        }
+    }
+    XwkTreeNode *before = node->prev_sibling;
+    if (!before)
+        before = parent;
+    else
+        while (before->last_child)
+            before = before->last_child;
+    node->id = before->id + 1;
+    tree->flags &= ~XWK_TREE_STALE;
+    return node;
+}
+
+void FreeRows(Widget w, XwkTreeNode *top)
+{
+    // As t_freenode: children first, the procedure for each, the count
+    // lowered; the nodes go back to the pool.
+    XwkTree *tree = M(w).tree;
+    RecordPool &pool = S(Mother(w)).nodes;
+    XwkTreeNode *n = top;
+    while (n->first_child)
+        n = n->first_child;
+    for (;;) {
+        XwkTreeNode *sibling = n->next_sibling;
+        XwkTreeNode *parent = n->parent;
+        bool last = n == top;
+        if (tree->free_node)
+            tree->free_node(n, tree);
+        pool.Put(n);
+        tree->count--;
+        if (last)
+            return;
+        if (sibling) {
+            n = sibling;
+            while (n->first_child)
+                n = n->first_child;
+        } else {
+            n = parent;
+        }
+    }
 }
 
 void SetFlagOnViews(Widget w, unsigned int flag)
@@ -38,6 +130,13 @@ bool UsableNode(Widget w, XwkTreeNode *node)
     return Usable(w) && node && Item(node);
 }
 
+// A row that this widget may change: a node of another list is left alone,
+// its links and elements being another tree's.
+bool OwnRow(Widget w, XwkTreeNode *node)
+{
+    return UsableNode(w, node) && OwnNode(w, node);
+}
+
 void FreeNode(XwkTreeNode *node, XwkTree *tree)
 {
     XmPrjTreeItem item = Item(node);
@@ -52,7 +151,7 @@ void FreeNode(XwkTreeNode *node, XwkTree *tree)
     }
     if (w && !w->core.being_destroyed && P(w).deleteCallback)
         CallCallbacks(w, P(w).deleteCallback, XmCR_TREE_DELETE_ITEM, nullptr, node,
-                      XmTREE_PART_ROW, 0, 0);
+                      XmTREE_PART_ROW, 0, XmCELL_NONE);
     if (w) {
         XmPrjTreePart &m = P(w);
         if (m.cellNodeId == node) {
@@ -83,6 +182,8 @@ void FreeNode(XwkTreeNode *node, XwkTree *tree)
     if (w) {
         ForgetString(w, node);
         S(w).deletions++;
+        if (S(w).watching)
+            S(w).freedWhileWatching.push_back(node);
     }
     FreeItem(Item(node));
     node->data = nullptr;
@@ -127,8 +228,9 @@ void Unselect(Widget w, XwkTreeNode *n)
 
 // As t_delete_node, but the numbers are left stale for the next search to
 // renew once: a batch of deletes renumbers once, not once per row.
-void DetachAndFree(XwkTree *tree, XwkTreeNode *node)
+void DetachAndFree(Widget w, XwkTreeNode *node)
 {
+    XwkTree *tree = M(w).tree;
     XwkTreeNode *parent = node->parent;
     if (!parent)
         return;
@@ -145,7 +247,7 @@ void DetachAndFree(XwkTree *tree, XwkTreeNode *node)
     parent->nchildren--;
     if (!keeps_numbers)
         tree->flags |= XWK_TREE_STALE;
-    t_freenode(node, tree->free_node, tree);
+    FreeRows(w, node);
 }
 
 bool IsNodeOrChild(XwkTreeNode *current, XwkTreeNode *node)
@@ -227,6 +329,60 @@ int CollectList(Widget w, XwkTreeNode *top, bool include_top, bool selected_only
     return (int)out.size();
 }
 
+// Visits the rows below top in preorder (only its children when direct).
+// The visitor may delete rows, the visited one included: the tour goes on
+// from the visited row if it still stands, else from the row that came
+// after it or after its subtree, else it ends.  A tour of the selected rows answers the
+// top-level row under which the visitor stopped.
+XwkTreeNode *Tour(Widget w, XwkTreeNode *top, bool direct, bool selected_only,
+                  XmPrjTreeTourProc proc, XtPointer data)
+{
+    XwkTreeNode *root = M(w).tree->root;
+    auto step = [&](XwkTreeNode *n) { return direct ? n->next_sibling : PreorderNext(n, top); };
+    XwkTreeNode *n = top->first_child;
+    while (n) {
+        if (w->core.being_destroyed)
+            return nullptr;
+        XmPrjTreeItem item = Item(n);
+        if (!item || (selected_only && !(item->flags & XmTREE_ITEM_SELECTED))) {
+            n = step(n);
+            continue;
+        }
+        XwkTreeNode *upper = n;
+        while (selected_only && upper->parent && upper->parent != root)
+            upper = upper->parent;
+        XwkTreeNode *after = step(n), *beyond = n;
+        while (!direct && beyond != top && !beyond->next_sibling)
+            beyond = beyond->parent;
+        beyond = beyond == top ? nullptr : beyond->next_sibling;
+        State &st = S(Mother(w));
+        size_t mark = st.freedWhileWatching.size();
+        st.watching++;
+        Boolean stop = proc(n, item->clientData, data);
+        st.watching--;
+        auto gone = [&](XwkTreeNode *x) {
+            auto &freed = st.freedWhileWatching;
+            return std::find(freed.begin() + mark, freed.end(), x) != freed.end();
+        };
+        bool n_gone = gone(n);
+        XwkTreeNode *next = nullptr;
+        if (!n_gone)
+            next = step(n);
+        else if (after && !gone(after))
+            next = after;
+        else if (beyond && !gone(beyond))
+            next = beyond;
+        if (!st.watching)
+            st.freedWhileWatching.clear();
+        if (stop)
+            return n_gone ? nullptr : selected_only ? upper : n;
+        if (w->core.being_destroyed)
+            return nullptr;
+        n = next;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 namespace xwk::tree {
@@ -251,6 +407,8 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
     XmPrjTreePart &v = P(w);
     if (!parent)
         parent = m.tree->root;
+    if (!OwnNode(w, parent) || Doomed(w, parent))
+        return nullptr;
     if (parent != m.tree->root && Item(parent) && ItemState(parent) == XmSLAM_UNDEFINED)
         Item(parent)->slamState = XmSLAM_CLOSE;
 
@@ -262,7 +420,7 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
     if (w != mw || (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW))
         layout |= XmTREE_ITEM_HAS_EXT;
     XmPrjTreeItem item = NewItem(label, layout);
-    XwkTreeNode *node = t_tlink(m.tree, parent, item);
+    XwkTreeNode *node = LinkRow(mw, parent, item);
     if (!node) {
         FreeItem(item);
         return nullptr;
@@ -280,8 +438,13 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
         Ext(node)->background = (unsigned int)mw->core.background_pixel;
         item = Item(node);
     }
-    item->slamState = (unsigned char)(slamState < 0 || slamState > XmSLAM_NONE ? XmSLAM_UNDEFINED
-                                                                                : slamState);
+    // Without canSlam the state is not stored: the row stands open, should
+    // canSlam be set later.
+    if (!m.canSlam)
+        slamState = XmSLAM_OPEN;
+    else if (slamState < 0 || slamState > XmSLAM_NONE)
+        slamState = XmSLAM_UNDEFINED;
+    item->slamState = (unsigned char)slamState;
     MeasureItem(w, item);
     if (v.flags & XmTREE_SIMPLE_ADD)
         GrowForItem(w, item);
@@ -353,21 +516,15 @@ void XmPrjTreeDeleteAllItems(Widget w)
     m.currentNode = nullptr;
     m.selected = nullptr;
     ForgetStrings(mw);
-    if (m.visibleList) {
-        // The rows leave the list first, all at once.
-        for (XwkTreeNode *n = root->first_child; n; n = n->next_sibling)
-            for (XwkTreeNode *d = n; d; d = PreorderNext(d, n))
-                if (Item(d))
-                    SetElement(d, nullptr);
-        l_flush(m.visibleList);
-    }
+    // The rows leave the list first, all at once.
+    EmptyVisibleList(mw);
     XwkTreeNode *child = root->first_child;
     root->first_child = root->last_child = nullptr;
     root->nchildren = 0;
     S(mw).freeing.push_back(root);
     while (child) {
         XwkTreeNode *next = child->next_sibling;
-        t_freenode(child, m.tree->free_node, m.tree);
+        FreeRows(mw, child);
         child = next;
     }
     S(mw).freeing.pop_back();
@@ -392,11 +549,8 @@ void XmPrjTreeDeleteAllItems(Widget w)
 
 void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
 {
-    if (!UsableNode(w, node) || IsRoot(w, node))
+    if (!OwnRow(w, node) || IsRoot(w, node) || Doomed(w, node))
         return;
-    for (XwkTreeNode *top : S(Mother(w)).freeing)
-        if (DescendantOf(node, top))
-            return;
     Widget mw = Mother(w);
     XmPrjTreePart &m = P(mw);
     XmPrjTreePart &v = P(w);
@@ -455,7 +609,7 @@ void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
     int row = clear_below && !Hidden(w, node) ? RowOf(w, node) : -1;
     RemoveSubtreeVisible(mw, node, false);
     S(mw).freeing.push_back(node);
-    DetachAndFree(m.tree, node);
+    DetachAndFree(mw, node);
     S(mw).freeing.pop_back();
     RowsChanged(mw);
     SetFlagOnViews(mw, XmTREE_ROWS_CHANGED);
@@ -500,16 +654,27 @@ int XmPrjTreeDeleteChildren(Widget w, XmPrjTreeNode node)
         XmPrjTreeDeleteAllItems(w);
         return rows;
     }
-    if (!Item(node))
+    if (!OwnRow(w, node) || Doomed(w, node))
         return 0;
     XmPrjTreePart &v = P(w);
     unsigned int had = v.flags & XmTREE_DELETE_BATCH;
     v.flags |= XmTREE_DELETE_BATCH;
     int deleted = 0;
-    while (node->first_child) {
-        XmPrjTreeDeleteItem(w, node->first_child);
+    // A callback may delete the node itself, or leave a child in place.
+    State &st = S(Mother(w));
+    st.watching++;
+    size_t seen = st.freedWhileWatching.size();
+    while (XwkTreeNode *child = node->first_child) {
+        XmPrjTreeDeleteItem(w, child);
         deleted++;
+        auto &freed = st.freedWhileWatching;
+        bool gone = std::find(freed.begin() + seen, freed.end(), node) != freed.end();
+        seen = freed.size();
+        if (gone || node->first_child == child)
+            break;
     }
+    if (--st.watching == 0)
+        st.freedWhileWatching.clear();
     v.flags = (v.flags & ~XmTREE_DELETE_BATCH) | had;
     if (!v.dontMove) {
         LayoutPass(w);
@@ -530,8 +695,21 @@ void XmPrjTreeDeleteItems(Widget w, XmPrjTreeNode *nodes, int n)
     XmPrjTreePart &v = P(w);
     unsigned int had = v.flags & XmTREE_DELETE_BATCH;
     v.flags |= XmTREE_DELETE_BATCH;
-    for (int i = 0; i < n; i++)
-        XmPrjTreeDeleteItem(w, nodes[i]);
+    // A row freed with one listed before it, or by a callback, is not
+    // deleted again.
+    State &st = S(Mother(w));
+    std::unordered_set<XwkTreeNode *> listed(nodes, nodes + std::max(n, 0)), gone;
+    st.watching++;
+    size_t seen = st.freedWhileWatching.size();
+    for (int i = 0; i < n; i++) {
+        if (!gone.count(nodes[i]))
+            XmPrjTreeDeleteItem(w, nodes[i]);
+        for (; seen < st.freedWhileWatching.size(); seen++)
+            if (listed.count(st.freedWhileWatching[seen]))
+                gone.insert(st.freedWhileWatching[seen]);
+    }
+    if (--st.watching == 0)
+        st.freedWhileWatching.clear();
     v.flags = (v.flags & ~XmTREE_DELETE_BATCH) | had;
     if (!v.dontMove) {
         LayoutPass(w);
@@ -546,7 +724,8 @@ void XmPrjTreeDeleteItems(Widget w, XmPrjTreeNode *nodes, int n)
 
 void XmPrjTreeReparentItem(Widget w, XmPrjTreeNode node, XmPrjTreeNode newParent)
 {
-    if (!UsableNode(w, node) || !newParent || node == newParent)
+    if (!OwnRow(w, node) || !OwnNode(w, newParent) || node == newParent || Doomed(w, node) ||
+        Doomed(w, newParent))
         return;
     Widget mw = Mother(w);
     XmPrjTreePart &m = P(mw);
@@ -802,7 +981,7 @@ Pixel XmPrjTreeGetItemForeground(Widget w, XmPrjTreeNode node)
 
 int XmPrjTreeSetItemForeground(Widget w, XmPrjTreeNode node, Pixel pixel, Boolean redraw)
 {
-    if (!UsableNode(w, node))
+    if (!OwnRow(w, node))
         return 0;
     if (ForegroundOf(w, Item(node)) == pixel)
         return 1;
@@ -819,7 +998,7 @@ char *XmPrjTreeGetItemCharSet(Widget w, XmPrjTreeNode node)
 
 int XmPrjTreeSetItemCharset(Widget w, XmPrjTreeNode node, char *charset, Boolean redraw)
 {
-    if (!UsableNode(w, node) || !charset)
+    if (!OwnRow(w, node) || !charset)
         return 0;
     char *now = CharsetOf(w, Item(node));
     if (now && strcmp(now, charset) == 0)
@@ -864,7 +1043,7 @@ void XmPrjTreeGetItemAttributes(Widget w, XmPrjTreeNode node, XwkIcon **icon, Xw
 void XmPrjTreeSetItemAttributes(Widget w, XmPrjTreeNode node, XwkIcon *icon, XwkIcon *fruitless,
                                 XwkIcon *open, XwkIcon *closed)
 {
-    if (!UsableNode(w, node))
+    if (!OwnRow(w, node))
         return;
     XmPrjTreePart &m = M(w);
     SetIcon(node, icon);
@@ -984,14 +1163,7 @@ XmPrjTreeNode XmPrjTreeTourTree(Widget w, XmPrjTreeTourProc proc, XtPointer data
 {
     if (!Usable(w) || !proc)
         return nullptr;
-    XwkTreeNode *root = M(w).tree->root;
-    for (XwkTreeNode *n = root->first_child; n; n = PreorderNext(n, root)) {
-        if (w->core.being_destroyed)
-            return nullptr;
-        if (Item(n) && proc(n, Item(n)->clientData, data))
-            return n;
-    }
-    return nullptr;
+    return Tour(w, M(w).tree->root, false, false, proc, data);
 }
 
 XmPrjTreeNode XmPrjTreeTourChildren(Widget w, XmPrjTreeNode node, Boolean directOnly,
@@ -1001,33 +1173,16 @@ XmPrjTreeNode XmPrjTreeTourChildren(Widget w, XmPrjTreeNode node, Boolean direct
         return nullptr;
     if (!node)
         node = M(w).tree->root;
-    for (XwkTreeNode *n = node->first_child; n;
-         n = directOnly ? n->next_sibling : PreorderNext(n, node)) {
-        if (w->core.being_destroyed)
-            return nullptr;
-        if (Item(n) && proc(n, Item(n)->clientData, data))
-            return n;
-    }
-    return nullptr;
+    if (!OwnNode(w, node))
+        return nullptr;
+    return Tour(w, node, directOnly, false, proc, data);
 }
 
 XmPrjTreeNode XmPrjTreeTourSelected(Widget w, XmPrjTreeTourProc proc, XtPointer data)
 {
     if (!Usable(w) || !proc)
         return nullptr;
-    XwkTreeNode *root = M(w).tree->root;
-    for (XwkTreeNode *top = root->first_child; top; top = top->next_sibling) {
-        for (XwkTreeNode *n = top; n; n = PreorderNext(n, top)) {
-            if (w->core.being_destroyed)
-                return nullptr;
-            XmPrjTreeItem item = Item(n);
-            if (!item || !(item->flags & XmTREE_ITEM_SELECTED))
-                continue;
-            if (proc(n, item->clientData, data))
-                return n == top ? n : top;
-        }
-    }
-    return nullptr;
+    return Tour(w, M(w).tree->root, false, true, proc, data);
 }
 
 }  // extern "C"

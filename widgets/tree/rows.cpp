@@ -7,13 +7,15 @@
 // rows after it, not one per row.
 #include "widgets/tree/tree.h"
 
+#include <cstring>
+
 namespace xwk::tree {
 
 namespace {
 
 XwkListNode *LinkAfter(XwkList *list, XwkListNode *after, XwkTreeNode *node)
 {
-    auto *e = (XwkListNode *)XtCalloc(1, sizeof(XwkListNode));
+    XwkListNode *e = ElementRoom(node);
     e->data = (XtPointer)node;
     e->prev = after;
     e->next = after ? after->next : list->first;
@@ -26,7 +28,6 @@ XwkListNode *LinkAfter(XwkList *list, XwkListNode *after, XwkTreeNode *node)
     else
         list->first = e;
     list->count++;
-    SetElement(node, e);
     return e;
 }
 
@@ -41,7 +42,7 @@ void Unlink(XwkList *list, XwkListNode *e)
     else
         list->last = e->prev;
     list->count--;
-    XtFree((char *)e);
+    memset(e, 0, sizeof *e);
 }
 
 bool ClosedState(int state)
@@ -130,7 +131,7 @@ void BuildIndex(Widget w)
         if (m.visibleList) {
             for (XwkListNode *e = m.visibleList->first; e; e = e->next, i++)
                 if (i % kStride == 0)
-                    s.marks.push_back(e);
+                    s.marks.push_back((XwkTreeNode *)e->data);
         }
     } else {
         XwkTreeNode *root = m.tree->root;
@@ -158,9 +159,10 @@ XwkTreeNode *PreorderNext(XwkTreeNode *n, XwkTreeNode *top)
 {
     if (n->first_child)
         return n->first_child;
-    while (n != top && !n->next_sibling)
+    // A row moved out from under top meanwhile ends the walk at the root.
+    while (n && n != top && !n->next_sibling)
         n = n->parent;
-    return n == top ? nullptr : n->next_sibling;
+    return !n || n == top ? nullptr : n->next_sibling;
 }
 
 int RowCount(Widget w)
@@ -207,12 +209,12 @@ XwkTreeNode *NodeAt(Widget w, int row)
     XmPrjTreePart &m = M(w);
     int k = row / kStride;
     if (m.canSlam) {
-        auto *e = (XwkListNode *)s.marks[k];
+        XwkListNode *e = ElementOf(Item(s.marks[k]));
         for (int i = k * kStride; i < row && e; i++)
             e = e->next;
         return e ? (XwkTreeNode *)e->data : nullptr;
     }
-    auto *n = (XwkTreeNode *)s.marks[k];
+    XwkTreeNode *n = s.marks[k];
     for (int i = k * kStride; i < row && n; i++)
         n = PreorderNext(n, m.tree->root);
     return n;
@@ -282,7 +284,7 @@ void RowAppended(Widget w, XwkTreeNode *node)
         return;
     }
     if (s.indexed % kStride == 0)
-        s.marks.push_back(m.canSlam ? (void *)ElementOf(item) : (void *)node);
+        s.marks.push_back(node);
     s.indexed++;
 }
 
@@ -337,7 +339,6 @@ void RemoveSubtreeVisible(Widget w, XwkTreeNode *top, bool keep_current)
         if (!removed)
             before = ElementOf(item)->prev;
         Unlink(m.visibleList, ElementOf(item));
-        SetElement(n, nullptr);
         removed = true;
     }
     if (!removed)
@@ -357,7 +358,6 @@ void RemoveVisible(Widget w, XwkTreeNode *node)
     XwkListNode *next = ElementOf(item)->next;
     bool tail = !next;
     Unlink(m.visibleList, ElementOf(item));
-    SetElement(node, nullptr);
     if (next)
         l_label(next);
     GeometryChanged(w);
@@ -368,6 +368,22 @@ void RemoveVisible(Widget w, XwkTreeNode *node)
             s.marks.pop_back();
         return;
     }
+    RowsChanged(w);
+}
+
+void EmptyVisibleList(Widget w)
+{
+    XmPrjTreePart &m = M(w);
+    if (!m.visibleList)
+        return;
+    // The elements lie in the rows' records: zeroing them is their leaving.
+    for (XwkListNode *e = m.visibleList->first; e;) {
+        XwkListNode *next = e->next;
+        memset(e, 0, sizeof *e);
+        e = next;
+    }
+    m.visibleList->first = m.visibleList->last = nullptr;
+    m.visibleList->count = 0;
     RowsChanged(w);
 }
 
@@ -383,8 +399,8 @@ bool ToggleState(Widget view, XwkTreeNode *node)
         return false;
     if (state == XmSLAM_OPEN) {
         item->slamState = XmSLAM_CLOSE;
-        if (v.selectedIcon && IconOf(item) == v.selectedIcon && ExtOf(item)) {
-            SetIcon(node, ExtOf(item)->savedIcon);
+        if (v.selectedIcon && IconOf(item) == v.selectedIcon) {
+            SetIcon(node, ExtOf(item) ? ExtOf(item)->savedIcon : nullptr);
             GeometryChanged(view);
         }
         if (!node->first_child)

@@ -113,11 +113,6 @@ void SetCurrent(Widget w, XwkTreeNode *node)
     m.selected = node && Item(node) ? Item(node)->clientData : nullptr;
 }
 
-bool OwnNode(Widget w, XwkTreeNode *node)
-{
-    return node && OwnerOfNode(node) == Mother(w);
-}
-
 void ToggleAndRelayout(Widget view, XwkTreeNode *node)
 {
     if (!ToggleState(view, node))
@@ -654,7 +649,7 @@ extern "C" {
 
 void XmPrjTreeSetItem(Widget w, XmPrjTreeNode node, Boolean notify)
 {
-    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node))
+    if (!IsTree(w) || !Alive(w) || !node || !OwnNode(w, node))
         return;
     XmPrjTreePart &v = P(w);
     XmPrjTreePart &m = M(w);
@@ -727,14 +722,14 @@ void XmPrjTreeSetNode(Widget w, XmPrjTreeNode node)
 
 void XmPrjTreeSelectItem(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !OwnNode(w, node))
         return;
     SelectRow(w, node);
 }
 
 void XmPrjTreeDeselectItem(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !OwnNode(w, node))
         return;
     XmPrjTreeItem item = Item(node);
     if (!(item->flags & XmTREE_ITEM_SELECTABLE))
@@ -772,7 +767,7 @@ void XmPrjTreeDeselectAllItems(Widget w)
 
 void XmPrjTreeHighlightNode(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !OwnNode(w, node))
         return;
     XmPrjTreePart &m = M(w);
     m.highlightedNode = node;

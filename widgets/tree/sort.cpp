@@ -4,6 +4,7 @@
 
 #include <Xm/XmP.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
@@ -77,6 +78,27 @@ void SortBelow(Widget w, XwkTreeNode *start)
     }
 }
 
+// The text and icon a row sorts by in a column; a cell without text gives
+// the row's label.
+void SortKey(XwkTreeNode *node, int column, const char **text, XwkIcon **icon)
+{
+    XmPrjTreeItem item = Item(node);
+    XmPrjTreeItemExtRec *ext = ExtOf(item);
+    *text = nullptr;
+    *icon = nullptr;
+    for (XwkListNode *e = ext && ext->cells ? ext->cells->first : nullptr; e; e = e->next) {
+        auto *cell = (XmPrjTreeCellRec *)e->data;
+        if (!cell || cell->column != column)
+            continue;
+        if (cell->type == XmCELL_ICON || cell->type == XmCELL_TOGGLE_ICON)
+            *icon = cell->icon;
+        *text = cell->text;
+        break;
+    }
+    if (!*text)
+        *text = LabelOf(item);
+}
+
 void TakeChildrenOut(Widget w, XwkTreeNode *parent)
 {
     for (XwkTreeNode *c = parent->first_child; c; c = c->next_sibling)
@@ -100,11 +122,30 @@ int XmPrjTreeDefaultSortProc(const void *a, const void *b)
     if (!na || !nb || na->parent != nb->parent || !Item(na) || !Item(nb))
         return 1;
     Widget view = AddedThrough(na);
-    const char *ta = LabelOf(Item(na)), *tb = LabelOf(Item(nb));
-    if (!ta || !tb)
-        return 1;
-    int result = strcmp(ta, tb);
-    if (view && IsTree(view) && P(view).sortDirection == XmSORT_DISCENDING)
+    if (view && !IsTree(view))
+        view = nullptr;
+    int column = view ? P(view).sortColumn : 0;
+    int result;
+    if (!column || !TableMode(view)) {
+        const char *ta = LabelOf(Item(na)), *tb = LabelOf(Item(nb));
+        if (!ta || !tb)
+            return 1;
+        result = strcmp(ta, tb);
+    } else {
+        const char *ta, *tb;
+        XwkIcon *ia, *ib;
+        SortKey(na, column, &ta, &ia);
+        SortKey(nb, column, &tb, &ib);
+        // Icons sort by address, as they always have.
+        if (ia && ib && ia != ib) {
+            result = (uintptr_t)ib < (uintptr_t)ia ? 1 : -1;
+        } else {
+            if (!ta || !tb)
+                return 1;
+            result = strcmp(ta, tb);
+        }
+    }
+    if (view && P(view).sortDirection == XmSORT_DISCENDING)
         result = -result;
     return result;
 }
@@ -118,6 +159,8 @@ void _XmPrjTreeSortItems(Widget w, XmPrjTreeNode start, Boolean keepVisible, Boo
     XmPrjTreePart &v = P(w);
     if (!start)
         start = m.tree->root;
+    if (!OwnNode(w, start) || Doomed(w, start))
+        return;
     XwkTreeNode *current = m.currentNode;
     if (!v.clearOnUpdate && current && Item(current) && !Hidden(w, current) &&
         RowOnPage(w, RowOf(w, current)))
@@ -159,6 +202,8 @@ void XmPrjTreeArrangeChildren(Widget w, XmPrjTreeNode parent, int *order, int n)
     XmPrjTreePart &m = P(mw);
     if (!parent)
         parent = m.tree->root;
+    if (!OwnNode(w, parent) || Doomed(w, parent))
+        return;
     int count = (int)parent->nchildren;
     if (count < 2)
         return;
@@ -213,7 +258,8 @@ void XmPrjTreeArrangeChildren(Widget w, XmPrjTreeNode parent, int *order, int n)
 
 void XmPrjTreeSetItemPosition(Widget w, XmPrjTreeNode node, int position)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !node->parent)
+    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !node->parent || !OwnNode(w, node) ||
+        Doomed(w, node))
         return;
     XwkTreeNode *parent = node->parent;
     int count = (int)parent->nchildren;

@@ -9,7 +9,8 @@ extern "C" {
 
 void XmPrjTreeChangeState(Widget w, XmPrjTreeNode node, int state)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !M(w).canSlam)
+    if (!IsTree(w) || !Alive(w) || !node || !Item(node) || !M(w).canSlam || !OwnNode(w, node) ||
+        Doomed(w, node))
         return;
     int now = ItemState(node);
     if (!node->first_child && now == XmSLAM_UNDEFINED)

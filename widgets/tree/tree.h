@@ -24,20 +24,29 @@ std::vector<Widget> Views(Widget w);
 bool RealizedAndManaged(Widget w);
 bool Alive(Widget w);
 bool IsRoot(Widget w, XwkTreeNode *node);
+// Whether the node stands in this widget's tree (the root included).
+bool OwnNode(Widget w, XwkTreeNode *node);
+// Whether the node lies in a subtree being freed now: a callback raised by
+// the freeing may not change it.
+bool Doomed(Widget w, XwkTreeNode *node);
 bool TableMode(Widget w);
 void SetFlagOnViews(Widget w, unsigned int flag);
 
 // The words of an item record that follow it (items.cpp).  Setting a word
 // a row does not yet have makes its record anew: the node's data changes,
-// so an item pointer read before is stale after SetIcon, SetElement and Ext.
+// so an item pointer read before is stale after SetIcon, ElementRoom and
+// Ext.  A row's element in visibleList lies inside its record; a record
+// made anew while the row is shown takes its element along, relinked.
 XwkIcon *IconOf(XmPrjTreeItem item);
+// The row's element while it is in visibleList, else null.
 XwkListNode *ElementOf(XmPrjTreeItem item);
+// Room for the row's element, unlinked and zeroed unless it is linked.
+XwkListNode *ElementRoom(XwkTreeNode *node);
 XmPrjTreeItemExtRec *ExtOf(XmPrjTreeItem item);
 char *LabelOf(XmPrjTreeItem item);
 XmPrjTreeItem NewItem(const char *label, unsigned char layout);
 void FreeItem(XmPrjTreeItem item);
 void SetIcon(XwkTreeNode *node, XwkIcon *icon);
-void SetElement(XwkTreeNode *node, XwkListNode *element);
 XmPrjTreeItemExtRec *Ext(XwkTreeNode *node);
 void GiveElementSlots(Widget w);
 unsigned char ColourIndex(Widget w, Pixel foreground, Pixel background);
@@ -53,6 +62,32 @@ Widget OwnerOfTree(XwkTree *tree);
 void RegisterTree(Widget w);
 void UnregisterTree(Widget w);
 
+// Records of one size handed out from blocks: a row's tree node costs its
+// size and no more, where malloc would add its own words to each.  The
+// blocks go when the last record comes back.  Under the address sanitizer
+// each record is its own allocation, so that a freed row is still caught.
+class RecordPool {
+public:
+    explicit RecordPool(size_t size) : size_(size) {}
+    ~RecordPool() { Release(); }
+    RecordPool(const RecordPool &) = delete;
+    RecordPool &operator=(const RecordPool &) = delete;
+    void *Get();
+    void Put(void *record);
+private:
+    void Release();
+    size_t size_;
+    std::vector<char *> blocks_;
+    size_t left_ = 0;           // records never handed out in the last block
+    void *free_ = nullptr;      // records given back, linked through their first word
+    size_t live_ = 0;
+};
+
+// Rows' tree nodes (nodes.cpp): linked and freed as t_tlink and t_freenode
+// do, from the mother's pool.
+XwkTreeNode *LinkRow(Widget w, XwkTreeNode *parent, XtPointer data);
+void FreeRows(Widget w, XwkTreeNode *top);
+
 // The maxima that a layout pass gathers over the rows.
 struct Raw {
     bool fresh = false;  // they still hold for the rows as they are
@@ -64,9 +99,8 @@ struct Raw {
 struct State {
     Raw raw;
     // Every kStride-th row in display order, so that the row at an index is
-    // found without walking from the head: tree nodes without canSlam,
-    // visibleList elements with it.
-    std::vector<void *> marks;
+    // found without walking from the head.
+    std::vector<XwkTreeNode *> marks;
     int indexed = 0;            // rows the marks cover
     bool indexValid = false;
     // Compound strings of rows painted lately, so that paging does not
@@ -80,6 +114,12 @@ struct State {
     // Subtrees being freed now; their rows may not be deleted again from
     // the callbacks that the freeing raises.
     std::vector<XwkTreeNode *> freeing;
+    // Walks that hold nodes across callbacks (tours, lists of rows to
+    // delete), and the rows freed meanwhile, so that they go on only from
+    // rows that still stand.
+    int watching = 0;
+    std::vector<XwkTreeNode *> freedWhileWatching;
+    RecordPool nodes{sizeof(XwkTreeNode)};
 };
 constexpr int kStride = 32;
 State &S(Widget w);
@@ -99,6 +139,8 @@ void InsertVisible(Widget w, XwkTreeNode *node);
 void InsertSubtreeVisible(Widget w, XwkTreeNode *node);
 void RemoveSubtreeVisible(Widget w, XwkTreeNode *node, bool keep_current);
 void RemoveVisible(Widget w, XwkTreeNode *node);
+// Empties visibleList at once, every row leaving it; the head stays.
+void EmptyVisibleList(Widget w);
 bool ToggleState(Widget view, XwkTreeNode *node);
 int ItemState(XwkTreeNode *node);
 
@@ -181,9 +223,6 @@ void DefaultAction(Widget view, XwkTreeNode *node, int part, XEvent *event, int 
                    int cell_type);
 void ToggleAndRelayout(Widget view, XwkTreeNode *node);
 void SetCurrent(Widget w, XwkTreeNode *node);
-// Whether the node stands in the tree of w's mother; a node of another
-// list, or one already cut out of its tree, is not.
-bool OwnNode(Widget w, XwkTreeNode *node);
 
 // Actions (select.cpp, keys.cpp).
 extern XtActionsRec actions[18];
