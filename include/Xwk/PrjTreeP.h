@@ -43,8 +43,8 @@ extern "C" {
 #define XmTREE_ITEM_SELECTABLE 0x2
 
 /* Bits of a view's button state. */
-#define XmTREE_BTN_DOWN 0x2
-#define XmTREE_BTN_DRAGGED 0x4
+#define XmTREE_BTN_DOWN 0x1
+#define XmTREE_BTN_DRAGGED 0x2
 #define XmTREE_BTN_LEFT 0x8
 #define XmTREE_BTN_ENTERED 0x10
 #define XmTREE_BTN_CTRL 0x20

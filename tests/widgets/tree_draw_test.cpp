@@ -6,6 +6,7 @@
 #include <Xwk/PrjTreeP.h>
 #include <Xm/XmP.h>
 #include <Xm/ScrollBar.h>
+#include <Xm/ScrolledW.h>
 
 #include <cstdio>
 #include <string>
@@ -108,7 +109,71 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
         warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
     EXPECT_TRUE(warned);
     XmPrjTreeSetItemAttributes(s.tree, node, nullptr, nullptr, nullptr, nullptr);
+    // Added the fast way, the tall icon is only seen by the next pass,
+    // which refuses it too.
+    warnings.clear();
+    XmPrjTreeNode tall_row = XmPrjTreeAddSimpleItemToItem(s.tree, nullptr, "tall", &tall, nullptr);
+    xwktest::Settle();
+    XmPrjTreeResizeWindow(s.tree, True);
+    xwktest::Settle();
+    EXPECT_LE(Part(s.tree).rowHeight, HeightOfScreen(XtScreen(s.tree)));
+    warned = false;
+    for (auto &w : warnings)
+        warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
+    EXPECT_TRUE(warned);
+    XmPrjTreeDeleteItem(s.tree, tall_row);
+    XmPrjTreeResizeWindow(s.tree, True);
+    EXPECT_EQ(Part(s.tree).rowHeight, before);
+    // Padding that makes the label taller than the screen: refused alike,
+    // and the list still paints.
+    Dimension pad = 0;
+    XtVaGetValues(s.tree, XmNvFontPad, &pad, NULL);
+    warnings.clear();
+    XtVaSetValues(s.tree, XmNvFontPad, 20000, NULL);
+    xwktest::Settle();
+    EXPECT_EQ(Part(s.tree).rowHeight, before);
+    warned = false;
+    for (auto &w : warnings)
+        warned = warned || w.find("Item label height is not reasonable") != std::string::npos;
+    EXPECT_TRUE(warned);
+    {
+        xwktest::Capture c(s.tree);
+        EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowY(0), 60, before), 0);
+    }
+    XtVaSetValues(s.tree, XmNvFontPad, pad, NULL);
+    EXPECT_EQ(Part(s.tree).rowHeight, before);
     XtAppSetWarningMsgHandler(xwktest::App(), nullptr);
+}
+
+TEST(TreePaint, HighlightMarkComesAndGoesWithoutClearing)
+{
+    Shown s(false);
+    for (const char *name : {"first", "second", "third", "fourth"})
+        XmPrjTreeAddSimpleItem(s.tree, name, nullptr);
+    XtVaSetValues(s.tree, XmNclearOnUpdate, False, XmNhighlightThickness, 2, NULL);
+    s.Up();
+    XmPrjTreePart &t = Part(s.tree);
+    Pixel mark = xwktest::PixelOf(s.tree, XmNhighlightColor);
+    ASSERT_NE(mark, xwktest::PixelOf(s.tree, XmNbackground));
+    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
+    // The frame's right edge: no text ever reaches it.
+    int edge = s.tree->core.width - shadow - t.treeMarginWidth - 1;
+    XmPrjTreeNode third = XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 3);
+    XmPrjTreeHighlight(s.tree, third);
+    xwktest::Settle();
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(s.tree), s.tree);
+    {
+        xwktest::Capture c(s.tree);
+        EXPECT_GT(c.Count(mark, edge - 1, s.RowY(2), 2, t.rowHeight), 4);
+        EXPECT_EQ(c.Count(mark, edge - 1, s.RowY(1), 2, t.rowHeight), 0);
+    }
+    XmPrjTreeUnhighlight(s.tree);
+    xwktest::Settle();
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(s.tree), nullptr);
+    {
+        xwktest::Capture c(s.tree);
+        EXPECT_EQ(c.Count(mark, edge - 1, s.RowY(2), 2, t.rowHeight), 0);
+    }
 }
 
 TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
@@ -143,6 +208,15 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
         EXPECT_GT(c.Count(fg, 0, s.RowY(2), s.tree->core.width, rh), 0);
         EXPECT_EQ(c.Count(fg, 4, s.RowY(3), s.tree->core.width - 8, rh), 0);
     }
+    // Preferred width: the indent of the deepest shown level, here the
+    // closed "child" at level 2, with margins, padding and highlight.
+    Dimension pw = 0, ph = 0;
+    XmPrjTreeGetPreferedSize(s.tree, &pw, &ph);
+    ASSERT_EQ(t.iconWidth, 0);
+    EXPECT_EQ(t.stateIconWidth, 13);
+    EXPECT_EQ(pw, (13 + t.hIconPad) * 2 + 2 * (t.treeMarginWidth + t.hPad + t.highlightThickness));
+    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
+    EXPECT_EQ((ph - 2 * (shadow + t.highlightThickness + t.treeMarginHeight) - t.vPad) % rh, 0);
     XmPrjTreeChangeState(s.tree, a, XmSLAM_CLOSE);
     xwktest::Settle();
     {
@@ -259,6 +333,25 @@ TEST(TreeCreation, ScrolledWindowNamesAndTheSlamPolicyWarning)
     EXPECT_STREQ(XtName(XtParent(named)), "filesSW");
     EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeVertScrollBar"), nullptr);
     EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeHorizScrollBar"), nullptr);
+    unsigned char scrolling = 9, visual = 9, display = 9;
+    Dimension sw_shadow = 9;
+    XtVaGetValues(XtParent(named), XmNscrollingPolicy, &scrolling, XmNvisualPolicy, &visual,
+                  XmNscrollBarDisplayPolicy, &display, XmNshadowThickness, &sw_shadow, NULL);
+    EXPECT_EQ(scrolling, XmAPPLICATION_DEFINED);
+    EXPECT_EQ(visual, XmVARIABLE);
+    EXPECT_EQ(display, XmSTATIC);
+    EXPECT_EQ(sw_shadow, 0);
+    // A list put by hand into a scrolled window of the application's makes
+    // its bars there and is its work window.
+    Widget own = XtVaCreateWidget("own", xmScrolledWindowWidgetClass, shell, NULL);
+    Widget inner = XmCreatePrjTree(own, (String) "inner", nullptr, 0);
+    XtVaGetValues(own, XmNscrollBarDisplayPolicy, &display, NULL);
+    EXPECT_EQ(display, XmSTATIC);
+    Widget work = nullptr;
+    XtVaGetValues(own, XmNworkWindow, &work, NULL);
+    EXPECT_EQ(work, inner);
+    EXPECT_NE(xwktest::FindWidget(own, "treeVertScrollBar"), nullptr);
+    XtDestroyWidget(own);
     warnings.clear();
     XtAppSetWarningMsgHandler(xwktest::App(), CollectWarning);
     XtVaSetValues(named, XmNslamPolicy, XmSLAM_PER_ROW, NULL);

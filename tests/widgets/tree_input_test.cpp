@@ -9,6 +9,7 @@
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -130,7 +131,10 @@ TEST(TreeClicks, SelectAndDoubleClick)
     EXPECT_EQ(Last("activateCallback")->data.node, l.rows[3]);
     EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_LABEL);
     EXPECT_EQ(Last("activateCallback")->data.clientData, (XtPointer)4);
-    EXPECT_TRUE(Last("activateCallback")->data.selected);
+    // The call data tell the row as the press found it: not yet selected.
+    EXPECT_FALSE(Last("activateCallback")->data.selected);
+    EXPECT_FALSE(Last("selectionChanged")->data.selected);
+    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_ACTIVATE);
     EXPECT_EQ(Count("selectionChanged"), 1);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     XtPointer selected = nullptr;
@@ -141,6 +145,7 @@ TEST(TreeClicks, SelectAndDoubleClick)
     ASSERT_EQ(Count("defaultActionCallback"), 1);
     EXPECT_EQ(Last("defaultActionCallback")->data.reason, XmCR_DEFAULT_ACTION);
     EXPECT_EQ(Last("defaultActionCallback")->data.node, l.rows[3]);
+    EXPECT_TRUE(Last("defaultActionCallback")->data.selected);
     // A press elsewhere restarts the count.
     l.ClickRow(5);
     l.ClickRow(3);
@@ -153,6 +158,15 @@ TEST(TreeClicks, SelectAndDoubleClick)
     l.ClickRow(4);
     ASSERT_NE(Last("activateCallback"), nullptr);
     EXPECT_EQ(Last("activateCallback")->data.node, nullptr);
+    // A row that took the place of the one first pressed, even at its
+    // address, is no second click.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(0);
+    XmPrjTreeDeleteAllItems(l.tree);
+    XmPrjTreeNode again = XmPrjTreeAddSimpleItem(l.tree, "again", nullptr);
+    l.ClickRow(0);
+    EXPECT_EQ(l.Current(), again);
+    EXPECT_EQ(Count("defaultActionCallback"), 0);
 }
 
 TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
@@ -188,6 +202,15 @@ TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
     l.ClickRow(8);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     EXPECT_EQ(l.Current(), l.rows[8]);
+    // Two selected, one of them the current row: a plain press still
+    // clears the other one.
+    l.ClickRow(3, ControlMask);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(10);
+    ASSERT_EQ(XmPrjTreeGetSelectedIdList(l.tree, &ids), 1);
+    EXPECT_EQ(ids[0], l.rows[10]);
+    XtFree((char *)ids);
 }
 
 TEST(TreeClicks, CtrlPressInSingleSelectionOnlyTakesFocus)
@@ -228,6 +251,28 @@ TEST(TreeKeys, ArrowsPagesAndEnds)
     l.Key(XK_Home, ControlMask);
     EXPECT_EQ(l.Current(), l.rows[0]);
     EXPECT_EQ(Part(l.tree).topRow, 0);
+    // The drop mark on the half shown last row brings it in whole.
+    XmPrjTreeSetTopItem(l.tree, l.rows[39 - page]);
+    ASSERT_EQ(Part(l.tree).topRow, 39 - page);
+    XmPrjTreeHighlightNode(l.tree, l.rows[39]);
+    EXPECT_EQ(Part(l.tree).topRow, 40 - page);
+    EXPECT_EQ(XmPrjTreeGetHighlighted(l.tree), (XtPointer)40);
+    XmPrjTreeUnhighlight(l.tree);
+    // Making the current row current again leaves the page where it is.
+    XmPrjTreeSetTopItem(l.tree, l.rows[20]);
+    EXPECT_EQ(Part(l.tree).topRow, 20);
+    calls.clear();
+    XmPrjTreeSetNode(l.tree, l.rows[0]);
+    EXPECT_EQ(Part(l.tree).topRow, 20);
+    EXPECT_EQ(Count("selectionChanged"), 0);
+    // Another row is brought in, centred, and announced.
+    XmPrjTreeSetNode(l.tree, l.rows[5]);
+    EXPECT_EQ(Part(l.tree).topRow, std::max(0, 5 - page / 2));
+    ASSERT_EQ(Count("selectionChanged"), 1);
+    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_TREE_SELECTION_CHANGED);
+    EXPECT_EQ(Last("selectionChanged")->data.part, XmTREE_PART_ROW);
+    EXPECT_EQ(Last("selectionChanged")->data.cellType, XmCELL_NONE);
+    EXPECT_EQ(Last("selectionChanged")->data.clientData, (XtPointer)6);
 }
 
 TEST(TreeKeys, SlamKeysOpenAndClose)
@@ -235,8 +280,15 @@ TEST(TreeKeys, SlamKeysOpenAndClose)
     Live l(true, XmSINGLE_SELECT, 3);
     XmPrjTreeNode a1 = XmPrjTreeAddItem(l.tree, l.rows[0], "a1", nullptr, nullptr, XmSLAM_CLOSE,
                                         nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(l.tree, a1, "a11", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    XmPrjTreeNode a11 = XmPrjTreeAddItem(l.tree, a1, "a11", nullptr, nullptr, XmSLAM_CLOSE,
+                                         nullptr, nullptr, nullptr);
     XwkList *shown = Part(l.tree).visibleList;
+    auto order = [&] {
+        std::vector<XmPrjTreeNode> nodes;
+        for (XwkListNode *e = shown->first; e; e = e->next)
+            nodes.push_back((XmPrjTreeNode)e->data);
+        return nodes;
+    };
     EXPECT_EQ(shown->count, 3);
     l.ClickRow(0);
     l.Key(XK_space);
@@ -246,11 +298,26 @@ TEST(TreeKeys, SlamKeysOpenAndClose)
     EXPECT_EQ(l.Current(), a1);
     l.Key(XK_Down, ControlMask);
     EXPECT_EQ(shown->count, 5);
+    std::vector<XmPrjTreeNode> open_order{l.rows[0], a1, a11, l.rows[1], l.rows[2]};
+    EXPECT_EQ(order(), open_order);
+    {
+        // The opened branch is on the screen: five rows, the fifth label
+        // drawn, and nothing below it.
+        xwktest::Settle();
+        xwktest::Capture c(l.tree);
+        Pixel fg = xwktest::PixelOf(l.tree, XmNforeground);
+        int rh = Part(l.tree).rowHeight;
+        EXPECT_GT(c.Count(fg, 0, l.RowMiddle(4) - rh / 2, l.tree->core.width, rh), 0);
+        EXPECT_EQ(c.Count(fg, 4, l.RowMiddle(5) - rh / 2, l.tree->core.width - 8, rh), 0);
+    }
     // Ctrl-Up closes the open row; again, it climbs to the parent and
     // closes that.
     l.Key(XK_Up, ControlMask);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, a1), XmSLAM_CLOSE);
     EXPECT_EQ(shown->count, 4);
+    std::vector<XmPrjTreeNode> closed_order{l.rows[0], a1, l.rows[1], l.rows[2]};
+    EXPECT_EQ(order(), closed_order);
+    EXPECT_EQ(l.Current(), a1);
     l.Key(XK_Up, ControlMask);
     EXPECT_EQ(l.Current(), l.rows[0]);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[0]), XmSLAM_CLOSE);
@@ -272,6 +339,32 @@ TEST(TreeKeys, StateIconPressSelectsAndToggles)
     ASSERT_NE(Last("activateCallback"), nullptr);
     EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_STATE_ICON);
     EXPECT_EQ(t.visibleList->count, 4);
+    // With item icons the state icon column of a top-level row counts as
+    // the icon: the press selects and toggles nothing.
+    static const char *dot[] = {"16 16 1 1", "x c #0000FF", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
+                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx"};
+    XwkIcon *icon = XwkIconCreateFromData(l.tree, (char **)dot);
+    ASSERT_NE(icon, nullptr);
+    XmPrjTreeSetItemAttributes(l.tree, l.rows[2], icon, nullptr, nullptr, nullptr);
+    XmPrjTreeNode c1 = XmPrjTreeAddItem(l.tree, l.rows[2], "c1", nullptr, nullptr, XmSLAM_CLOSE,
+                                        nullptr, nullptr, nullptr);
+    XmPrjTreeResizeWindow(l.tree, True);
+    xwktest::Settle();
+    ASSERT_EQ(t.iconWidth, 16);
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    calls.clear();
+    l.ClickRow(3, 0, x);
+    EXPECT_EQ(l.Current(), l.rows[2]);
+    ASSERT_NE(Last("activateCallback"), nullptr);
+    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_ICON);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[2]), XmSLAM_CLOSE);
+    EXPECT_FALSE(XmPrjTreeItemVisible(l.tree, c1));
+    XmPrjTreeSetItemAttributes(l.tree, l.rows[2], nullptr, nullptr, nullptr, nullptr);
+    XwkIconFree(l.tree, icon);
 }
 
 TEST(TreeWheel, HalfPageRowAndPage)
@@ -297,6 +390,22 @@ TEST(TreeWheel, HalfPageRowAndPage)
     l.Wheel(5);
     XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
     EXPECT_EQ(t.topRow, 1 + page);
+    // The traversal codes of XmPrjTreeScroll: 2 a row down, 1 a row up.
+    XmPrjTreeScroll(l.tree, 2);
+    XmPrjTreeScroll(l.tree, 2);
+    XmPrjTreeScroll(l.tree, 1);
+    int x = -1, y = -1;
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(y, 2 + page);
+    EXPECT_EQ(x, 0);
+    // Origins set from outside: -1 keeps one, the other moves.
+    XmPrjTreeSetOrigins(l.tree, -1, 7);
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(y, 7);
+    EXPECT_EQ(x, 0);
+    int value = -1;
+    XtVaGetValues(t.vScrollBar, XmNvalue, &value, NULL);
+    EXPECT_EQ(value, 7);
 }
 
 }  // namespace
@@ -307,6 +416,7 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
 {
     Live l(false);
     XtAddCallback(l.tree, XmNstartDragCallback, Record, (XtPointer) "startDragCallback");
+    XtVaSetValues(l.tree, XmNinactiveBackground, xwktest::PixelOf(l.tree, XmNforeground), NULL);
     // Without a window manager the shell gets the keyboard by hand.
     XSetInputFocus(XtDisplay(l.shell), XtWindow(l.shell), RevertToParent, CurrentTime);
     xwktest::Pump(50);
@@ -323,7 +433,29 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
         XmPrjTreePart &t = Part(l.tree);
         int top = l.RowMiddle(2) - t.rowHeight / 2;
         EXPECT_GT(c.Count(highlight, 0, top, l.tree->core.width, t.rowHeight), 20);
+        // The selected row is filled with the active background.
+        ASSERT_NE(t.activeBackground, t.inactiveBackground);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(2)), t.activeBackground);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(3)),
+                  xwktest::PixelOf(l.tree, XmNbackground));
     }
+    // Focus elsewhere: the fill turns to the inactive background, the
+    // location cursor goes, and the list says so.
+    XtAddCallback(l.tree, XmNlosingFocusCallback, Record, (XtPointer) "losingFocusCallback");
+    XSetInputFocus(XtDisplay(l.shell), None, RevertToNone, CurrentTime);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Count("losingFocusCallback") > 0; }));
+    EXPECT_EQ(Last("losingFocusCallback")->data.reason, XmCR_LOSING_FOCUS);
+    EXPECT_EQ(Last("losingFocusCallback")->data.part, 1);
+    EXPECT_EQ(Last("losingFocusCallback")->data.node, l.rows[2]);
+    EXPECT_FALSE(Part(l.tree).hasFocus);
+    xwktest::Settle();
+    {
+        xwktest::Capture c(l.tree);
+        XmPrjTreePart &t = Part(l.tree);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(2)), t.inactiveBackground);
+    }
+    XSetInputFocus(XtDisplay(l.shell), XtWindow(l.shell), RevertToParent, CurrentTime);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(l.tree).hasFocus; }));
     // Button 2 starts a drag on the row under the pointer.
     xwktest::Click(l.tree, 60, l.RowMiddle(5), 2);
     xwktest::Pump(80);
@@ -424,6 +556,183 @@ TEST(TreePointer, DraggingBelowTheWindowScrolls)
     int top = Part(l.tree).topRow;
     xwktest::Pump(300);
     EXPECT_EQ(Part(l.tree).topRow, top);
+}
+
+}  // namespace
+
+namespace {
+
+// What the deleting callback removes when it hears its list.
+enum class Drop { nothing, parent, all, node };
+Drop drop = Drop::nothing;
+std::string drop_on;
+
+void Deleter(Widget w, XtPointer closure, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    if (drop_on != (const char *)closure || drop == Drop::nothing || !cbs->node)
+        return;
+    Drop what = drop;
+    drop = Drop::nothing;
+    if (what == Drop::parent)
+        XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, cbs->node));
+    else if (what == Drop::all)
+        XmPrjTreeDeleteAllItems(w);
+    else
+        XmPrjTreeDeleteItem(w, cbs->node);
+}
+
+struct Deleting : Live {
+    Deleting(unsigned char policy) : Live(true, policy, 6)
+    {
+        for (const char *name : {"activateCallback", "selectionChanged", "defaultActionCallback",
+                                 "multipleSelectionCallback"})
+            XtAddCallback(tree, name, Deleter, (XtPointer)name);
+    }
+    void Arm(const char *list, Drop what)
+    {
+        drop_on = list;
+        drop = what;
+    }
+    int Shown() { return Part(tree).visibleList ? Part(tree).visibleList->count : -1; }
+};
+
+TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
+{
+    Deleting l(XmSINGLE_SELECT);
+    XmPrjTreeNode k1 = XmPrjTreeAddItem(l.tree, l.rows[0], "k1", nullptr, nullptr, XmSLAM_CLOSE,
+                                        nullptr, nullptr, nullptr);
+    XmPrjTreeAddItem(l.tree, l.rows[0], "k2", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
+                     nullptr);
+    XmPrjTreeChangeState(l.tree, l.rows[0], XmSLAM_OPEN);
+    xwktest::Settle();
+    ASSERT_EQ(l.Shown(), 8);
+    // A press whose activate callback deletes the pressed row's parent:
+    // the branch goes with the row that would have followed it as current,
+    // and the press itself raises nothing more.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.Arm("activateCallback", Drop::parent);
+    calls.clear();
+    l.ClickRow(2);
+    EXPECT_EQ(l.Shown(), 5);
+    EXPECT_EQ(l.Current(), nullptr);
+    ASSERT_EQ(Count("selectionChanged"), 1);
+    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_TREE_SELECTION_CHANGED);
+    (void)k1;
+    // The list still answers the pointer.
+    l.ClickRow(0);
+    EXPECT_EQ(l.Current(), l.rows[1]);
+    // A key whose selection callback empties the list.
+    l.Arm("selectionChanged", Drop::all);
+    l.Key(XK_Down);
+    EXPECT_EQ(l.Shown(), 0);
+    EXPECT_EQ(l.Current(), nullptr);
+    l.Key(XK_Down);
+    l.Key(XK_space);
+    l.ClickRow(0);
+    EXPECT_EQ(l.Current(), nullptr);
+    // Rows again; a double click whose default action deletes its row.
+    for (const char *name : {"x0", "x1", "x2"})
+        XmPrjTreeAddItem(l.tree, nullptr, (char *)name, nullptr, nullptr, XmSLAM_CLOSE, nullptr,
+                         nullptr, nullptr);
+    xwktest::Settle();
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(1);
+    l.Arm("defaultActionCallback", Drop::node);
+    l.ClickRow(1);
+    EXPECT_EQ(l.Shown(), 2);
+    XmPrjTreeNode first = XmPrjTreeGetFirstNode(l.tree);
+    EXPECT_EQ(l.Current(), first);
+    // Opening a leaf from the keyboard, where the application deletes it
+    // instead of filling it.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(1);
+    XmPrjTreeNode leaf = l.Current();
+    ASSERT_NE(leaf, nullptr);
+    l.Arm("activateCallback", Drop::node);
+    l.Key(XK_Down, ControlMask);
+    EXPECT_EQ(l.Shown(), 1);
+    EXPECT_EQ(l.Current(), first);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    // Ctrl-Up on a leaf climbs to its parent, whose selection callback
+    // deletes that parent: the climb ends there.
+    XmPrjTreeNode p = XmPrjTreeAddItem(l.tree, nullptr, "p", nullptr, nullptr, XmSLAM_OPEN,
+                                       nullptr, nullptr, nullptr);
+    XmPrjTreeAddItem(l.tree, p, "c", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    xwktest::Settle();
+    ASSERT_EQ(l.Shown(), 3);
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(2);
+    l.Arm("selectionChanged", Drop::node);
+    l.Key(XK_Up, ControlMask);
+    EXPECT_EQ(l.Shown(), 1);
+    EXPECT_EQ(l.Current(), first);
+    xwktest::Settle();
+}
+
+TEST(TreeCallbacks, RangeAndDragSurviveCallbacksThatDeleteRows)
+{
+    Deleting l(XmMULTIPLE_SELECT);
+    l.ClickRow(0);
+    // The range walk stops at the callback that deleted a row.
+    l.Arm("multipleSelectionCallback", Drop::node);
+    calls.clear();
+    l.ClickRow(4, ShiftMask);
+    EXPECT_EQ(l.Shown(), 5);
+    EXPECT_EQ(Count("multipleSelectionCallback"), 1);
+    EXPECT_LE(XmPrjTreeGetSelectedItemCount(l.tree), 5);
+    // A drag whose selection callback deletes the row it reached.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    Display *dpy = XtDisplay(l.tree);
+    int rx, ry;
+    xwktest::RootPosition(l.tree, &rx, &ry);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(0));
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(50);
+    l.Arm("selectionChanged", Drop::node);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(2));
+    xwktest::Pump(50);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(3));
+    xwktest::Pump(50);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(80);
+    EXPECT_EQ(l.Shown(), 4);
+    EXPECT_NE(l.Current(), nullptr);
+    EXPECT_GE(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    EXPECT_LE(XmPrjTreeGetSelectedItemCount(l.tree), 4);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(TreeCallbacks, NodesOfAnotherListAreLeftAlone)
+{
+    Live l(false, XmSINGLE_SELECT, 5);
+    Widget other_shell = XtVaCreatePopupShell("other", topLevelShellWidgetClass, l.shell, NULL);
+    Widget other = XmCreatePrjTree(other_shell, (String) "other", nullptr, 0);
+    XmPrjTreeNode foreign = XmPrjTreeAddSimpleItem(other, "foreign", nullptr);
+    ASSERT_NE(foreign, nullptr);
+    XmPrjTreeNode current = l.Current();
+    ASSERT_NE(current, nullptr);
+    int selected = XmPrjTreeGetSelectedItemCount(l.tree);
+    XmPrjTreeSetNode(l.tree, foreign);
+    XmPrjTreeSelectItem(l.tree, foreign);
+    XmPrjTreeHighlight(l.tree, foreign);
+    XmPrjTreeSetTopItem(l.tree, foreign);
+    XmPrjTreeUpdateNode(l.tree, foreign);
+    EXPECT_EQ(l.Current(), current);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), selected);
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(l.tree), nullptr);
+    EXPECT_EQ(Count("selectionChanged"), 0);
+    // The other list's row goes; this one works on as before.
+    XmPrjTreeDeleteAllItems(other);
+    XtDestroyWidget(other_shell);
+    l.Key(XK_Down);
+    EXPECT_EQ(XmPrjTreeGetNodeNumber(l.tree, l.Current()),
+              XmPrjTreeGetNodeNumber(l.tree, current) + 1);
 }
 
 }  // namespace

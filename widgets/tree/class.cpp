@@ -570,16 +570,20 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
             FindFont(v);
         relayout = repaint = true;
     }
-    if (nm->manager.foreground != om->manager.foreground ||
-        w->core.background_pixel != old->core.background_pixel ||
-        t.useDashLine != o.useDashLine || t.activeBackground != o.activeBackground ||
+    // The colours of selection and highlight only change their GCs: rows
+    // show them at their next paint.
+    bool shown = nm->manager.foreground != om->manager.foreground ||
+                 w->core.background_pixel != old->core.background_pixel ||
+                 t.useDashLine != o.useDashLine || t.treeTrunkColor != o.treeTrunkColor ||
+                 t.gridColor != o.gridColor || t.showGrid != o.showGrid ||
+                 t.treeTrunkDrawing != o.treeTrunkDrawing;
+    if (shown || t.activeBackground != o.activeBackground ||
         t.activeForeground != o.activeForeground || t.inactiveBackground != o.inactiveBackground ||
-        t.inactiveForeground != o.inactiveForeground || t.treeTrunkColor != o.treeTrunkColor ||
-        t.gridColor != o.gridColor || nm->manager.highlight_color != om->manager.highlight_color ||
-        t.showGrid != o.showGrid || t.treeTrunkDrawing != o.treeTrunkDrawing) {
+        t.inactiveForeground != o.inactiveForeground ||
+        nm->manager.highlight_color != om->manager.highlight_color) {
         for (Widget v : Views(w))
             UpdateColourGCs(v);
-        repaint = true;
+        repaint |= shown;
     }
     if (t.canSlam != o.canSlam) {
         if (t.canSlam) {

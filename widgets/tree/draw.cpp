@@ -470,7 +470,7 @@ extern "C" {
 
 void XmPrjTreeUpdateNode(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node)
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node))
         return;
     XmPrjTreePart &v = P(w);
     unsigned int had = v.flags & XmTREE_ROW_UPDATE;
@@ -482,7 +482,7 @@ void XmPrjTreeUpdateNode(Widget w, XmPrjTreeNode node)
 
 void XmPrjTreeUpdateItem(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
         return;
     for (Widget view : Views(w))
         UpdateRow(view, node);

@@ -656,7 +656,12 @@ int HitTest(Widget view, int start, int x, int y, bool exact, XwkTreeNode **node
     int level = (int)n->level;
     if (x >= LabelX(view, n))
         return XmTREE_PART_LABEL;
+    // The icon's place here leaves out the state icon column that the lead
+    // holds in front of item icons: with both, a press there counts as on
+    // the icon.  Kept so for compatibility.
     int icon_x = IconX(view, level);
+    if (m.canSlam && m.iconWidth)
+        icon_x -= m.stateIconWidth + m.hIconPad;
     if (x >= icon_x)
         return m.iconWidth ? XmTREE_PART_ICON : XmTREE_PART_STATE_ICON;
     if (!m.canSlam)

@@ -170,6 +170,12 @@ void FreeNode(XwkTreeNode *node, XwkTree *tree)
             m.highlightedNode = nullptr;
             m.highlightedWidget = nullptr;
         }
+        // A new row at the same address is no second click on this one.
+        if (m.lastClickNode == node)
+            m.lastClickNode = nullptr;
+        for (Cardinal i = 0; i < m.numClones; i++)
+            if (P(m.clones[i]).lastClickNode == node)
+                P(m.clones[i]).lastClickNode = nullptr;
         if (ElementOf(Item(node)))
             RemoveVisible(w, node);
     }

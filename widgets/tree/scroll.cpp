@@ -112,10 +112,10 @@ void CreateScrollBars(Widget view)
 {
     XmPrjTreePart &v = P(view);
     Widget sw = XtParent(view);
-    unsigned char policy = 0;
-    XtVaGetValues(sw, XmNscrollBarDisplayPolicy, &policy, NULL);
-    if (policy != XmSTATIC)
-        XtVaSetValues(sw, XmNscrollBarDisplayPolicy, XmSTATIC, NULL);
+    // A window made with other policies keeps them: Motif refuses the
+    // change with its own warnings.
+    XtVaSetValues(sw, XmNscrollingPolicy, XmAPPLICATION_DEFINED, XmNvisualPolicy, XmVARIABLE,
+                  XmNscrollBarDisplayPolicy, XmSTATIC, NULL);
     XtOverrideTranslations(sw, XtParseTranslationTable(""));
     Arg args[12];
     Cardinal n = 0;
@@ -390,7 +390,7 @@ void XmPrjTreeSetOrigins(Widget w, int x, int y)
 
 void XmPrjTreeSetTopItem(Widget w, XmPrjTreeNode node)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
         return;
     XmPrjTreePart &v = P(w);
     v.flags &= ~XmTREE_CLICK_MOVED;

@@ -208,6 +208,32 @@ int Hit(Widget w, XEvent *event, XwkTreeNode **node, int *column, int *cell_type
                    cell_type, &cell);
 }
 
+// The call data of a press are taken before the press changes the row, so
+// that `selected` tells the row's state as the press found it; every
+// callback of the press gets them.
+XmPrjTreeCallbackStruct PressData(XEvent *event, XwkTreeNode *node, int part, int column,
+                                  int cell_type)
+{
+    XmPrjTreeCallbackStruct cbs;
+    memset(&cbs, 0, sizeof cbs);
+    cbs.reason = XmCR_ACTIVATE;
+    cbs.event = event;
+    cbs.node = node;
+    cbs.part = part;
+    XmPrjTreeItem item = Item(node);
+    cbs.clientData = item ? item->clientData : nullptr;
+    cbs.selected = item ? (item->flags & XmTREE_ITEM_SELECTED) : False;
+    cbs.column = column;
+    cbs.cellType = cell_type;
+    return cbs;
+}
+
+void CallWith(Widget w, XtCallbackList list, XmPrjTreeCallbackStruct cbs)
+{
+    if (list)
+        XtCallCallbackList(w, list, &cbs);
+}
+
 void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
 {
     if (!IsTree(w) || !Alive(w) || event->type != ButtonPress)
@@ -236,16 +262,16 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
             v.lastClickNode = nullptr;
         return;
     }
+    XmPrjTreeCallbackStruct data = PressData(event, node, part, column, cell_type);
     if (!node) {
         v.lastClickNode = nullptr;
-        CallCallbacks(w, m.activateCallback, XmCR_ACTIVATE, event, nullptr, part, column,
-                      cell_type);
+        CallWith(w, m.activateCallback, data);
         return;
     }
     if (cell_type == XmCELL_TOGGLE_ICON) {
         v.buttonState &= ~XmTREE_BTN_DOWN;
         MakeVisible(w, node, false, false);
-        CallCallbacks(w, m.activateCallback, XmCR_ACTIVATE, event, node, part, column, cell_type);
+        CallWith(w, m.activateCallback, data);
         return;
     }
     v.buttonState |= XmTREE_BTN_DOWN;
@@ -253,8 +279,10 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
     XwkTreeNode *old = m.currentNode;
     bool changed = old != node;
     bool cleared = false;
+    // Only the bit: the count still holds the old row, so that a second
+    // selected row in multiple selection makes the press clear them all.
     if (old && Item(old))
-        DeselectRow(w, old);
+        Item(old)->flags &= ~XmTREE_ITEM_SELECTED;
     SetCurrent(w, node);
     v.flags |= XmTREE_CLICK_MOVED;
     if (Multiple(w) && m.selectedCount > 1) {
@@ -274,7 +302,7 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
     SetCurrent(w, node);
     unsigned long stamp = Stamp(w);
     if (part == XmTREE_PART_STATE_ICON && m.canSlam && ToggleState(w, node)) {
-        CallCallbacks(w, m.activateCallback, XmCR_ACTIVATE, event, node, part, column, cell_type);
+        CallWith(w, m.activateCallback, data);
         if (!Alive(w))
             return;
         LayoutPass(w);
@@ -285,10 +313,10 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
     } else {
         if (changed || cleared)
             XmPrjTreeUpdateNode(w, node);
-        CallCallbacks(w, m.activateCallback, XmCR_ACTIVATE, event, node, part, column, cell_type);
+        CallWith(w, m.activateCallback, data);
     }
     if (changed && Live(w, node, stamp) && m.currentNode == node)
-        CallCallbacks(w, m.selectionChanged, XmCR_ACTIVATE, event, node, part, column, cell_type);
+        CallWith(w, m.selectionChanged, data);
 }
 
 void TreeEndSelect(Widget w, XEvent *, String *, Cardinal *)
@@ -598,6 +626,8 @@ void TreeProcessBtn2(Widget w, XEvent *event, String *params, Cardinal *num_para
             XtCallActionProc(w, params[0], event, nullptr, 0);
         return;
     }
+    if (transfer != 0 && transfer != 2)
+        return;
     if (event->type == ButtonPress)
         StartDrag(w, event);
 }
@@ -638,7 +668,7 @@ void XmPrjTreeSetItem(Widget w, XmPrjTreeNode node, Boolean notify)
     if ((int)w->core.width < m.rowWidth && v.hScrollBar && !XtIsManaged(v.hScrollBar))
         ConfigureScrollBars(w);
     if (old == node) {
-        if (m.mother != w && P(w).mother != w)
+        if (P(w).mother && P(w).mother != w)
             MakeVisible(w, node, false, false);
         return;
     }
@@ -709,7 +739,7 @@ void XmPrjTreeDeselectItem(Widget w, XmPrjTreeNode node)
 
 void XmPrjTreeSetSelectable(Widget w, XmPrjTreeNode node, Boolean selectable)
 {
-    if (!IsTree(w) || !Alive(w) || !node || !Item(node))
+    if (!IsTree(w) || !Alive(w) || !OwnNode(w, node) || !Item(node))
         return;
     XmPrjTreeItem item = Item(node);
     if (selectable) {
@@ -748,6 +778,9 @@ void XmPrjTreeHighlightNode(Widget w, XmPrjTreeNode node)
     unsigned int had = v.flags & XmTREE_ROW_UPDATE;
     v.flags |= XmTREE_ROW_UPDATE;
     DoPendingRepaint(w);
+    // The last row may stand half shown below the page: it comes in whole.
+    if (RowOf(w, node) == RowCount(w) - 1)
+        MakeVisible(w, node, false, false);
     UpdateRow(w, node);
     v.flags = (v.flags & ~XmTREE_ROW_UPDATE) | had;
 }
@@ -763,7 +796,13 @@ void XmPrjTreeUnhighlight(Widget w)
     m.highlightedWidget = nullptr;
     if (!node || !view || !Item(node) || Hidden(view, node) || !RowOnPage(view, RowOf(view, node)))
         return;
+    // The mark's frame goes even where rows repaint without clearing; the
+    // location cursor of a focused current row comes back in its place.
+    XmPrjTreePart &v = P(view);
+    unsigned int saved = v.flags;
+    v.flags |= XmTREE_PAINT_FRAME;
     UpdateRow(view, node);
+    v.flags = saved;
 }
 
 void XmPrjTreeHighlight(Widget w, XmPrjTreeNode node)
@@ -771,6 +810,8 @@ void XmPrjTreeHighlight(Widget w, XmPrjTreeNode node)
     if (!IsTree(w) || !Alive(w))
         return;
     if (M(w).highlightedNode == node && node)
+        return;
+    if (node && !OwnNode(w, node))
         return;
     XmPrjTreeUnhighlight(w);
     if (node)
