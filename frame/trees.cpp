@@ -5,6 +5,8 @@
 // iterative; a tree list may hold a million rows, some of them deep.
 #include <Xwk/Lists.h>
 
+#include "frame/trees_private.h"
+
 #include <cstdlib>
 #include <vector>
 
@@ -41,21 +43,6 @@ void AppendChild(XwkTreeNode *parent, XwkTreeNode *child)
         parent->first_child = child;
     parent->last_child = child;
     parent->nchildren++;
-}
-
-void UnlinkChild(XwkTreeNode *node)
-{
-    XwkTreeNode *parent = node->parent;
-    if (node->prev_sibling)
-        node->prev_sibling->next_sibling = node->next_sibling;
-    else
-        parent->first_child = node->next_sibling;
-    if (node->next_sibling)
-        node->next_sibling->prev_sibling = node->prev_sibling;
-    else
-        parent->last_child = node->prev_sibling;
-    node->next_sibling = node->prev_sibling = nullptr;
-    parent->nchildren--;
 }
 
 // Numbers a node just linked into a fresh tree as t_enumerate would, if
@@ -104,6 +91,25 @@ void SetLevel(XwkTreeNode *node, XtPointer, XtPointer tree)
 }
 
 } // namespace
+
+namespace xwk {
+
+void UnlinkChild(XwkTreeNode *node)
+{
+    XwkTreeNode *parent = node->parent;
+    if (node->prev_sibling)
+        node->prev_sibling->next_sibling = node->next_sibling;
+    else
+        parent->first_child = node->next_sibling;
+    if (node->next_sibling)
+        node->next_sibling->prev_sibling = node->prev_sibling;
+    else
+        parent->last_child = node->prev_sibling;
+    node->next_sibling = node->prev_sibling = nullptr;
+    parent->nchildren--;
+}
+
+}  // namespace xwk
 
 extern "C" {
 
@@ -185,7 +191,7 @@ XwkTreeNode *t_reparent(XwkTree *tree, XwkTreeNode *node, XwkTreeNode *new_paren
 
     XwkTreeNode *old_parent = node->parent;
     if (old_parent)
-        UnlinkChild(node);
+        xwk::UnlinkChild(node);
     if (hoist) {
         XwkTreeNode *child = node->first_child;
         node->first_child = node->last_child = nullptr;
@@ -217,7 +223,7 @@ void t_delete_node(XwkTree *tree, XwkTreeNode *node)
         return;
     // Removing the end of a freshly numbered preorder moves no other number.
     bool keeps_numbers = !IsStale(tree) && !t_next(node);
-    UnlinkChild(node);
+    xwk::UnlinkChild(node);
     t_freenode(node, tree->free_node, tree);
     if (keeps_numbers)
         return;

@@ -2,6 +2,7 @@
 // attributes.  Every operation works on the mother's data, whichever view
 // it is given.
 #include "widgets/tree/tree.h"
+#include "frame/trees_private.h"
 
 #include <Xm/XmP.h>
 
@@ -235,16 +236,7 @@ void DetachAndFree(Widget w, XwkTreeNode *node)
     if (!parent)
         return;
     bool keeps_numbers = !(tree->flags & XWK_TREE_STALE) && !t_next(node);
-    if (node->prev_sibling)
-        node->prev_sibling->next_sibling = node->next_sibling;
-    else
-        parent->first_child = node->next_sibling;
-    if (node->next_sibling)
-        node->next_sibling->prev_sibling = node->prev_sibling;
-    else
-        parent->last_child = node->prev_sibling;
-    node->next_sibling = node->prev_sibling = nullptr;
-    parent->nchildren--;
+    xwk::UnlinkChild(node);
     if (!keeps_numbers)
         tree->flags |= XWK_TREE_STALE;
     FreeRows(w, node);

@@ -14,11 +14,9 @@ using namespace xwk::tree;
 
 namespace xwk::tree {
 
-void CallCallbacks(Widget view, XtCallbackList list, int reason, XEvent *event,
-                   XwkTreeNode *node, int part, int column, int cell_type)
+XmPrjTreeCallbackStruct CallData(int reason, XEvent *event, XwkTreeNode *node, int part,
+                                 int column, int cell_type)
 {
-    if (!list)
-        return;
     XmPrjTreeCallbackStruct cbs;
     memset(&cbs, 0, sizeof cbs);
     cbs.reason = reason;
@@ -30,6 +28,15 @@ void CallCallbacks(Widget view, XtCallbackList list, int reason, XEvent *event,
     cbs.selected = item ? (item->flags & XmTREE_ITEM_SELECTED) : False;
     cbs.column = column;
     cbs.cellType = cell_type;
+    return cbs;
+}
+
+void CallCallbacks(Widget view, XtCallbackList list, int reason, XEvent *event,
+                   XwkTreeNode *node, int part, int column, int cell_type)
+{
+    if (!list)
+        return;
+    XmPrjTreeCallbackStruct cbs = CallData(reason, event, node, part, column, cell_type);
     XtCallCallbackList(view, list, &cbs);
 }
 
@@ -208,25 +215,6 @@ int Hit(Widget w, XEvent *event, XwkTreeNode **node, int *column, int *cell_type
                    cell_type, &cell);
 }
 
-// The call data of a press are taken before the press changes the row, so
-// that `selected` tells the row's state as the press found it; every
-// callback of the press gets them.
-XmPrjTreeCallbackStruct PressData(XEvent *event, XwkTreeNode *node, int part, int column,
-                                  int cell_type)
-{
-    XmPrjTreeCallbackStruct cbs;
-    memset(&cbs, 0, sizeof cbs);
-    cbs.reason = XmCR_ACTIVATE;
-    cbs.event = event;
-    cbs.node = node;
-    cbs.part = part;
-    XmPrjTreeItem item = Item(node);
-    cbs.clientData = item ? item->clientData : nullptr;
-    cbs.selected = item ? (item->flags & XmTREE_ITEM_SELECTED) : False;
-    cbs.column = column;
-    cbs.cellType = cell_type;
-    return cbs;
-}
 
 void CallWith(Widget w, XtCallbackList list, XmPrjTreeCallbackStruct cbs)
 {
@@ -262,7 +250,10 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
             v.lastClickNode = nullptr;
         return;
     }
-    XmPrjTreeCallbackStruct data = PressData(event, node, part, column, cell_type);
+    // The call data of a press are taken before the press changes the row, so
+    // that `selected` tells the row's state as the press found it; every
+    // callback of the press gets them.
+    XmPrjTreeCallbackStruct data = CallData(XmCR_ACTIVATE, event, node, part, column, cell_type);
     if (!node) {
         v.lastClickNode = nullptr;
         CallWith(w, m.activateCallback, data);

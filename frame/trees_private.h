@@ -1,0 +1,15 @@
+// Library-internal pieces of the preorder trees.
+#ifndef XWK_FRAME_TREES_PRIVATE_H
+#define XWK_FRAME_TREES_PRIVATE_H
+
+#include <Xwk/Lists.h>
+
+namespace xwk {
+
+// Takes node out of its parent's children; numbers and the count of the
+// tree are left to the caller.  node must have a parent.
+void UnlinkChild(XwkTreeNode *node);
+
+}  // namespace xwk
+
+#endif
