@@ -90,6 +90,44 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
     EXPECT_EQ(lines, 5);
 }
 
+// The label height comes from the rows a pass visits: with none, the row
+// height is the pads alone until a row brings a label again.
+TEST(TreeGeometry, EmptyListHasNoLabelHeight)
+{
+    Shown s(false);
+    s.Up();
+    XmPrjTreePart &t = Part(s.tree);
+    Dimension vpad = 0, fpad = 0, ht = 0, row = 0;
+    XtVaGetValues(s.tree, XmNvPad, &vpad, XmNvFontPad, &fpad, XmNhighlightThickness, &ht, NULL);
+    auto even = [&](int v) { return t.useDashLine && (v & 1) ? v + 1 : v; };
+    int pads = even(2 * fpad + 2 * (vpad + ht));
+    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
+    EXPECT_EQ(row, pads);
+    EXPECT_EQ(t.labelHeight, 0);
+
+    XmPrjTreeNode a = XmPrjTreeAddItem(s.tree, nullptr, "one", nullptr, nullptr, XmSLAM_UNDEFINED,
+                                       nullptr, nullptr, nullptr);
+    XmPrjTreeNode b = XmPrjTreeAddItem(s.tree, nullptr, "two", nullptr, nullptr, XmSLAM_UNDEFINED,
+                                       nullptr, nullptr, nullptr);
+    Dimension label = t.labelHeight;
+    ASSERT_GT(label, 0);
+    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
+    EXPECT_EQ(row, even(2 * fpad + label + 2 * (vpad + ht)));
+
+    // The batch ends in a pass over no rows.
+    XmPrjTreeNode both[] = {a, b};
+    XmPrjTreeDeleteItems(s.tree, both, 2);
+    EXPECT_EQ(XmPrjTreeGetFirstNode(s.tree), nullptr);
+    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
+    EXPECT_EQ(row, pads);
+
+    // A row added the fast way grows the height back without a pass.
+    XmPrjTreeAddSimpleItem(s.tree, "three", nullptr);
+    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
+    EXPECT_EQ(t.labelHeight, label);
+    EXPECT_EQ(row, even(label + vpad + 2 * (fpad + ht)));
+}
+
 TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
 {
     warnings.clear();

@@ -428,8 +428,8 @@ bool LayoutPass(Widget view)
         else
             row_height = sh;
     }
-    if (!label_height)
-        label_height = m.defaultLabelHeight;
+    // An empty list has no label height until a row brings one: the row
+    // height then shrinks to the pads, as it always has.
     m.labelHeight = (Dimension)label_height;
     m.iconWidth = (Dimension)icon_width;
     m.stateIconWidth = (Dimension)state_width;
