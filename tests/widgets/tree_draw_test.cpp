@@ -8,6 +8,7 @@
 #include <Xm/ScrollBar.h>
 #include <Xm/ScrolledW.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -313,6 +314,74 @@ TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
     EXPECT_NE(blue, xwktest::PixelOf(s.tree, XmNbackground));
     XmPrjTreeDeleteAllItems(s.tree);
     XwkIconFree(s.tree, icon);
+}
+
+const char *solid9[] = {"9 9 1 1", "x c #FF0000",
+                        "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx",
+                        "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx"};
+
+// A nested row's state icon stands centred on the trunk's joint, and a
+// press finds it exactly where it is painted.
+TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
+{
+    Widget app = xwktest::StartApp();
+    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, app, NULL);
+    XwkIcon *red = XwkIconCreateFromData(probe, (char **)solid9);
+    ASSERT_NE(red, nullptr);
+    Widget shell = XtVaCreatePopupShell("joint", topLevelShellWidgetClass, app, XmNwidth, 240,
+                                        XmNheight, 200, NULL);
+    Arg args[2];
+    XtSetArg(args[0], XmNcanSlam, True);
+    XtSetArg(args[1], XmNclosedStateIcon, red);
+    Widget tree = XmCreateScrolledTreeList(shell, (String) "list", args, 2);
+    XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, nullptr, XmSLAM_OPEN,
+                                         nullptr, nullptr, nullptr);
+    XmPrjTreeNode mid = XmPrjTreeAddItem(tree, top, "mid", nullptr, nullptr, XmSLAM_CLOSE,
+                                         nullptr, nullptr, nullptr);
+    XmPrjTreeAddItem(tree, mid, "leaf", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    XmPrjTreeAddItem(tree, top, "last", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    XtManageChild(tree);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(tree));
+    xwktest::Pump(150);
+    xwktest::Settle();
+    XmPrjTreePart &t = Part(tree);
+    ASSERT_TRUE(t.treeTrunkDrawing);
+    ASSERT_EQ(t.rowHeight % 2, 0);
+    Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
+    int y1 = t.treeMarginHeight + shadow + t.rowHeight;  // the row of "mid"
+    int left = -1, right = -1, topy = -1, bottom = -1;
+    {
+        xwktest::Capture c(tree);
+        ASSERT_TRUE(c.ok());
+        for (int y = y1; y < y1 + t.rowHeight; y++)
+            for (int x = 0; x < (int)tree->core.width; x++)
+                if (c.Pixel(x, y) == 0xFF0000) {
+                    left = left < 0 ? x : std::min(left, x);
+                    right = std::max(right, x);
+                    topy = topy < 0 ? y : std::min(topy, y);
+                    bottom = std::max(bottom, y);
+                }
+    }
+    ASSERT_GE(left, 0);
+    EXPECT_EQ(bottom - topy + 1, 9);
+    // Centred on the joint of level 1 (no item icons: the slot is the
+    // state icon column), at the middle of the row; what lies left of the
+    // text area's edge is clipped.
+    int borders = t.treeMarginWidth + shadow + t.highlightThickness;
+    EXPECT_EQ(right, borders + t.stateIconWidth / 2 - 4 + 8);
+    EXPECT_EQ(left, std::max(right - 8, borders + (int)t.hPad));
+    EXPECT_EQ(topy, y1 + t.rowHeight / 2 - 4);
+    for (int x : {left, right}) {
+        EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_STATE_ICON, x, topy, tree), mid);
+        EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_STATE_ICON, x, bottom, tree), mid);
+        EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_STATE_ICON, x, topy - 1, tree), nullptr);
+        EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_STATE_ICON, x, bottom + 1, tree), nullptr);
+        EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_INDENT, x, bottom + 1, tree), mid);
+    }
+    XtDestroyWidget(shell);
+    XwkIconFree(probe, red);
+    XtDestroyWidget(probe);
 }
 
 }  // namespace

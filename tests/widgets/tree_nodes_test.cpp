@@ -286,6 +286,30 @@ TEST(TreeNodes, DeletingMovesTheCurrentRow)
     XtPointer selected = (XtPointer)1;
     XtVaGetValues(t.tree, XmNselected, &selected, NULL);
     EXPECT_EQ(selected, nullptr);
+
+    // The first row's successor is its own first child: selected and
+    // counted, then freed with it.  No row is current after, and neither
+    // the deleted row nor the freed child leaves the count.
+    Tree u;
+    XtAddCallback(u.tree, XmNselectionChanged, OnSelection, nullptr);
+    XmPrjTreeNode x = Add(u.tree, nullptr, "x", 1);
+    Add(u.tree, x, "x1", 11);
+    Add(u.tree, nullptr, "y", 2);
+    Add(u.tree, nullptr, "z", 3);
+    XmPrjTreeSetItem(u.tree, x, False);
+    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(u.tree), 1);
+    calls.clear();
+    XmPrjTreeDeleteItem(u.tree, x);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(u.tree), nullptr);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(u.tree), 2);
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].reason, XmCR_TREE_SELECTION_CHANGED);
+    EXPECT_EQ(calls[0].node, nullptr);
+    // A leaf numbered 1 hands over to its next sibling.
+    XmPrjTreeNode y = XmPrjTreeGetFirstNode(u.tree);
+    XmPrjTreeSetItem(u.tree, y, False);
+    XmPrjTreeDeleteItem(u.tree, y);
+    EXPECT_STREQ(XmPrjTreeGetNameItem(u.tree, XmPrjTreeGetSelectedItem(u.tree)), "z");
 }
 
 void DeleteOthersOnDelete(Widget w, XtPointer closure, XtPointer call)

@@ -668,9 +668,16 @@ int HitTest(Widget view, int start, int x, int y, bool exact, XwkTreeNode **node
         return XmTREE_PART_INDENT;
     XwkIcon *state = StateIconOf(view, n);
     int iw = IconWidth(state), ih = IconHeight(state);
-    int sx = level <= 1 ? StateIconX(view, level, iw) : LevelX(view, level - 1) - iw / 2;
     int ry = RowY(view, row);
-    int sy = ry + (m.rowHeight - ih) / 2;
+    int sx, sy;
+    if (level <= 1) {
+        sx = StateIconX(view, level, iw);
+        sy = ry + (m.rowHeight - ih) / 2;
+    } else {
+        // Where the trunk puts it: centred on the joint at the row's middle.
+        sx = LevelX(view, level - 1) - iw / 2;
+        sy = ry + m.rowHeight / 2 - ih / 2;
+    }
     if (m.stateIconWidth && x >= sx && x < sx + iw && y >= sy && y < sy + ih)
         return XmTREE_PART_STATE_ICON;
     return XmTREE_PART_INDENT;

