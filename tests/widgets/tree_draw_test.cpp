@@ -89,6 +89,26 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
     int lines = 0;
     XtVaGetValues(s.tree, XmNvisibleLines, &lines, NULL);
     EXPECT_EQ(lines, 5);
+
+    // Finding the row under a point: the offset from the first shown row
+    // divided by the row height, truncated toward zero, so the first shown
+    // row reaches a row height above the top edge.
+    XmPrjTreeSetOrigins(s.tree, -1, 10);
+    ASSERT_EQ(t.topRow, 10);
+    int edge = t.treeMarginHeight + shadow, rh = t.rowHeight, x = 40;
+    auto number = [&](int y) {
+        return XmPrjTreeGetNodeNumber(s.tree, XmPrjTreeWhichNode(XmTREE_PART_ROW, x, y, s.tree));
+    };
+    EXPECT_EQ(number(edge + rh - 1), 11);
+    EXPECT_EQ(number(edge + rh), 12);
+    EXPECT_EQ(number(edge), 11);
+    EXPECT_EQ(number(edge - rh + 1), 11);
+    EXPECT_EQ(number(edge - rh), 10);
+    EXPECT_EQ(number(edge - 2 * rh + 1), 10);
+    EXPECT_EQ(number(edge - 2 * rh), 9);
+    XmPrjTreeSetOrigins(s.tree, -1, 0);
+    EXPECT_EQ(number(edge - rh + 1), 1);
+    EXPECT_EQ(number(edge - rh), 0);
 }
 
 // The label height comes from the rows a pass visits: with none, the row

@@ -642,13 +642,17 @@ int HitTest(Widget view, int start, int x, int y, bool exact, XwkTreeNode **node
         x >= (int)view->core.width && y >= (int)view->core.height)
         return XmTREE_PART_NOTHING;
     int offset = y - v.treeMarginHeight - Shadow(view);
-    int row = start + (offset < 0 ? 0 : offset / m.rowHeight);
+    // The quotient truncates toward zero: a point less than a row above
+    // the first shown row still finds it, one further up the row above.
+    int row = start + offset / (int)m.rowHeight;
     row = std::min(row, start + PageRows(view) - 1);
     if (row >= count) {
         if (exact)
             return XmTREE_PART_NOTHING;
         row = count - 1;
     }
+    if (row < 0)
+        return XmTREE_PART_NOTHING;
     XwkTreeNode *n = NodeAt(view, row);
     if (!n)
         return XmTREE_PART_NOTHING;
