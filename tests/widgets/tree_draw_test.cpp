@@ -111,6 +111,58 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
     EXPECT_EQ(number(edge - rh), 0);
 }
 
+// The size the list asks for: whole rows in the height it has, where a
+// height that holds them exactly counts as one row; the width it has while
+// it shows rows, the widest row otherwise.
+TEST(TreeGeometry, PreferredSizeAndTheAnswerToAQuery)
+{
+    Shown s(false, 240, 200, false);
+    for (const char *label : {"one", "two", "three"})
+        XmPrjTreeAddSimpleItem(s.tree, label, nullptr);
+    s.Up();
+    XmPrjTreePart &t = Part(s.tree);
+    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
+    int border = 2 * (shadow + t.highlightThickness + t.treeMarginHeight);
+    int rh = t.rowHeight;
+    ASSERT_GT(rh, 0);
+    XtWidgetGeometry pref;
+    auto ask = [&]() { return XtQueryGeometry(s.tree, nullptr, &pref); };
+
+    XtResizeWidget(s.tree, 200, border + t.vPad + 3 * rh, 0);
+    EXPECT_EQ(ask(), XtGeometryAlmost);
+    EXPECT_EQ(pref.height, rh + border + t.vPad);
+    EXPECT_EQ(pref.width, 200);
+    XtResizeWidget(s.tree, 200, border + t.vPad + 3 * rh + 1, 0);
+    ask();
+    EXPECT_EQ(pref.height, 3 * rh + border + t.vPad);
+    XtResizeWidget(s.tree, 200, border + t.vPad + rh / 2, 0);
+    ask();
+    EXPECT_EQ(pref.height, rh + border + t.vPad);
+
+    // A request with a mode is taken as it is while rows are shown.
+    XtWidgetGeometry intended{};
+    intended.request_mode = CWWidth;
+    intended.width = 10;
+    EXPECT_EQ(XtQueryGeometry(s.tree, &intended, &pref), XtGeometryYes);
+
+    // Without rows: the widest row as the last pass left it.
+    XmPrjTreeDeleteAllItems(s.tree);
+    EXPECT_EQ(XtQueryGeometry(s.tree, &intended, &pref), XtGeometryAlmost);
+    EXPECT_EQ(pref.width, t.rowWidth + 2 * shadow);
+
+    // Asked directly, the size comes after a pass, which over no rows
+    // leaves the row height to the pads.
+    Dimension gw = 1, gh = 1;
+    XmPrjTreeGetPreferedSize(s.tree, &gw, &gh);
+    ASSERT_LT(t.rowHeight, rh);
+    EXPECT_EQ(gw, t.rowWidth + 2 * shadow);
+    int room = s.tree->core.height - border - t.vPad;
+    int rows = room / t.rowHeight;
+    if (rows == 0 || room % t.rowHeight == 0)
+        rows = 1;
+    EXPECT_EQ(gh, rows * t.rowHeight + border + t.vPad);
+}
+
 // The label height comes from the rows a pass visits: with none, the row
 // height is the pads alone until a row brings a label again.
 TEST(TreeGeometry, EmptyListHasNoLabelHeight)
