@@ -456,6 +456,110 @@ TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
     XtDestroyWidget(probe);
 }
 
+// The leftmost and rightmost x of a pixel value in a band of rows, -1 if none.
+std::pair<int, int> Span(Widget w, unsigned long pixel, int y, int h)
+{
+    xwktest::Capture c(w);
+    int left = -1, right = -1;
+    for (int yy = y; yy < y + h; yy++)
+        for (int x = 0; x < (int)w->core.width; x++)
+            if (c.Pixel(x, yy) == pixel) {
+                left = left < 0 ? x : std::min(left, x);
+                right = std::max(right, x);
+            }
+    return {left, right};
+}
+
+// Without a trunk every state icon stands in the state column of its
+// level, in front of the item icon; a row of "slam_per_row" still
+// undefined and without a fruitless icon puts its label where its icon
+// would stand.
+TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
+{
+    Widget app = xwktest::StartApp();
+    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, app, NULL);
+    XwkIcon *red = XwkIconCreateFromData(probe, (char **)solid9);
+    XwkIcon *blue = XwkIconCreateFromData(probe, (char **)square);
+    ASSERT_TRUE(red && blue);
+    Widget shell = XtVaCreatePopupShell("columns", topLevelShellWidgetClass, app, XmNwidth, 260,
+                                        XmNheight, 200, NULL);
+    Arg args[3];
+    XtSetArg(args[0], XmNcanSlam, True);
+    XtSetArg(args[1], XmNclosedStateIcon, red);
+    XtSetArg(args[2], XmNtreeTrunkDrawing, False);
+    Widget tree = XmCreateScrolledTreeList(shell, (String) "list", args, 3);
+    XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, nullptr, XmSLAM_OPEN,
+                                         nullptr, nullptr, nullptr);
+    XmPrjTreeNode mid = XmPrjTreeAddItem(tree, top, "mid", blue, nullptr, XmSLAM_CLOSE, nullptr,
+                                         nullptr, nullptr);
+    XmPrjTreeAddItem(tree, mid, "leaf", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    XtManageChild(tree);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(tree));
+    xwktest::Pump(150);
+    xwktest::Settle();
+    XmPrjTreePart &t = Part(tree);
+    ASSERT_EQ(t.iconWidth, 16);
+    Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
+    int borders = t.treeMarginWidth + shadow + t.highlightThickness;
+    int sw = t.stateIconWidth;
+    int y1 = t.treeMarginHeight + shadow + t.rowHeight;
+    // The state icon: hPad + (L - 1) * (hIconPad + iconWidth) + half the
+    // difference to the widest state icon.
+    auto state = Span(tree, 0xFF0000, y1, t.rowHeight);
+    EXPECT_EQ(state.first, t.hPad + (t.hIconPad + 16) + (sw - 9) / 2 + borders);
+    // The item icon: the lead (hPad, the state column, hIconPad), then one
+    // slot and hIconPad per level.
+    auto icon = Span(tree, 0x0000FF, y1, t.rowHeight);
+    int lead = t.hPad + sw + t.hIconPad;
+    EXPECT_EQ(icon.first, lead + (16 + t.hIconPad) + borders);
+    EXPECT_EQ(icon.second - icon.first + 1, 16);
+    // The label begins one slot and hPad further.
+    int label = icon.first + 16 + t.hPad;
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, label, y1 + 2, tree), mid);
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, label - 1, y1 + 2, tree), nullptr);
+    XtDestroyWidget(shell);
+
+    // Per row, with no fruitless icon anywhere.
+    shell = XtVaCreatePopupShell("perrow", topLevelShellWidgetClass, app, XmNwidth, 260,
+                                 XmNheight, 200, NULL);
+    Arg more[3];
+    XtSetArg(more[0], XmNcanSlam, True);
+    XtSetArg(more[1], XmNslamPolicy, XmSLAM_PER_ROW);
+    XtSetArg(more[2], XmNfruitlessStateIcon, NULL);
+    tree = XmCreateScrolledTreeList(shell, (String) "list", more, 3);
+    XmPrjTreeNode p = XmPrjTreeAddItem(tree, nullptr, "p", nullptr, nullptr, XmSLAM_OPEN, nullptr,
+                                       nullptr, nullptr);
+    XmPrjTreeNode u1 = XmPrjTreeAddItem(tree, nullptr, "u1", nullptr, nullptr, XmSLAM_UNDEFINED,
+                                        nullptr, nullptr, nullptr);
+    XmPrjTreeNode u2 = XmPrjTreeAddItem(tree, p, "u2", nullptr, nullptr, XmSLAM_UNDEFINED, nullptr,
+                                        nullptr, nullptr);
+    XtManageChild(tree);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(tree));
+    xwktest::Pump(150);
+    XmPrjTreePart &r = Part(tree);
+    ASSERT_EQ(r.iconWidth, 0);
+    ASSERT_GT(r.stateIconWidth, 0);
+    auto row_y = [&](int row) { return r.treeMarginHeight + shadow + row * r.rowHeight + 2; };
+    int slot = r.stateIconWidth;
+    // "p" is open: its label follows the slot.
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders + slot + r.hPad, row_y(0), tree), p);
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders + slot + r.hPad - 1, row_y(0), tree),
+              nullptr);
+    // "u2" at level 2: the icon x, plus hPad.
+    int x2 = borders + slot + r.hIconPad;
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, x2 + r.hPad, row_y(1), tree), u2);
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, x2 + r.hPad - 1, row_y(1), tree), nullptr);
+    // "u1" at level 1: the icon x itself.
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders, row_y(2), tree), u1);
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders - 1, row_y(2), tree), nullptr);
+    XtDestroyWidget(shell);
+    XwkIconFree(probe, red);
+    XwkIconFree(probe, blue);
+    XtDestroyWidget(probe);
+}
+
 }  // namespace
 
 namespace {
