@@ -290,9 +290,16 @@ TEST(RowViews, CloneShowsTheMothersRows)
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
     Widget mother = XmCreatePrjTree(form, (String) "mother", nullptr, 0);
     XtVaSetValues(mother, XmNwidth, 140, XmNheight, 180, NULL);
-    Arg args[1];
+    static int changed;
+    changed = 0;
+    XtCallbackProc count = [](Widget, XtPointer, XtPointer) { changed++; };
+    XtAddCallback(mother, XmNselectionChanged, count, nullptr);
+    // The clone's own lists give way to the mother's, which serve every view.
+    XtCallbackRec own[] = {{count, nullptr}, {nullptr, nullptr}};
+    Arg args[2];
     XtSetArg(args[0], XmNmother, mother);
-    Widget clone = XmCreatePrjTree(form, (String) "clone", args, 1);
+    XtSetArg(args[1], XmNselectionChanged, own);
+    Widget clone = XmCreatePrjTree(form, (String) "clone", args, 2);
     XtVaSetValues(clone, XmNwidth, 140, XmNheight, 180, XmNleftAttachment, XmATTACH_WIDGET,
                   XmNleftWidget, mother, NULL);
     XtManageChild(mother);
@@ -324,6 +331,10 @@ TEST(RowViews, CloneShowsTheMothersRows)
     XtDestroyWidget(clone);
     XtVaGetValues(mother, XmNnumClones, &n, NULL);
     EXPECT_EQ(n, 0u);
+    // The mother's lists outlive the clone.
+    int before = changed;
+    XmPrjTreeSetItem(mother, XmPrjTreeGetLastNode(mother), True);
+    EXPECT_EQ(changed, before + 1);
     XtDestroyWidget(shell);
 }
 

@@ -293,10 +293,38 @@ void InitMother(Widget w)
     t.titleDragIcon = IconResource(t.titleDragIcon);
 }
 
+// The callback lists stand in the mother and serve every view: a clone
+// holds copies of her pointers, which only she frees (Xt does, with her).
+const char *const kCallbackLists[] = {
+    XmNactivateCallback,     XmNfocusCallback,          XmNlosingFocusCallback,
+    XmNselectionChanged,     XmNstartDragCallback,      XmNmultipleSelectionCallback,
+    XmNdefaultActionCallback, XmNdeleteCallback,        XmNinsertCallback,
+    XmNcellManageCallback};
+
+void RemoveCallbackLists(Widget w)
+{
+    for (const char *name : kCallbackLists)
+        if (XtHasCallbacks(w, (String)name) == XtCallbackHasSome)
+            XtRemoveAllCallbacks(w, (String)name);
+}
+
+// Xt frees a widget's callback resources with it: a clone's copies of the
+// mother's lists are cleared first, so that hers survive.
+void ForgetCallbackLists(Widget w)
+{
+    XmPrjTreePart &t = P(w);
+    t.activateCallback = t.focusCallback = t.losingFocusCallback = nullptr;
+    t.selectionChanged = t.startDragCallback = t.multipleSelectionCallback = nullptr;
+    t.defaultActionCallback = t.deleteCallback = t.insertCallback = nullptr;
+    t.cellManageCallback = nullptr;
+}
+
 void InitClone(Widget w)
 {
     // A clone begins as a copy of its mother's part; the row data stay
-    // the mother's and are read through `mother`.
+    // the mother's and are read through `mother`.  Lists given to the clone
+    // itself go before her pointers replace them.
+    RemoveCallbackLists(w);
     Widget mother = P(w).mother;
     XmPrjTreePart keep = P(w);
     P(w) = P(mother);
@@ -400,24 +428,8 @@ void Destroy(Widget w)
     XmPrjTreePart &t = P(w);
     RemoveTimers(w);
     bool mother = t.mother == w || !t.mother;
-    if (mother || !t.numClones) {
-        XtCallbackList XmPrjTreePart::*lists[] = {
-            &XmPrjTreePart::activateCallback,   &XmPrjTreePart::focusCallback,
-            &XmPrjTreePart::losingFocusCallback, &XmPrjTreePart::selectionChanged,
-            &XmPrjTreePart::startDragCallback,  &XmPrjTreePart::multipleSelectionCallback,
-            &XmPrjTreePart::defaultActionCallback, &XmPrjTreePart::deleteCallback,
-            &XmPrjTreePart::insertCallback,     &XmPrjTreePart::cellManageCallback};
-        const char *names[] = {XmNactivateCallback,   XmNfocusCallback,
-                               XmNlosingFocusCallback, XmNselectionChanged,
-                               XmNstartDragCallback,  XmNmultipleSelectionCallback,
-                               XmNdefaultActionCallback, XmNdeleteCallback,
-                               XmNinsertCallback,     XmNcellManageCallback};
-        for (size_t i = 0; i < sizeof names / sizeof names[0]; i++) {
-            (void)lists[i];
-            if (XtHasCallbacks(w, (String)names[i]) == XtCallbackHasSome)
-                XtRemoveAllCallbacks(w, (String)names[i]);
-        }
-    }
+    if (!mother)
+        ForgetCallbackLists(w);
     if (mother) {
         if (t.visibleList) {
             // The rows leave the list all at once, not one renumbering each.
