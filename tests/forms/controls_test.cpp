@@ -142,9 +142,19 @@ TEST(Controls, RadioBoxesByClicks)
     XtVaGetValues(stretched->widget, XmNrightAttachment, &right, NULL);
     EXPECT_EQ(right, XmATTACH_FORM);
     EXPECT_EQ(((XwkToggleItem *)stretched)->count, 3);
+    // Without item texts the toggles still come, empty, as many as asked.
+    XwkDeskItem *bare = nullptr, *bare_menu = nullptr;
+    SetRadioBox(desk, 0.5f, 4.0f, nullptr, nullptr, 2, 2, &bare);
+    ASSERT_NE(bare, nullptr);
+    EXPECT_EQ(((XwkToggleItem *)bare)->count, 2);
+    SetOptionMenu(desk, 6.0f, 4.0f, "None", 0, nullptr, 2, 1, &bare_menu);
+    ASSERT_NE(bare_menu, nullptr);
+    EXPECT_EQ(name_of(((XwkOptionItem *)bare_menu)->buttons[1]), "");
     open(desk);
 
     int selected = 0;
+    GetRadioBox(bare, &selected);
+    EXPECT_EQ(selected, 2);
     GetRadioBox(radio, &selected);
     EXPECT_EQ(selected, 2);
     GetRadioBox(stretched, &selected);
