@@ -98,6 +98,18 @@ TEST(Controls, LabelButtonAndSeparatorRaiseTheExtents)
     EXPECT_EQ(type, XmSHADOW_ETCHED_IN);
     EXPECT_EQ(orientation, XmVERTICAL);
     EXPECT_EQ(vertical->widget->core.height, 56);
+    // Within the screen: the length itself, placed inside the work area's shadow.
+    XwkDeskItem *shortline = nullptr;
+    SetSeparator(desk, 1.0f, 3.0f, 3.0f, 3, &shortline);
+    Dimension work_shadow = 0;
+    XtVaGetValues(desk->work, XmNshadowThickness, &work_shadow, NULL);
+    int left = 0, top = 0;
+    XtVaGetValues(shortline->widget, XmNleftOffset, &left, XmNtopOffset, &top,
+                  XmNseparatorType, &type, NULL);
+    EXPECT_EQ(shortline->width, 84);
+    EXPECT_EQ(left, 28 + work_shadow);
+    EXPECT_EQ(top, 84 + work_shadow);
+    EXPECT_EQ(type, XmSINGLE_LINE);
 
     open(desk);
     int pressed = 5;
@@ -251,6 +263,13 @@ TEST(Controls, ScrolledListsSelectAndScroll)
     EXPECT_EQ(name_of(l->title), "xwkLabel");
     EXPECT_EQ(flags[0], 1) << "the first entry is clamped in the caller's array";
     EXPECT_GT(desk->extent_h, list->height);
+    // A title wider than its list sets the width, of the control and its frame.
+    XwkDeskItem *titled = nullptr;
+    SetScrolledList(desk, 0.5f, 5.0f, "A title far wider than the list below it", items, 2, 2,
+                    1, &titled);
+    Widget tl = ((XwkListItem *)titled)->title;
+    EXPECT_EQ(titled->width, tl->core.width);
+    EXPECT_EQ(titled->widget->core.width, tl->core.width);
     open(desk);
 
     int pos = 0;
@@ -329,6 +348,13 @@ TEST(Controls, EditFieldsReadWhatWasTyped)
     Dimension th = 0;
     XtVaGetValues(s->title, XtNheight, &th, NULL);
     EXPECT_EQ(sfield->height, th + s->text->core.height);
+    // Beside the field, the title stands centred on its line; above it, at the top.
+    for (XwkEditItem *f : {n, r, s}) {
+        Dimension lh = 0;
+        int offset = -1;
+        XtVaGetValues(f->title, XtNheight, &lh, XmNtopOffset, &offset, NULL);
+        EXPECT_EQ(offset, f == s ? 0 : ((int)f->text->core.height - (int)lh) / 2);
+    }
     open(desk);
 
     long got = 0;
