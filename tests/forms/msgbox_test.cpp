@@ -482,6 +482,19 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
     EXPECT_EQ(label_text(one), "Bx\ny");
     XtVaGetValues(one, XmNalignment, &align[0], NULL);
     EXPECT_EQ(align[0], XmALIGNMENT_BEGINNING);
+
+    // A line takes the string built so far along even with nothing pending.
+    Widget form2 = XtVaCreateManagedWidget("form2", xmFormWidgetClass, form, NULL);
+    Widget after = XwkCreateCompoundLabels(form2, "^bB^b^sX");
+    labels.clear();
+    collect(form2, "xwkConditLabel", &labels);
+    ASSERT_EQ(labels.size(), 2u);
+    EXPECT_EQ(label_text(labels[0]), "B");
+    EXPECT_EQ(label_text(after), "X");
+    XtVaGetValues(after, XmNtopWidget, &below, NULL);
+    EXPECT_TRUE(XmIsSeparator(below));
+    // Styles do not nest: overlapping ones come out of order.
+    EXPECT_EQ(label_text(XwkCreateCompoundLabels(form2, "^bA^iB^bC^i")), "ACB");
     XtDestroyWidget(shell);
 }
 
