@@ -425,6 +425,8 @@ TEST(Controls, DisplayOnlyAndMultiLineFields)
     SetEditField(desk, 0.5f, 1.5f, "Shown", 0.0f, (void *)"Value 1", -4, 10, 10, &shown);
     SetEditMultiField(desk, 0.5f, 2.5f, "Notes", -1.0f, text, 4, 60, -4, -30, &multi);
     SetEditField(desk, 0.5f, 6.0f, nullptr, 0.0f, (void *)"read only", 4, 20, 0, &fill);
+    XwkDeskItem *abc = nullptr;
+    SetEditField(desk, 0.5f, 7.5f, nullptr, 0.0f, (void *)"ABC", -4, 10, 10, &abc);
     ASSERT_NE(empty, nullptr);
     XwkEditItem *e = (XwkEditItem *)empty, *sh = (XwkEditItem *)shown;
     EXPECT_TRUE(XmIsDrawnButton(e->text));
@@ -458,6 +460,24 @@ TEST(Controls, DisplayOnlyAndMultiLineFields)
     XtVaGetValues(f->text, XmNeditable, &editable, NULL);
     EXPECT_FALSE(editable) << "columns 0: a field that only shows";
     open(desk);
+
+    // The empty value draws nothing inside the shadow, yet takes the room of "ABC".
+    Widget abc_label = ((XwkEditItem *)abc)->text;
+    EXPECT_EQ(e->text->core.width, abc_label->core.width);
+    int inked[2] = {0, 0};
+    Widget shown_labels[2] = {e->text, abc_label};
+    for (int i = 0; i < 2; i++) {
+        Widget w = shown_labels[i];
+        Dimension shadow = 0, highlight = 0;
+        XtVaGetValues(w, XmNshadowThickness, &shadow, XmNhighlightThickness, &highlight, NULL);
+        int inset = shadow + highlight;
+        xwktest::Capture shot(w);
+        int inner_w = shot.width() - 2 * inset, inner_h = shot.height() - 2 * inset;
+        inked[i] = inner_w * inner_h -
+                   shot.Count(w->core.background_pixel, inset, inset, inner_w, inner_h);
+    }
+    EXPECT_EQ(inked[0], 0) << "the stand-in text is not seen";
+    EXPECT_GT(inked[1], 20) << "a real value is drawn";
 
     xwktest::ClickCenter(m->text);
     Display *dpy = XtDisplay(m->text);
