@@ -15,13 +15,16 @@
 
 namespace xwk_forms {
 
+// Always count entries: without a buffer every item is empty, so callers
+// never index past what they asked for.
 std::vector<const char *> unpack(const char *packed, int count)
 {
     std::vector<const char *> out;
     const char *p = packed;
-    for (int i = 0; p && i < count; i++) {
-        out.push_back(p);
-        p += strlen(p) + 1;
+    for (int i = 0; i < count; i++) {
+        out.push_back(p ? p : "");
+        if (p)
+            p += strlen(p) + 1;
     }
     return out;
 }

@@ -98,6 +98,18 @@ TEST(Controls, LabelButtonAndSeparatorRaiseTheExtents)
     EXPECT_EQ(type, XmSHADOW_ETCHED_IN);
     EXPECT_EQ(orientation, XmVERTICAL);
     EXPECT_EQ(vertical->widget->core.height, 56);
+    // Within the screen: the length itself, placed inside the work area's shadow.
+    XwkDeskItem *shortline = nullptr;
+    SetSeparator(desk, 1.0f, 3.0f, 3.0f, 3, &shortline);
+    Dimension work_shadow = 0;
+    XtVaGetValues(desk->work, XmNshadowThickness, &work_shadow, NULL);
+    int left = 0, top = 0;
+    XtVaGetValues(shortline->widget, XmNleftOffset, &left, XmNtopOffset, &top,
+                  XmNseparatorType, &type, NULL);
+    EXPECT_EQ(shortline->width, 84);
+    EXPECT_EQ(left, 28 + work_shadow);
+    EXPECT_EQ(top, 84 + work_shadow);
+    EXPECT_EQ(type, XmSINGLE_LINE);
 
     open(desk);
     int pressed = 5;
@@ -142,9 +154,19 @@ TEST(Controls, RadioBoxesByClicks)
     XtVaGetValues(stretched->widget, XmNrightAttachment, &right, NULL);
     EXPECT_EQ(right, XmATTACH_FORM);
     EXPECT_EQ(((XwkToggleItem *)stretched)->count, 3);
+    // Without item texts the toggles still come, empty, as many as asked.
+    XwkDeskItem *bare = nullptr, *bare_menu = nullptr;
+    SetRadioBox(desk, 0.5f, 4.0f, nullptr, nullptr, 2, 2, &bare);
+    ASSERT_NE(bare, nullptr);
+    EXPECT_EQ(((XwkToggleItem *)bare)->count, 2);
+    SetOptionMenu(desk, 6.0f, 4.0f, "None", 0, nullptr, 2, 1, &bare_menu);
+    ASSERT_NE(bare_menu, nullptr);
+    EXPECT_EQ(name_of(((XwkOptionItem *)bare_menu)->buttons[1]), "");
     open(desk);
 
     int selected = 0;
+    GetRadioBox(bare, &selected);
+    EXPECT_EQ(selected, 2);
     GetRadioBox(radio, &selected);
     EXPECT_EQ(selected, 2);
     GetRadioBox(stretched, &selected);
@@ -241,6 +263,13 @@ TEST(Controls, ScrolledListsSelectAndScroll)
     EXPECT_EQ(name_of(l->title), "xwkLabel");
     EXPECT_EQ(flags[0], 1) << "the first entry is clamped in the caller's array";
     EXPECT_GT(desk->extent_h, list->height);
+    // A title wider than its list sets the width, of the control and its frame.
+    XwkDeskItem *titled = nullptr;
+    SetScrolledList(desk, 0.5f, 5.0f, "A title far wider than the list below it", items, 2, 2,
+                    1, &titled);
+    Widget tl = ((XwkListItem *)titled)->title;
+    EXPECT_EQ(titled->width, tl->core.width);
+    EXPECT_EQ(titled->widget->core.width, tl->core.width);
     open(desk);
 
     int pos = 0;
@@ -319,6 +348,13 @@ TEST(Controls, EditFieldsReadWhatWasTyped)
     Dimension th = 0;
     XtVaGetValues(s->title, XtNheight, &th, NULL);
     EXPECT_EQ(sfield->height, th + s->text->core.height);
+    // Beside the field, the title stands centred on its line; above it, at the top.
+    for (XwkEditItem *f : {n, r, s}) {
+        Dimension lh = 0;
+        int offset = -1;
+        XtVaGetValues(f->title, XtNheight, &lh, XmNtopOffset, &offset, NULL);
+        EXPECT_EQ(offset, f == s ? 0 : ((int)f->text->core.height - (int)lh) / 2);
+    }
     open(desk);
 
     long got = 0;
@@ -389,6 +425,8 @@ TEST(Controls, DisplayOnlyAndMultiLineFields)
     SetEditField(desk, 0.5f, 1.5f, "Shown", 0.0f, (void *)"Value 1", -4, 10, 10, &shown);
     SetEditMultiField(desk, 0.5f, 2.5f, "Notes", -1.0f, text, 4, 60, -4, -30, &multi);
     SetEditField(desk, 0.5f, 6.0f, nullptr, 0.0f, (void *)"read only", 4, 20, 0, &fill);
+    XwkDeskItem *abc = nullptr;
+    SetEditField(desk, 0.5f, 7.5f, nullptr, 0.0f, (void *)"ABC", -4, 10, 10, &abc);
     ASSERT_NE(empty, nullptr);
     XwkEditItem *e = (XwkEditItem *)empty, *sh = (XwkEditItem *)shown;
     EXPECT_TRUE(XmIsDrawnButton(e->text));
@@ -422,6 +460,24 @@ TEST(Controls, DisplayOnlyAndMultiLineFields)
     XtVaGetValues(f->text, XmNeditable, &editable, NULL);
     EXPECT_FALSE(editable) << "columns 0: a field that only shows";
     open(desk);
+
+    // The empty value draws nothing inside the shadow, yet takes the room of "ABC".
+    Widget abc_label = ((XwkEditItem *)abc)->text;
+    EXPECT_EQ(e->text->core.width, abc_label->core.width);
+    int inked[2] = {0, 0};
+    Widget shown_labels[2] = {e->text, abc_label};
+    for (int i = 0; i < 2; i++) {
+        Widget w = shown_labels[i];
+        Dimension shadow = 0, highlight = 0;
+        XtVaGetValues(w, XmNshadowThickness, &shadow, XmNhighlightThickness, &highlight, NULL);
+        int inset = shadow + highlight;
+        xwktest::Capture shot(w);
+        int inner_w = shot.width() - 2 * inset, inner_h = shot.height() - 2 * inset;
+        inked[i] = inner_w * inner_h -
+                   shot.Count(w->core.background_pixel, inset, inset, inner_w, inner_h);
+    }
+    EXPECT_EQ(inked[0], 0) << "the stand-in text is not seen";
+    EXPECT_GT(inked[1], 20) << "a real value is drawn";
 
     xwktest::ClickCenter(m->text);
     Display *dpy = XtDisplay(m->text);

@@ -381,7 +381,7 @@ TEST_F(MessageBox, ShortTextBecomesLabelsLongTextScrolls)
     EXPECT_EQ(shown.substr(shown.size() - 11), "row 1999 ^\n");
 }
 
-TEST_F(MessageBox, OneLongLineDoesNotScroll)
+TEST_F(MessageBox, OnlyLinesEndedByANewlineCountForWidth)
 {
     // Only lines ended by a newline count towards the width.
     std::string wide(1000, 'w');
@@ -395,6 +395,26 @@ TEST_F(MessageBox, OneLongLineDoesNotScroll)
     });
     condit(nullptr, "Wide", 2, wide.c_str(), nullptr, 0, 1, 2);
     EXPECT_EQ(labels, 1u);
+
+    // Ended by a newline, the same line is too wide: the text scrolls, at
+    // most 60 columns wide, as many rows as lines.
+    short rows = 0, columns = 0;
+    Pixel text_bg = 1, form_bg = 2;
+    boxdriver::when_up(&step, [&] {
+        std::vector<Widget> texts;
+        collect(xwkConditWidget, "xwkConditLabel", &texts);
+        labels = texts.size();
+        Widget text = xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass);
+        ASSERT_NE(text, nullptr);
+        XtVaGetValues(text, XmNrows, &rows, XmNcolumns, &columns, XmNbackground, &text_bg, NULL);
+        form_bg = XtParent(XtParent(text))->core.background_pixel;
+        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+    });
+    condit(nullptr, "Wide", 2, (wide + "\nshort").c_str(), nullptr, 0, 1, 2);
+    EXPECT_EQ(labels, 0u);
+    EXPECT_EQ(rows, 2);
+    EXPECT_EQ(columns, 60);
+    EXPECT_EQ(text_bg, form_bg) << "the text takes the box's background";
 }
 
 TEST_F(MessageBox, ModelessBoxStaysUntilDeleted)
@@ -482,6 +502,19 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
     EXPECT_EQ(label_text(one), "Bx\ny");
     XtVaGetValues(one, XmNalignment, &align[0], NULL);
     EXPECT_EQ(align[0], XmALIGNMENT_BEGINNING);
+
+    // A line takes the string built so far along even with nothing pending.
+    Widget form2 = XtVaCreateManagedWidget("form2", xmFormWidgetClass, form, NULL);
+    Widget after = XwkCreateCompoundLabels(form2, "^bB^b^sX");
+    labels.clear();
+    collect(form2, "xwkConditLabel", &labels);
+    ASSERT_EQ(labels.size(), 2u);
+    EXPECT_EQ(label_text(labels[0]), "B");
+    EXPECT_EQ(label_text(after), "X");
+    XtVaGetValues(after, XmNtopWidget, &below, NULL);
+    EXPECT_TRUE(XmIsSeparator(below));
+    // Styles do not nest: overlapping ones come out of order.
+    EXPECT_EQ(label_text(XwkCreateCompoundLabels(form2, "^bA^iB^bC^i")), "ACB");
     XtDestroyWidget(shell);
 }
 
