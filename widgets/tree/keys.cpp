@@ -398,7 +398,7 @@ void TreeChangeSlamState(Widget w, XEvent *event, String *params, Cardinal *num_
     XmPrjTreePart &v = P(w);
     XmPrjTreePart &m = M(w);
     XwkTreeNode *node = m.currentNode;
-    if (!node || !Item(node) || !m.canSlam)
+    if (!node || !Item(node))
         return;
     char letter = params[0][0];
     int state = ItemState(node);
