@@ -8,6 +8,7 @@
 #include <Xm/XmP.h>
 #include <Xm/Form.h>
 #include <Xm/PushB.h>
+#include <Xm/Display.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
@@ -846,6 +847,106 @@ TEST(TreeKeys, SlamKeysWorkInAListWithoutSlam)
     EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_INDENT);
     EXPECT_EQ(Last("activateCallback")->data.node, l.rows[2]);
     EXPECT_EQ(Last("activateCallback")->data.cellType, XmCELL_NONE);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(TreePointer, ButtonOneDragWaitsForTheMultiClickTimeOrAMove)
+{
+    Live l(false, XmSINGLE_SELECT, 10);
+    XtAddCallback(l.tree, XmNstartDragCallback, Record, (XtPointer) "startDragCallback");
+    Display *dpy = XtDisplay(l.tree);
+    Widget display = XmGetXmDisplay(dpy);
+    XtVaSetValues(display, XmNenableBtn1Transfer, XmBUTTON2_TRANSFER, NULL);
+    l.ClickRow(2);
+    ASSERT_EQ(l.Current(), l.rows[2]);
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    int rx, ry;
+    xwktest::RootPosition(l.tree, &rx, &ry);
+    int x = rx + 40, y = ry + l.RowMiddle(2);
+    // A press on the current row's label waits: 3 pixels sideways are no
+    // drag, 4 are.
+    calls.clear();
+    xwktest::MovePointer(dpy, x, y);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(30);
+    xwktest::MovePointer(dpy, x + 3, y);
+    xwktest::Pump(30);
+    EXPECT_EQ(Count("startDragCallback"), 0);
+    EXPECT_EQ(Count("activateCallback"), 0);
+    xwktest::MovePointer(dpy, x + 4, y);
+    xwktest::Pump(30);
+    ASSERT_EQ(Count("startDragCallback"), 1);
+    EXPECT_EQ(Last("startDragCallback")->data.reason, XmCR_TREE_START_DRAG);
+    EXPECT_EQ(Last("startDragCallback")->data.node, l.rows[2]);
+    EXPECT_EQ(Last("startDragCallback")->data.part, XmTREE_PART_LABEL);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(50);
+    // A quick click runs the waiting press, then the release.
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    calls.clear();
+    l.ClickRow(2);
+    EXPECT_EQ(Count("startDragCallback"), 0);
+    EXPECT_EQ(Count("activateCallback"), 1);
+    EXPECT_EQ(Part(l.tree).buttonState, 0);
+    // Held past the multi-click time, the press becomes a drag by itself.
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    calls.clear();
+    xwktest::MovePointer(dpy, x, y);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XSync(dpy, False);
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return Count("startDragCallback") == 1; }));
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(50);
+    // A press on another row selects at once.
+    calls.clear();
+    l.ClickRow(5);
+    EXPECT_EQ(l.Current(), l.rows[5]);
+    EXPECT_EQ(Count("startDragCallback"), 0);
+    XtVaSetValues(display, XmNenableBtn1Transfer, XmOFF, NULL);
+}
+
+TEST(TreePointer, CtrlDragBelowTheWindowTogglesAsItScrolls)
+{
+    Live l(false, XmMULTIPLE_SELECT, 60);
+    Display *dpy = XtDisplay(l.tree);
+    int rx, ry;
+    xwktest::RootPosition(l.tree, &rx, &ry);
+    l.ClickRow(1);
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    KeyCode ctrl = XKeysymToKeycode(dpy, XK_Control_L);
+    calls.clear();
+    XTestFakeKeyEvent(dpy, ctrl, True, CurrentTime);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(3));
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(50);
+    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(4));
+    xwktest::Pump(50);
+    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 3);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.tree->core.height + 30);
+    bool scrolled = xwktest::PumpUntil([&] { return Part(l.tree).topRow > 3; }, 4000);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(100);
+    ASSERT_TRUE(scrolled);
+    // Every row the pointer passed on its way down stays selected.
+    int last = XmPrjTreeGetNodeNumber(l.tree, l.Current()) - 1;
+    ASSERT_GT(last, 5);
+    XmPrjTreeNode *ids = nullptr;
+    int n = XmPrjTreeGetSelectedIdList(l.tree, &ids);
+    EXPECT_EQ(n, last - 1);
+    // One per row toggled: the press, the move to row 4, each step after.
+    EXPECT_EQ(Count("multipleSelectionCallback"), n - 1);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), n);
+    XtFree((char *)ids);
 }
 
 }  // namespace

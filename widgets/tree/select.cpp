@@ -883,10 +883,35 @@ XtActionsRec actions[18] = {
 
 namespace {
 
+// Xt compiles a class's action list in place, names turned into quarks,
+// so the names are looked up here rather than in that list.
 XtActionProc FindAction(const char *name)
 {
-    for (const XtActionsRec &a : actions)
-        if (strcmp(a.string, name) == 0)
+    static const struct {
+        const char *name;
+        XtActionProc proc;
+    } named[] = {
+        {"TreeKbdKey", TreeKbdKey},
+        {"TreeCellKbdKey", TreeCellKbdKey},
+        {"TreeScroll", TreeScroll},
+        {"TreeKbdSelect", TreeKbdSelect},
+        {"TreeBeginSelect", TreeBeginSelect},
+        {"TreeEndSelect", TreeEndSelect},
+        {"TreeMotion", TreeMotion},
+        {"TreeSelectItems", TreeSelectItems},
+        {"TreeToggleItem", TreeToggleItem},
+        {"TreeChangeSlamState", TreeChangeSlamState},
+        {"TreeEnter", TreeEnter},
+        {"TreeLeave", TreeLeave},
+        {"TreeFocusIn", TreeFocusIn},
+        {"TreeFocusOut", TreeFocusOut},
+        {"TreeProcessDrag", TreeProcessDrag},
+        {"TreeProcessBtn1", TreeProcessBtn1},
+        {"TreeProcessBtn2", TreeProcessBtn2},
+        {"TreePopupMenu", TreePopupMenu},
+    };
+    for (const auto &a : named)
+        if (strcmp(a.name, name) == 0)
             return a.proc;
     return nullptr;
 }
