@@ -466,6 +466,23 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
     EXPECT_EQ(Last("startDragCallback")->data.reason, XmCR_TREE_START_DRAG);
     EXPECT_EQ(Last("startDragCallback")->data.node, l.rows[5]);
     EXPECT_EQ(Last("startDragCallback")->data.part, XmTREE_PART_LABEL);
+    // The location cursor follows the keys: off the old row, on the new.
+    l.Key(XK_Down);
+    ASSERT_EQ(l.Current(), l.rows[3]);
+    xwktest::Settle();
+    {
+        xwktest::Capture c(l.tree);
+        Pixel highlight = xwktest::PixelOf(l.tree, XmNhighlightColor);
+        XmPrjTreePart &t = Part(l.tree);
+        int rh = t.rowHeight, inner = l.tree->core.width - 12;
+        // Right of the short labels, where only the frame can be, and
+        // inside the widget's own focus border.
+        EXPECT_EQ(c.Count(highlight, 60, l.RowMiddle(2) - rh / 2 + 1, inner - 60, rh - 2), 0);
+        EXPECT_GT(c.Count(highlight, 60, l.RowMiddle(3) - rh / 2, inner - 60, rh), 20);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(3)), t.activeBackground);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(2)),
+                  xwktest::PixelOf(l.tree, XmNbackground));
+    }
 }
 
 }  // namespace
