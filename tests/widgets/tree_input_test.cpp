@@ -6,6 +6,9 @@
 #include <Xwk/Xwk.h>
 #include <Xwk/PrjTreeP.h>
 #include <Xm/XmP.h>
+#include <Xm/Form.h>
+#include <Xm/PushB.h>
+#include <Xm/Display.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
@@ -463,6 +466,23 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
     EXPECT_EQ(Last("startDragCallback")->data.reason, XmCR_TREE_START_DRAG);
     EXPECT_EQ(Last("startDragCallback")->data.node, l.rows[5]);
     EXPECT_EQ(Last("startDragCallback")->data.part, XmTREE_PART_LABEL);
+    // The location cursor follows the keys: off the old row, on the new.
+    l.Key(XK_Down);
+    ASSERT_EQ(l.Current(), l.rows[3]);
+    xwktest::Settle();
+    {
+        xwktest::Capture c(l.tree);
+        Pixel highlight = xwktest::PixelOf(l.tree, XmNhighlightColor);
+        XmPrjTreePart &t = Part(l.tree);
+        int rh = t.rowHeight, inner = l.tree->core.width - 12;
+        // Right of the short labels, where only the frame can be, and
+        // inside the widget's own focus border.
+        EXPECT_EQ(c.Count(highlight, 60, l.RowMiddle(2) - rh / 2 + 1, inner - 60, rh - 2), 0);
+        EXPECT_GT(c.Count(highlight, 60, l.RowMiddle(3) - rh / 2, inner - 60, rh), 20);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(3)), t.activeBackground);
+        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(2)),
+                  xwktest::PixelOf(l.tree, XmNbackground));
+    }
 }
 
 }  // namespace
@@ -733,6 +753,263 @@ TEST(TreeCallbacks, NodesOfAnotherListAreLeftAlone)
     l.Key(XK_Down);
     EXPECT_EQ(XmPrjTreeGetNodeNumber(l.tree, l.Current()),
               XmPrjTreeGetNodeNumber(l.tree, current) + 1);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(TreeSelection, SelectAllCountsEveryRowAndShiftSpreadsTheState)
+{
+    Live l(false, XmMULTIPLE_SELECT, 12);
+    l.ClickRow(1);
+    l.ClickRow(4, ControlMask);
+    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
+    calls.clear();
+    // Rows already selected count as well: the count starts again from 0.
+    XmPrjTreeSelectAllItems(l.tree);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 12);
+    EXPECT_EQ(Count("multipleSelectionCallback"), 12);
+    ASSERT_NE(Last("multipleSelectionCallback"), nullptr);
+    EXPECT_EQ(Last("multipleSelectionCallback")->data.reason, XmCR_MULTIPLE_SELECT);
+    EXPECT_EQ(Last("multipleSelectionCallback")->data.part, XmTREE_PART_ROW);
+    EXPECT_EQ(Last("multipleSelectionCallback")->data.cellType, XmCELL_NONE);
+    EXPECT_TRUE(Last("multipleSelectionCallback")->data.selected);
+    // A Shift range from the current row spreads its state, the current row apart.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(2);
+    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    calls.clear();
+    l.ClickRow(5, ShiftMask);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 4);
+    EXPECT_EQ(Count("multipleSelectionCallback"), 3);
+    ASSERT_NE(Last("selectionChanged"), nullptr);
+    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_ACTIVATE);
+    EXPECT_EQ(Last("selectionChanged")->data.node, l.rows[5]);
+}
+
+TEST(TreeSelection, DeselectAllRepaintsTheClones)
+{
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("views", topLevelShellWidgetClass, app, XmNwidth, 300,
+                                        XmNheight, 200, NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Arg args[1];
+    XtSetArg(args[0], XmNselectionPolicy, XmMULTIPLE_SELECT);
+    Widget mother = XmCreateScrolledTreeList(form, (String) "mother", args, 1);
+    XtVaSetValues(XtParent(mother), XmNwidth, 140, XmNheight, 180, NULL);
+    XtSetArg(args[0], XmNmother, mother);
+    Widget clone = XmCreateScrolledTreeList(form, (String) "clone", args, 1);
+    XtVaSetValues(XtParent(clone), XmNwidth, 140, XmNheight, 180, XmNleftAttachment,
+                  XmATTACH_WIDGET, XmNleftWidget, XtParent(mother), NULL);
+    for (int i = 0; i < 4; i++)
+        XmPrjTreeAddSimpleItem(mother, (char *)"row", nullptr);
+    XtManageChild(mother);
+    XtManageChild(clone);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(clone));
+    xwktest::Pump(200);
+    Pixel fill = ((XmPrjTreeWidget)clone)->tree.inactiveBackground;
+    xwktest::Settle();
+    XmPrjTreeSelectAllItems(mother);
+    // The clone shows the selection once it repaints.
+    XClearArea(XtDisplay(clone), XtWindow(clone), 0, 0, 0, 0, True);
+    xwktest::Settle();
+    XmPrjTreePart &t = ((XmPrjTreeWidget)clone)->tree;
+    Dimension shadow = ((XmManagerWidget)clone)->manager.shadow_thickness;
+    int y = t.treeMarginHeight + shadow + t.rowHeight + t.rowHeight / 2;
+    int x = clone->core.width - 12;
+    {
+        xwktest::Capture c(clone);
+        ASSERT_EQ(c.Pixel(x, y), fill);
+    }
+    XmPrjTreeDeselectAllItems(mother);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(mother), 0);
+    xwktest::Settle();
+    {
+        xwktest::Capture c(clone);
+        EXPECT_EQ(c.Pixel(x, y), xwktest::PixelOf(clone, XmNbackground));
+        xwktest::Capture cm(mother);
+        EXPECT_EQ(cm.Pixel(x, y), xwktest::PixelOf(clone, XmNbackground));
+    }
+    XtDestroyWidget(XtParent(clone));
+    XtDestroyWidget(shell);
+    xwktest::Settle();
+}
+
+TEST(TreeKeys, SlamKeysWorkInAListWithoutSlam)
+{
+    Live l(false, XmSINGLE_SELECT, 3);
+    XmPrjTreeNode kid = XmPrjTreeAddItem(l.tree, l.rows[0], "kid", nullptr, nullptr, XmSLAM_CLOSE,
+                                         nullptr, nullptr, nullptr);
+    xwktest::Settle();
+    // The whole tree is shown: rows[0], kid, rows[1], rows[2].
+    l.ClickRow(1);
+    ASSERT_EQ(l.Current(), kid);
+    calls.clear();
+    // Ctrl-Up on a leaf climbs to its parent.
+    l.Key(XK_Up, ControlMask);
+    EXPECT_EQ(l.Current(), l.rows[0]);
+    ASSERT_NE(Last("selectionChanged"), nullptr);
+    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_SINGLE_SELECT);
+    EXPECT_EQ(Last("selectionChanged")->data.part, XmTREE_PART_LABEL);
+    EXPECT_EQ(Last("selectionChanged")->data.node, l.rows[0]);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    // Ctrl-Down on a leaf asks the application to fill it.
+    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    l.ClickRow(3);
+    calls.clear();
+    l.Key(XK_Down, ControlMask);
+    ASSERT_NE(Last("activateCallback"), nullptr);
+    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_INDENT);
+    EXPECT_EQ(Last("activateCallback")->data.node, l.rows[2]);
+    EXPECT_EQ(Last("activateCallback")->data.cellType, XmCELL_NONE);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(TreePointer, ButtonOneDragWaitsForTheMultiClickTimeOrAMove)
+{
+    Live l(false, XmSINGLE_SELECT, 10);
+    XtAddCallback(l.tree, XmNstartDragCallback, Record, (XtPointer) "startDragCallback");
+    Display *dpy = XtDisplay(l.tree);
+    Widget display = XmGetXmDisplay(dpy);
+    XtVaSetValues(display, XmNenableBtn1Transfer, XmBUTTON2_TRANSFER, NULL);
+    l.ClickRow(2);
+    ASSERT_EQ(l.Current(), l.rows[2]);
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    int rx, ry;
+    xwktest::RootPosition(l.tree, &rx, &ry);
+    int x = rx + 40, y = ry + l.RowMiddle(2);
+    // A press on the current row's label waits: 3 pixels sideways are no
+    // drag, 4 are.
+    calls.clear();
+    xwktest::MovePointer(dpy, x, y);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(30);
+    xwktest::MovePointer(dpy, x + 3, y);
+    xwktest::Pump(30);
+    EXPECT_EQ(Count("startDragCallback"), 0);
+    EXPECT_EQ(Count("activateCallback"), 0);
+    xwktest::MovePointer(dpy, x + 4, y);
+    xwktest::Pump(30);
+    ASSERT_EQ(Count("startDragCallback"), 1);
+    EXPECT_EQ(Last("startDragCallback")->data.reason, XmCR_TREE_START_DRAG);
+    EXPECT_EQ(Last("startDragCallback")->data.node, l.rows[2]);
+    EXPECT_EQ(Last("startDragCallback")->data.part, XmTREE_PART_LABEL);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(50);
+    // A quick click runs the waiting press, then the release.
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    calls.clear();
+    l.ClickRow(2);
+    EXPECT_EQ(Count("startDragCallback"), 0);
+    EXPECT_EQ(Count("activateCallback"), 1);
+    EXPECT_EQ(Part(l.tree).buttonState, 0);
+    // Held past the multi-click time, the press becomes a drag by itself.
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    calls.clear();
+    xwktest::MovePointer(dpy, x, y);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XSync(dpy, False);
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return Count("startDragCallback") == 1; }));
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(50);
+    // A press on another row selects at once.
+    calls.clear();
+    l.ClickRow(5);
+    EXPECT_EQ(l.Current(), l.rows[5]);
+    EXPECT_EQ(Count("startDragCallback"), 0);
+    XtVaSetValues(display, XmNenableBtn1Transfer, XmOFF, NULL);
+}
+
+TEST(TreePointer, CtrlDragBelowTheWindowTogglesAsItScrolls)
+{
+    Live l(false, XmMULTIPLE_SELECT, 60);
+    Display *dpy = XtDisplay(l.tree);
+    int rx, ry;
+    xwktest::RootPosition(l.tree, &rx, &ry);
+    l.ClickRow(1);
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    KeyCode ctrl = XKeysymToKeycode(dpy, XK_Control_L);
+    calls.clear();
+    XTestFakeKeyEvent(dpy, ctrl, True, CurrentTime);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(3));
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(50);
+    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(4));
+    xwktest::Pump(50);
+    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 3);
+    xwktest::MovePointer(dpy, rx + 40, ry + l.tree->core.height + 30);
+    bool scrolled = xwktest::PumpUntil([&] { return Part(l.tree).topRow > 3; }, 4000);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
+    XSync(dpy, False);
+    xwktest::Pump(100);
+    ASSERT_TRUE(scrolled);
+    // Every row the pointer passed on its way down stays selected.
+    int last = XmPrjTreeGetNodeNumber(l.tree, l.Current()) - 1;
+    ASSERT_GT(last, 5);
+    XmPrjTreeNode *ids = nullptr;
+    int n = XmPrjTreeGetSelectedIdList(l.tree, &ids);
+    EXPECT_EQ(n, last - 1);
+    // One per row toggled: the press, the move to row 4, each step after.
+    EXPECT_EQ(Count("multipleSelectionCallback"), n - 1);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), n);
+    XtFree((char *)ids);
+}
+
+}  // namespace
+
+namespace {
+
+// Last in the file: it leaves the keyboard focus to a window that goes.
+TEST(TreeTraversal, TabAndShiftTabMoveBetweenGroups)
+{
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("tabs", topLevelShellWidgetClass, app, XmNwidth, 300,
+                                        XmNheight, 240, NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Widget tree = XmCreateScrolledTreeList(form, (String) "list", nullptr, 0);
+    XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,
+                  XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNheight, 120, NULL);
+    for (int i = 0; i < 5; i++)
+        XmPrjTreeAddSimpleItem(tree, (char *)"row", nullptr);
+    XtManageChild(tree);
+    // A second list, then a group of buttons: three tab groups.
+    Widget second = XmCreateScrolledTreeList(form, (String) "second", nullptr, 0);
+    XtVaSetValues(XtParent(second), XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget,
+                  XtParent(tree), XmNleftAttachment, XmATTACH_FORM, XmNheight, 60, NULL);
+    XmPrjTreeAddSimpleItem(second, (char *)"other", nullptr);
+    XtManageChild(second);
+    Widget group = XtVaCreateManagedWidget("group", xmFormWidgetClass, form, XmNtopAttachment,
+                                           XmATTACH_WIDGET, XmNtopWidget, XtParent(second),
+                                           XmNleftAttachment, XmATTACH_FORM, NULL);
+    Widget button = XtVaCreateManagedWidget("button", xmPushButtonWidgetClass, group, NULL);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(tree));
+    XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
+    xwktest::Pump(100);
+    xwktest::Click(tree, 40, 10);
+    xwktest::Pump(100);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return ((XmPrjTreeWidget)tree)->tree.hasFocus; }));
+    xwktest::PressKey(XtDisplay(tree), XK_Tab);
+    xwktest::PumpUntil([&] { return XmGetFocusWidget(tree) != tree; });
+    EXPECT_EQ(XmGetFocusWidget(tree), second);
+    // Shift-Tab comes back.
+    xwktest::PressKey(XtDisplay(tree), XK_Tab, ShiftMask);
+    xwktest::PumpUntil([&] { return XmGetFocusWidget(tree) == tree; });
+    EXPECT_EQ(XmGetFocusWidget(tree), tree);
+    (void)button;
+    XtDestroyWidget(shell);
+    xwktest::Settle();
 }
 
 }  // namespace

@@ -277,15 +277,32 @@ void AutoScrollTick(XtPointer closure, XtIntervalId *)
     else
         HitTest(w, v.topRow, std::max(x, 0), y, true, &target, nullptr, nullptr, nullptr);
     if (target && target != old) {
-        if (old && Item(old)) {
-            DeselectRow(w, old);
-            PaintPlain(w, old);
+        // The rows passed are selected as the drag that led here does:
+        // with Ctrl or Shift each one toggles, else the selection moves.
+        bool modified = v.buttonState & (XmTREE_BTN_CTRL | XmTREE_BTN_SHIFT);
+        if (modified) {
+            if (old && Item(old))
+                XmPrjTreeUpdateNode(w, old);
+            SetCurrent(w, target);
+            if (Item(target)->flags & XmTREE_ITEM_SELECTED)
+                DeselectRow(w, target);
+            else
+                SelectRow(w, target);
+        } else {
+            if (old && Item(old)) {
+                DeselectRow(w, old);
+                PaintPlain(w, old);
+            }
+            SetCurrent(w, target);
+            SelectRow(w, target);
         }
-        SetCurrent(w, target);
-        SelectRow(w, target);
         if (MakeVisible(w, target, false, false))
             XmPrjTreeUpdateNode(w, target);
+        unsigned long stamp = Stamp(w);
         RaiseSelectionChanged(w, XmCR_SINGLE_SELECT, nullptr, target, XmTREE_PART_ROW);
+        if (modified && Live(w, target, stamp))
+            CallCallbacks(w, m.multipleSelectionCallback, XmCR_MULTIPLE_SELECT, nullptr, target,
+                          XmTREE_PART_ROW, 0, XmCELL_NONE);
         if (!Ready(w))
             return;
     }
@@ -398,7 +415,7 @@ void TreeChangeSlamState(Widget w, XEvent *event, String *params, Cardinal *num_
     XmPrjTreePart &v = P(w);
     XmPrjTreePart &m = M(w);
     XwkTreeNode *node = m.currentNode;
-    if (!node || !Item(node) || !m.canSlam)
+    if (!node || !Item(node))
         return;
     char letter = params[0][0];
     int state = ItemState(node);

@@ -142,8 +142,7 @@ void DefaultAction(Widget view, XwkTreeNode *node, int part, XEvent *event, int 
         return;
     XmPrjTreePart &m = M(view);
     if (!m.defaultActionCallback) {
-        if (m.canSlam)
-            ToggleAndRelayout(view, node);
+        ToggleAndRelayout(view, node);
         return;
     }
     CallCallbacks(view, m.defaultActionCallback, XmCR_DEFAULT_ACTION, event, node, part, column,
@@ -157,6 +156,21 @@ namespace {
 bool Multiple(Widget w)
 {
     return M(w).selectionPolicy == XmMULTIPLE_SELECT;
+}
+
+// The count follows each row a spread sets: up for every row it leaves
+// selected, whether or not it was before, down for every row it clears.
+// Select-all relies on this, as it starts the count again from 0; a range
+// over rows already selected overcounts, held at the row count.
+void CountSpread(Widget w, XmPrjTreeItem item, bool was, bool value)
+{
+    XmPrjTreePart &m = M(w);
+    bool now = item->flags & XmTREE_ITEM_SELECTED;
+    if (value && now)
+        m.selectedCount++;
+    if (!value && was && m.selectedCount > 0)
+        m.selectedCount--;
+    ClampSelectedCount(w);
 }
 
 // Every row numbered lo..hi in preorder, the excluded one apart, is set
@@ -186,12 +200,7 @@ void RangeWalk(Widget view, unsigned lo, unsigned hi, bool value, XwkTreeNode *e
         } else {
             SetItemSelected(view, n, value);
         }
-        bool now = item->flags & XmTREE_ITEM_SELECTED;
-        if (now && !was)
-            m.selectedCount++;
-        if (!now && was && m.selectedCount > 0)
-            m.selectedCount--;
-        ClampSelectedCount(view);
+        CountSpread(view, item, was, value);
         unsigned long stamp = Stamp(view);
         CallCallbacks(view, m.multipleSelectionCallback, XmCR_MULTIPLE_SELECT, event, n,
                       XmTREE_PART_ROW, 0, XmCELL_NONE);
@@ -201,6 +210,8 @@ void RangeWalk(Widget view, unsigned lo, unsigned hi, bool value, XwkTreeNode *e
     }
 }
 
+// Painting a row plain paints it on every view, so one walk serves the
+// mother and the clones.
 void DeselectAllInner(Widget w, XEvent *event)
 {
     XmPrjTreePart &m = M(w);
@@ -454,17 +465,14 @@ void TreeSelectItems(Widget w, XEvent *event, String *, Cardinal *)
             if (a > b)
                 std::swap(a, b);
             XwkTreeNode *n = NodeAt(w, a);
+            // The old row is in the walk and counts again.
             m.selectedCount = std::max(0, m.selectedCount - 1);
             for (int r = a; n && r <= b; r++) {
                 XwkTreeNode *next = NextRow(w, n);
                 XmPrjTreeItem item = Item(n);
                 bool was = item->flags & XmTREE_ITEM_SELECTED;
                 SetItemSelected(w, n, value);
-                bool now = item->flags & XmTREE_ITEM_SELECTED;
-                if (now && !was)
-                    m.selectedCount++;
-                if (!now && was && m.selectedCount > 0)
-                    m.selectedCount--;
+                CountSpread(w, item, was, value);
                 unsigned long stamp = Stamp(w);
                 CallCallbacks(w, m.multipleSelectionCallback, XmCR_MULTIPLE_SELECT, event, n,
                               XmTREE_PART_ROW, 0, XmCELL_NONE);
@@ -472,9 +480,6 @@ void TreeSelectItems(Widget w, XEvent *event, String *, Cardinal *)
                     return;
                 n = next;
             }
-            if (value && (Item(old)->flags & XmTREE_ITEM_SELECTED))
-                m.selectedCount++;
-            ClampSelectedCount(w);
         }
     }
     if (!Live(w, node, stamp))
@@ -878,10 +883,35 @@ XtActionsRec actions[18] = {
 
 namespace {
 
+// Xt compiles a class's action list in place, names turned into quarks,
+// so the names are looked up here rather than in that list.
 XtActionProc FindAction(const char *name)
 {
-    for (const XtActionsRec &a : actions)
-        if (strcmp(a.string, name) == 0)
+    static const struct {
+        const char *name;
+        XtActionProc proc;
+    } named[] = {
+        {"TreeKbdKey", TreeKbdKey},
+        {"TreeCellKbdKey", TreeCellKbdKey},
+        {"TreeScroll", TreeScroll},
+        {"TreeKbdSelect", TreeKbdSelect},
+        {"TreeBeginSelect", TreeBeginSelect},
+        {"TreeEndSelect", TreeEndSelect},
+        {"TreeMotion", TreeMotion},
+        {"TreeSelectItems", TreeSelectItems},
+        {"TreeToggleItem", TreeToggleItem},
+        {"TreeChangeSlamState", TreeChangeSlamState},
+        {"TreeEnter", TreeEnter},
+        {"TreeLeave", TreeLeave},
+        {"TreeFocusIn", TreeFocusIn},
+        {"TreeFocusOut", TreeFocusOut},
+        {"TreeProcessDrag", TreeProcessDrag},
+        {"TreeProcessBtn1", TreeProcessBtn1},
+        {"TreeProcessBtn2", TreeProcessBtn2},
+        {"TreePopupMenu", TreePopupMenu},
+    };
+    for (const auto &a : named)
+        if (strcmp(a.name, name) == 0)
             return a.proc;
     return nullptr;
 }
