@@ -335,6 +335,23 @@ TEST(RowViews, CloneShowsTheMothersRows)
     int before = changed;
     XmPrjTreeSetItem(mother, XmPrjTreeGetLastNode(mother), True);
     EXPECT_EQ(changed, before + 1);
+
+    // A clone goes with its mother, and shares nothing it would free again;
+    // so does a shell holding both, the mother first.
+    XtSetArg(args[0], XmNmother, mother);
+    Widget orphan = XmCreateScrolledTreeList(form, (String) "orphan", args, 1);
+    XtManageChild(orphan);
+    static bool orphan_gone;
+    orphan_gone = false;
+    XtAddCallback(orphan, XmNdestroyCallback, [](Widget, XtPointer, XtPointer) {
+        orphan_gone = true;
+    }, nullptr);
+    XtDestroyWidget(mother);
+    EXPECT_TRUE(orphan_gone);
+    Widget second = XmCreateScrolledTreeList(form, (String) "second", nullptr, 0);
+    XtSetArg(args[0], XmNmother, second);
+    XmCreateScrolledTreeList(form, (String) "secondClone", args, 1);
+    XmPrjTreeAddSimpleItem(second, "shared", (XtPointer)1);
     XtDestroyWidget(shell);
 }
 

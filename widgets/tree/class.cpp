@@ -319,6 +319,25 @@ void ForgetCallbackLists(Widget w)
     t.cellManageCallback = nullptr;
 }
 
+// A clone cannot outlive its mother: it lets go of every pointer it shares
+// with her, so that its own destroy frees nothing of hers, and goes too.
+void OrphanClone(Widget w)
+{
+    XmPrjTreePart &t = P(w);
+    ForgetCallbackLists(w);
+    t.mother = w;
+    t.tree = nullptr;
+    t.visibleList = nullptr;
+    t.titleString = nullptr;
+    t.fontList = nullptr;
+    t.clones = nullptr;
+    t.numClones = 0;
+    t.builtinOpen = t.builtinClosed = t.builtinFruitless = False;
+    t.openStateIcon = t.closedStateIcon = t.fruitlessStateIcon = nullptr;
+    if (!w->core.being_destroyed)
+        XtDestroyWidget(w);
+}
+
 void InitClone(Widget w)
 {
     // A clone begins as a copy of its mother's part; the row data stay
@@ -459,7 +478,7 @@ void Destroy(Widget w)
         t.fontList = nullptr;
         ForgetFonts();
         for (Cardinal i = 0; i < t.numClones; i++)
-            P(t.clones[i]).mother = nullptr;
+            OrphanClone(t.clones[i]);
         XtFree((char *)t.clones);
         t.clones = nullptr;
         t.numClones = 0;

@@ -448,7 +448,7 @@ void DoPendingRepaint(Widget view)
 
 void ExposeProc(Widget w, XEvent *event, Region region)
 {
-    if (HasRelayoutPending(w))
+    if (!M(w).tree || HasRelayoutPending(w))
         return;
     XRectangle box;
     if (region) {
