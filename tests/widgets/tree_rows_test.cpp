@@ -288,8 +288,9 @@ TEST(RowViews, CloneShowsTheMothersRows)
     Widget shell = XtVaCreatePopupShell("views", topLevelShellWidgetClass, app, XmNwidth, 300,
                                         XmNheight, 200, NULL);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
-    Widget mother = XmCreatePrjTree(form, (String) "mother", nullptr, 0);
-    XtVaSetValues(mother, XmNwidth, 140, XmNheight, 180, NULL);
+    // Each view in a scrolled window, which keeps its count of rows on the page.
+    Widget mother = XmCreateScrolledTreeList(form, (String) "mother", nullptr, 0);
+    XtVaSetValues(XtParent(mother), XmNwidth, 140, XmNheight, 180, NULL);
     static int changed;
     changed = 0;
     XtCallbackProc count = [](Widget, XtPointer, XtPointer) { changed++; };
@@ -299,9 +300,9 @@ TEST(RowViews, CloneShowsTheMothersRows)
     Arg args[2];
     XtSetArg(args[0], XmNmother, mother);
     XtSetArg(args[1], XmNselectionChanged, own);
-    Widget clone = XmCreatePrjTree(form, (String) "clone", args, 2);
-    XtVaSetValues(clone, XmNwidth, 140, XmNheight, 180, XmNleftAttachment, XmATTACH_WIDGET,
-                  XmNleftWidget, mother, NULL);
+    Widget clone = XmCreateScrolledTreeList(form, (String) "clone", args, 2);
+    XtVaSetValues(XtParent(clone), XmNwidth, 140, XmNheight, 180, XmNleftAttachment,
+                  XmATTACH_WIDGET, XmNleftWidget, XtParent(mother), NULL);
     XtManageChild(mother);
     XtManageChild(clone);
     Cardinal n = 0;
@@ -328,6 +329,9 @@ TEST(RowViews, CloneShowsTheMothersRows)
     // Both views paint the two rows.
     EXPECT_GT(cm.Count(fg, 0, 0, mother->core.width, mother->core.height), 20);
     EXPECT_GT(cc.Count(fg, 0, 0, clone->core.width, clone->core.height), 20);
+    Pixel bg = xwktest::PixelOf(mother, XmNbackground);
+    EXPECT_GT(cm.Count(bg, 0, 0, mother->core.width, mother->core.height), 1000);
+    EXPECT_GT(cc.Count(bg, 0, 0, clone->core.width, clone->core.height), 1000);
     XtDestroyWidget(clone);
     XtVaGetValues(mother, XmNnumClones, &n, NULL);
     EXPECT_EQ(n, 0u);
