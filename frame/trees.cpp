@@ -109,6 +109,38 @@ void UnlinkChild(XwkTreeNode *node)
     parent->nchildren--;
 }
 
+void FreeSubtree(XwkTreeNode *node, XwkTreeFreeProc free_node, XwkTree *tree,
+                 void (*release)(XwkTreeNode *, void *), void *closure)
+{
+    if (!node)
+        return;
+    XwkTreeNode *n = node;
+    while (n->first_child)
+        n = n->first_child;
+    for (;;) {
+        // Siblings and parent are read before the node goes; a parent is
+        // reached only after all its children are gone.
+        XwkTreeNode *sibling = n->next_sibling;
+        XwkTreeNode *parent = n->parent;
+        bool top = n == node;
+        if (free_node)
+            free_node(n, tree);
+        release(n, closure);
+        if (tree)
+            tree->count--;
+        if (top)
+            return;
+        if (sibling) {
+            n = sibling;
+            while (n->first_child)
+                n = n->first_child;
+        } else {
+            n = parent;
+        }
+    }
+}
+
+
 }  // namespace xwk
 
 extern "C" {
@@ -233,32 +265,7 @@ void t_delete_node(XwkTree *tree, XwkTreeNode *node)
 
 void t_freenode(XwkTreeNode *node, XwkTreeFreeProc free_node, XwkTree *tree)
 {
-    if (!node)
-        return;
-    XwkTreeNode *n = node;
-    while (n->first_child)
-        n = n->first_child;
-    for (;;) {
-        // Siblings and parent are read before the node goes; a parent is
-        // reached only after all its children are gone.
-        XwkTreeNode *sibling = n->next_sibling;
-        XwkTreeNode *parent = n->parent;
-        bool top = n == node;
-        if (free_node)
-            free_node(n, tree);
-        free(n);
-        if (tree)
-            tree->count--;
-        if (top)
-            return;
-        if (sibling) {
-            n = sibling;
-            while (n->first_child)
-                n = n->first_child;
-        } else {
-            n = parent;
-        }
-    }
+    xwk::FreeSubtree(node, free_node, tree, [](XwkTreeNode *n, void *) { free(n); }, nullptr);
 }
 
 void t_destroy(XwkTree *tree)

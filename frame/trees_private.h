@@ -10,6 +10,11 @@ namespace xwk {
 // tree are left to the caller.  node must have a parent.
 void UnlinkChild(XwkTreeNode *node);
 
+// Frees node and everything below it, children first: free_node (if any)
+// for each, then release, and the tree's count (if a tree) lowered.
+void FreeSubtree(XwkTreeNode *node, XwkTreeFreeProc free_node, XwkTree *tree,
+                 void (*release)(XwkTreeNode *, void *), void *closure);
+
 }  // namespace xwk
 
 #endif

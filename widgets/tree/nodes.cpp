@@ -82,31 +82,11 @@ XwkTreeNode *LinkRow(Widget w, XwkTreeNode *parent, XtPointer data)
 
 void FreeRows(Widget w, XwkTreeNode *top)
 {
-    // As t_freenode: children first, the procedure for each, the count
-    // lowered; the nodes go back to the pool.
-    XwkTree *tree = M(w).tree;
+    // As t_freenode, but the nodes go back to the pool.
     RecordPool &pool = S(Mother(w)).nodes;
-    XwkTreeNode *n = top;
-    while (n->first_child)
-        n = n->first_child;
-    for (;;) {
-        XwkTreeNode *sibling = n->next_sibling;
-        XwkTreeNode *parent = n->parent;
-        bool last = n == top;
-        if (tree->free_node)
-            tree->free_node(n, tree);
-        pool.Put(n);
-        tree->count--;
-        if (last)
-            return;
-        if (sibling) {
-            n = sibling;
-            while (n->first_child)
-                n = n->first_child;
-        } else {
-            n = parent;
-        }
-    }
+    xwk::FreeSubtree(top, M(w).tree->free_node, M(w).tree,
+                     [](XwkTreeNode *n, void *p) { static_cast<RecordPool *>(p)->Put(n); },
+                     &pool);
 }
 
 void SetFlagOnViews(Widget w, unsigned int flag)
