@@ -173,6 +173,17 @@ void CountSpread(Widget w, XmPrjTreeItem item, bool was, bool value)
     ClampSelectedCount(w);
 }
 
+// Counts a row a spread has set and raises multipleSelectionCallback for
+// it; false when a callback deleted rows, which ends the walk.
+bool AnnounceSpread(Widget view, XwkTreeNode *n, bool was, bool value, XEvent *event)
+{
+    CountSpread(view, Item(n), was, value);
+    unsigned long stamp = Stamp(view);
+    CallCallbacks(view, M(view).multipleSelectionCallback, XmCR_MULTIPLE_SELECT, event, n,
+                  XmTREE_PART_ROW, 0, XmCELL_NONE);
+    return Alive(view) && Stamp(view) == stamp;
+}
+
 // Every row numbered lo..hi in preorder, the excluded one apart, is set
 // to value; each raises multipleSelectionCallback.
 void RangeWalk(Widget view, unsigned lo, unsigned hi, bool value, XwkTreeNode *exclude,
@@ -200,12 +211,7 @@ void RangeWalk(Widget view, unsigned lo, unsigned hi, bool value, XwkTreeNode *e
         } else {
             SetItemSelected(view, n, value);
         }
-        CountSpread(view, item, was, value);
-        unsigned long stamp = Stamp(view);
-        CallCallbacks(view, m.multipleSelectionCallback, XmCR_MULTIPLE_SELECT, event, n,
-                      XmTREE_PART_ROW, 0, XmCELL_NONE);
-        // A callback that deleted rows ends the walk.
-        if (!Alive(view) || Stamp(view) != stamp)
+        if (!AnnounceSpread(view, n, was, value, event))
             return;
     }
 }
@@ -472,11 +478,7 @@ void TreeSelectItems(Widget w, XEvent *event, String *, Cardinal *)
                 XmPrjTreeItem item = Item(n);
                 bool was = item->flags & XmTREE_ITEM_SELECTED;
                 SetItemSelected(w, n, value);
-                CountSpread(w, item, was, value);
-                unsigned long stamp = Stamp(w);
-                CallCallbacks(w, m.multipleSelectionCallback, XmCR_MULTIPLE_SELECT, event, n,
-                              XmTREE_PART_ROW, 0, XmCELL_NONE);
-                if (!Alive(w) || Stamp(w) != stamp)
+                if (!AnnounceSpread(w, n, was, value, event))
                     return;
                 n = next;
             }
