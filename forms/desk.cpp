@@ -7,6 +7,7 @@
 #include "forms_private.h"
 
 #include <Xm/XmP.h>
+#include <Xm/BulletinBP.h>
 #include <Xm/DialogS.h>
 #include <Xm/Form.h>
 #include <Xm/Frame.h>
@@ -92,10 +93,25 @@ void destroy_form(Widget, XtPointer client_data, XtPointer)
     XtDestroyWidget((Widget)client_data);
 }
 
-// The window manager's close presses the desk's cancel button.
-void cancel_on_delete_window(Widget, XtPointer client_data, XtPointer)
+// The window manager's close presses the desk's cancel button.  Motif's
+// cancel action acts only while the keyboard focus is inside the board (it
+// reads the dynamic cancel button that focus tracking sets); a desk that
+// never had the focus gets its cancel button pressed directly, so the close
+// works however the manager delivers it.
+void cancel_on_delete_window(Widget, XtPointer client_data, XtPointer call_data)
 {
-    XtCallActionProc((Widget)client_data, (char *)"ManagerParentCancel", nullptr, nullptr, 0);
+    Widget board = (Widget)client_data;
+    XEvent *event = call_data ? ((XmAnyCallbackStruct *)call_data)->event : nullptr;
+    if (XmIsBulletinBoard(board)) {
+        XmBulletinBoardWidget bb = (XmBulletinBoardWidget)board;
+        Widget cancel = bb->bulletin_board.cancel_button;
+        if (!bb->bulletin_board.dynamic_cancel_button && cancel && XtIsManaged(cancel) &&
+            XtIsSensitive(cancel)) {
+            XtCallActionProc(cancel, (char *)"ArmAndActivate", event, nullptr, 0);
+            return;
+        }
+    }
+    XtCallActionProc(board, (char *)"ManagerParentCancel", event, nullptr, 0);
 }
 
 void start_toolkit(const std::string &title)

@@ -8,7 +8,9 @@
 #include <X11/Shell.h>
 #include <X11/ShellP.h>
 
+#include <poll.h>
 #include <stdio.h>
+#include <time.h>
 
 #include "frame/XmPrivate.h"
 
@@ -70,6 +72,50 @@ bool mapped_when_managed(Widget w)
     Boolean mapped = False;
     XtVaGetValues(w, XtNmappedWhenManaged, &mapped, NULL);
     return mapped;
+}
+
+// How long ForceUpdate and ForceDestroy wait for a window manager: one that
+// never maps or unmaps must not hang the application.
+constexpr long kWindowManagerWaitMs = 3000;
+
+long now_ms()
+{
+    timespec ts;
+    clock_gettime(CLOCK_MONOTONIC, &ts);
+    return ts.tv_sec * 1000L + ts.tv_nsec / 1000000L;
+}
+
+// A reparenting window manager maps a top-level window only once it has
+// handled the map request, which it cannot do while this client holds the
+// server.  The wait grabs the server only when no manager redirects the
+// root's children.
+bool manager_redirects(Widget shell)
+{
+    XWindowAttributes a;
+    return XGetWindowAttributes(XtDisplay(shell), RootWindowOfScreen(XtScreen(shell)), &a) &&
+           (a.all_event_masks & SubstructureRedirectMask);
+}
+
+// Handles one event, timer or input as the main loop does, or waits a
+// little for one; never blocks past the deadline.  False once it has passed.
+bool process_events_until(XtAppContext app, Display *dpy, long deadline)
+{
+    long left = deadline - now_ms();
+    if (left <= 0)
+        return false;
+    XtInputMask mask = XtAppPending(app);
+    if (mask & XtIMXEvent) {
+        XwkAppProcessEvents(app);
+        return true;
+    }
+    if (mask) {
+        XtAppProcessEvent(app, mask);
+        return true;
+    }
+    XFlush(dpy);
+    pollfd p = {ConnectionNumber(dpy), POLLIN, 0};
+    poll(&p, 1, left < 10 ? (int)left : 10);
+    return true;
 }
 
 bool shells_for(Widget w, Widget *shell, Widget *top)
@@ -157,16 +203,22 @@ void ForceUpdate(Widget w)
     if (is_managed(shell) && XtIsRealized(shell) && mapped_when_managed(shell) &&
         is_managed(top) && XtIsRealized(top) && mapped_when_managed(top)) {
         Display *dpy = XtDisplay(shell);
-        XGrabServer(dpy);
+        XtAppContext app = XtWidgetToApplicationContext(shell);
+        bool grab = !manager_redirects(shell);
+        if (grab)
+            XGrabServer(dpy);
+        long deadline = now_ms() + kWindowManagerWaitMs;
         for (;;) {
             bool known;
             if (is_viewable(shell, &known) || !known)
                 break;
             if (!is_viewable(top, &known) && known)
                 break;
-            XwkAppProcessEvents(XtWidgetToApplicationContext(shell));
+            if (!process_events_until(app, dpy, deadline))
+                break;
         }
-        XUngrabServer(dpy);
+        if (grab)
+            XUngrabServer(dpy);
         XFlush(dpy);
     }
     XmUpdateDisplay(top);
@@ -178,13 +230,17 @@ void ForceDestroy(Widget w)
     if (!shells_for(w, &shell, &top))
         return;
     if (is_managed(shell) && XtIsRealized(shell) && is_managed(top) && XtIsRealized(top)) {
+        Display *dpy = XtDisplay(shell);
+        XtAppContext app = XtWidgetToApplicationContext(shell);
+        long deadline = now_ms() + kWindowManagerWaitMs;
         for (;;) {
             bool known;
             if (!is_viewable(shell, &known) || !known)
                 break;
             if (is_viewable(top, &known))
                 break;
-            XwkAppProcessEvents(XtWidgetToApplicationContext(shell));
+            if (!process_events_until(app, dpy, deadline))
+                break;
         }
     }
     XmUpdateDisplay(top);

@@ -10,6 +10,7 @@
 #include <X11/Shell.h>
 
 #include <stddef.h>
+#include <time.h>
 
 #include <vector>
 
@@ -241,4 +242,39 @@ TEST(Shells, ForceUpdateWaitsUntilTheShellIsUp)
     ForceUpdate(nullptr);
     ForceDestroy(nullptr);
     XtDestroyWidget(form);
+}
+
+TEST(Shells, ForceUpdateGivesUpOnAWindowManagerThatNeverMaps)
+{
+    Widget app = xwktest::StartApp();
+    Widget form = XtVaCreateManagedWidget("main", xmFormWidgetClass, app, XmNwidth, 80,
+                                          XmNheight, 40, NULL);
+    XtRealizeWidget(app);
+    ASSERT_TRUE(xwktest::WaitViewable(app));
+    // A manager that takes the root's map requests and never answers them.
+    Display *manager = XOpenDisplay(DisplayString(XtDisplay(app)));
+    ASSERT_NE(manager, nullptr);
+    XSelectInput(manager, DefaultRootWindow(manager), SubstructureRedirectMask);
+    XSync(manager, False);
+
+    Widget dialog = XmCreateFormDialog(app, (char *)"unmapped", nullptr, 0);
+    XtVaSetValues(dialog, XmNwidth, 60, XmNheight, 30, NULL);
+    XtManageChild(dialog);
+    timespec start, end;
+    clock_gettime(CLOCK_MONOTONIC, &start);
+    ForceUpdate(dialog);
+    clock_gettime(CLOCK_MONOTONIC, &end);
+    long waited = (end.tv_sec - start.tv_sec) * 1000 + (end.tv_nsec - start.tv_nsec) / 1000000;
+    XWindowAttributes a;
+    ASSERT_TRUE(XGetWindowAttributes(XtDisplay(app), XtWindow(XtParent(dialog)), &a));
+    EXPECT_EQ(a.map_state, IsUnmapped) << "the request went to the manager";
+    EXPECT_GE(waited, 2500) << "it waited for the manager";
+    EXPECT_LT(waited, 6000) << "and gave up after about 3 seconds";
+    // The server was not left grabbed: the manager's connection still works.
+    XWindowAttributes root;
+    EXPECT_TRUE(XGetWindowAttributes(manager, DefaultRootWindow(manager), &root));
+    XCloseDisplay(manager);
+    XtDestroyWidget(XtParent(dialog));
+    XtDestroyWidget(form);
+    xwktest::Settle();
 }

@@ -51,6 +51,31 @@ void TypeText(Display *dpy, const char *text);
 // Window manager's close: a WM_DELETE_WINDOW client message to the shell.
 void SendDeleteWindow(Widget shell);
 
+// ---- A real window manager on the test server ----
+// Starts mwm or openbox on the test server with the suite's own
+// configuration (tests/support/wm/) and waits until it manages the screen;
+// a null name takes the one XWK_TEST_WM names.  New windows do not get the
+// focus by themselves.  The manager stops with the process.  Call it before
+// StartApp.  False if the manager cannot start.
+bool StartWindowManager(const char *name = nullptr);
+// The manager started, or "" on a bare server.
+std::string WindowManager();
+// The manager's frame around a shell: the child of the root that holds it.
+Window FrameOf(Widget shell);
+// Waits until the manager has reparented the shell and the shell is viewable.
+bool WaitManaged(Widget shell, int timeout_ms = 5000);
+// The close a user clicks in the manager's own decorations: Close of the
+// window menu under mwm, the title bar's close button under openbox.
+void CloseFromFrame(Widget shell);
+// Drags the title bar of the shell's frame by dx, dy with button 1.
+void DragTitle(Widget shell, int dx, int dy);
+// Clicks button 1 in the middle of the title bar of the shell's frame.
+void ClickTitle(Widget shell);
+// True when the keyboard focus is the shell's window or inside it.
+bool HasFocus(Widget shell);
+// Position of a top-level window among the root's children, bottom first.
+int StackingIndex(Display *dpy, Window top);
+
 // Pixels read back from the server.
 class Capture {
 public:
