@@ -1,5 +1,13 @@
-/*
- * Xwk/Xwk.h - the whole public interface of the Xwk GUI Library.
+/**
+ * \file
+ * \brief Includes every public header of the Xwk GUI Library: its whole
+ * public interface in one include.
+ *
+ * It includes Xwk/Frame.h, Xwk/Lists.h, Xwk/Strings.h,
+ * Xwk/Ini.h, Xwk/Desk.h, Xwk/Text.h, Xwk/Graphics.h, Xwk/ComboBox.h,
+ * Xwk/PanedW.h, Xwk/Dialogs.h and Xwk/PrjTree.h.  The private records of
+ * the widgets (Xwk/ComboBoxP.h, Xwk/PanedWP.h, Xwk/PrjTreeP.h) are for
+ * subclasses and are included on their own.
  *
  * Link with `pkg-config --cflags --libs xwk`.  Every function is a plain C
  * function; widgets follow Motif's conventions (Xwk/PrjTree.h and friends).

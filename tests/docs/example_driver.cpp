@@ -1,0 +1,682 @@
+// Runs an example program of the reference headless and works it as a user
+// would.
+//
+//     example_driver desk|msgbox|treelist PROGRAM
+//
+// The driver starts a private Xvfb, starts PROGRAM on it as a child process
+// with its standard output on a pipe, finds the program's windows on the
+// server (top-level windows by their title, controls by their place in the
+// window tree), and drives them with real pointer and keyboard input
+// through XTest: it types into fields, toggles boxes, clicks rows and
+// buttons.  It then waits, with a bound, for the program to exit and checks
+// its exit status and the lines it printed.  Some examples are run more
+// than once, to take each way through them.  Exit status 0 means every run
+// passed.
+#include "xvfb.h"
+
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <errno.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <stdarg.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+// Bounds of the waits.  Generous: a sanitized build starts slowly.
+const int kWindowTimeoutMs = 30000;
+const int kExitTimeoutMs = 30000;
+const int kPaintTimeoutMs = 10000;
+
+// The desk's scale: controls stand at 28 pixels per centimetre.
+const double kPixelsPerCm = 28.0;
+
+XwkXvfb server = {-1, -1};
+Display *dpy;
+const char *program;
+const char *example_name;
+
+struct Child {
+    pid_t pid = -1;
+    int out = -1;          // read end of the child's standard output
+    std::string output;    // what it printed so far
+    bool exited = false;
+    int status = 0;
+} child;
+
+long NowMs()
+{
+    timespec ts;
+    clock_gettime(CLOCK_MONOTONIC, &ts);
+    return ts.tv_sec * 1000L + ts.tv_nsec / 1000000L;
+}
+
+void SleepMs(int ms)
+{
+    timespec ts = {ms / 1000, (ms % 1000) * 1000000L};
+    nanosleep(&ts, nullptr);
+}
+
+void Drain()
+{
+    if (child.out < 0)
+        return;
+    char buf[4096];
+    for (;;) {
+        ssize_t n = read(child.out, buf, sizeof buf);
+        if (n > 0) {
+            child.output.append(buf, (size_t)n);
+            continue;
+        }
+        if (n == 0) {
+            close(child.out);
+            child.out = -1;
+        }
+        return;
+    }
+}
+
+// True while the child runs; reaps it once it has ended.
+bool ChildRunning()
+{
+    if (child.pid <= 0 || child.exited)
+        return false;
+    int status = 0;
+    pid_t r = waitpid(child.pid, &status, WNOHANG);
+    if (r == child.pid) {
+        child.exited = true;
+        child.status = status;
+        return false;
+    }
+    return true;
+}
+
+std::string DescribeStatus(int status)
+{
+    char buf[64];
+    if (WIFEXITED(status))
+        snprintf(buf, sizeof buf, "exit status %d", WEXITSTATUS(status));
+    else if (WIFSIGNALED(status))
+        snprintf(buf, sizeof buf, "killed by signal %d", WTERMSIG(status));
+    else
+        snprintf(buf, sizeof buf, "status 0x%x", status);
+    return buf;
+}
+
+[[noreturn]] void Fail(const char *format, ...) __attribute__((format(printf, 1, 2)));
+
+void Fail(const char *format, ...)
+{
+    va_list ap;
+    va_start(ap, format);
+    fprintf(stderr, "FAILED %s: ", example_name);
+    vfprintf(stderr, format, ap);
+    fprintf(stderr, "\n");
+    va_end(ap);
+    if (ChildRunning()) {
+        kill(child.pid, SIGKILL);
+        waitpid(child.pid, &child.status, 0);
+        child.exited = true;
+        fprintf(stderr, "  the program was still running and has been killed\n");
+    } else if (child.exited) {
+        fprintf(stderr, "  the program ended with %s\n", DescribeStatus(child.status).c_str());
+    }
+    Drain();
+    fprintf(stderr, "  its output:\n%s\n", child.output.c_str());
+    xwk_xvfb_stop(&server);
+    exit(1);
+}
+
+void StartChild()
+{
+    int fds[2];
+    if (pipe(fds) != 0)
+        Fail("pipe: %s", strerror(errno));
+    fflush(nullptr);
+    pid_t pid = fork();
+    if (pid < 0)
+        Fail("fork: %s", strerror(errno));
+    if (pid == 0) {
+        // The program must not outlive the driver.
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        dup2(fds[1], 1);
+        close(fds[0]);
+        close(fds[1]);
+        execl(program, example_name, (char *)nullptr);
+        fprintf(stderr, "cannot run %s: %s\n", program, strerror(errno));
+        _exit(127);
+    }
+    close(fds[1]);
+    fcntl(fds[0], F_SETFL, O_NONBLOCK);
+    child = Child();
+    child.pid = pid;
+    child.out = fds[0];
+}
+
+// Waits, with a bound, for the child to end, and checks that it ended well
+// and printed exactly the lines expected.
+void ExpectExit(const std::vector<std::string> &lines)
+{
+    long end = NowMs() + kExitTimeoutMs;
+    while (ChildRunning()) {
+        Drain();
+        if (NowMs() > end)
+            Fail("the program did not exit within %d ms", kExitTimeoutMs);
+        SleepMs(10);
+    }
+    // The pipe stays open until the last writer is gone.
+    while (child.out >= 0) {
+        pollfd p = {child.out, POLLIN, 0};
+        if (poll(&p, 1, 2000) <= 0)
+            break;
+        Drain();
+    }
+    if (!WIFEXITED(child.status) || WEXITSTATUS(child.status) != 0)
+        Fail("the program ended with %s", DescribeStatus(child.status).c_str());
+    std::string expected;
+    for (const std::string &l : lines)
+        expected += l + "\n";
+    if (child.output != expected)
+        Fail("the output differs; expected:\n%s", expected.c_str());
+}
+
+// ---- Windows on the server ---------------------------------------------------
+
+int IgnoreXErrors(Display *, XErrorEvent *)
+{
+    // Windows of the program come and go while the driver looks at them.
+    return 0;
+}
+
+// A viewable window and its viewable children; positions in root
+// coordinates, and the position within its parent.
+struct Win {
+    Window id = 0;
+    int x = 0, y = 0;            // in root coordinates
+    int px = 0, py = 0;          // in the parent
+    int w = 0, h = 0;
+    std::vector<Win> kids;
+};
+
+bool Load(Window id, Win *out)
+{
+    XWindowAttributes a;
+    if (!XGetWindowAttributes(dpy, id, &a) || a.map_state != IsViewable)
+        return false;
+    Window dummy;
+    out->id = id;
+    out->px = a.x;
+    out->py = a.y;
+    out->w = a.width;
+    out->h = a.height;
+    if (!XTranslateCoordinates(dpy, id, DefaultRootWindow(dpy), 0, 0, &out->x, &out->y, &dummy))
+        return false;
+    Window root, parent, *kids = nullptr;
+    unsigned n = 0;
+    if (!XQueryTree(dpy, id, &root, &parent, &kids, &n))
+        return false;
+    for (unsigned i = 0; i < n; i++) {
+        Win k;
+        if (Load(kids[i], &k))
+            out->kids.push_back(k);
+    }
+    if (kids)
+        XFree(kids);
+    return true;
+}
+
+std::string Snapshot(const Win &w)
+{
+    std::string s = std::to_string(w.id) + ":" + std::to_string(w.x) + "," +
+                    std::to_string(w.y) + "," + std::to_string(w.w) + "x" +
+                    std::to_string(w.h) + "(";
+    for (const Win &k : w.kids)
+        s += Snapshot(k);
+    return s + ")";
+}
+
+std::string TitleOf(Window id)
+{
+    XTextProperty p;
+    std::string title;
+    if (XGetWMName(dpy, id, &p) && p.value) {
+        title.assign((const char *)p.value, p.nitems);
+        XFree(p.value);
+    }
+    return title;
+}
+
+// The viewable top-level window with the title, 0 if there is none.  There
+// is no window manager: the program's shells are children of the root.
+Window FindTop(const std::string &title)
+{
+    Window root, parent, *kids = nullptr;
+    unsigned n = 0;
+    Window found = 0;
+    if (!XQueryTree(dpy, DefaultRootWindow(dpy), &root, &parent, &kids, &n))
+        return 0;
+    for (unsigned i = n; i-- > 0 && !found;) {   // top of the stack first
+        XWindowAttributes a;
+        if (XGetWindowAttributes(dpy, kids[i], &a) && a.map_state == IsViewable &&
+            TitleOf(kids[i]) == title)
+            found = kids[i];
+    }
+    if (kids)
+        XFree(kids);
+    return found;
+}
+
+// Waits until the window with the title is up and its layout has settled:
+// the same window tree, at the same places, twice in a row.
+Win WaitForWindow(const std::string &title)
+{
+    long end = NowMs() + kWindowTimeoutMs;
+    Window id = 0;
+    while (!(id = FindTop(title))) {
+        if (!ChildRunning())
+            Fail("the program ended before its window \"%s\" came up", title.c_str());
+        if (NowMs() > end)
+            Fail("no window \"%s\" within %d ms", title.c_str(), kWindowTimeoutMs);
+        SleepMs(20);
+    }
+    std::string last;
+    for (;;) {
+        Win w;
+        if (!Load(id, &w))
+            Fail("the window \"%s\" went away", title.c_str());
+        std::string now = Snapshot(w);
+        if (now == last)
+            return w;
+        last = now;
+        if (NowMs() > end)
+            Fail("the window \"%s\" did not settle", title.c_str());
+        SleepMs(150);
+    }
+}
+
+void WaitGone(const Win &w, const char *what)
+{
+    long end = NowMs() + kWindowTimeoutMs;
+    for (;;) {
+        XWindowAttributes a;
+        if (!XGetWindowAttributes(dpy, w.id, &a) || a.map_state != IsViewable)
+            return;
+        if (NowMs() > end)
+            Fail("%s stayed up", what);
+        SleepMs(20);
+    }
+}
+
+// Windows without viewable children, large enough to be a control.
+void Leaves(const Win &w, std::vector<Win> *out)
+{
+    if (w.kids.empty()) {
+        if (w.w >= 8 && w.h >= 8)
+            out->push_back(w);
+        return;
+    }
+    for (const Win &k : w.kids)
+        Leaves(k, out);
+}
+
+std::vector<Win> Leaves(const Win &w)
+{
+    std::vector<Win> out;
+    Leaves(w, &out);
+    return out;
+}
+
+// The buttons of a desk's action area or of a message box: the lowest row
+// of controls, from left to right.
+std::vector<Win> BottomRow(const Win &top)
+{
+    std::vector<Win> leaves = Leaves(top);
+    int lowest = -1;
+    for (const Win &l : leaves)
+        lowest = std::max(lowest, l.y);
+    std::vector<Win> row;
+    for (const Win &l : leaves)
+        if (std::abs(l.y - lowest) <= 2)
+            row.push_back(l);
+    std::sort(row.begin(), row.end(), [](const Win &a, const Win &b) { return a.x < b.x; });
+    return row;
+}
+
+// The work area of a desk: the window whose children stand at the given
+// places (in centimetres), each the top left corner of a control.  Returns
+// the children in the order of the places.
+std::vector<Win> ControlsAt(const Win &top, const std::vector<std::pair<double, double>> &cm)
+{
+    std::vector<std::pair<int, int>> px;
+    for (auto [x, y] : cm)
+        px.push_back({(int)std::lround(x * kPixelsPerCm), (int)std::lround(y * kPixelsPerCm)});
+    std::function<bool(const Win &, std::vector<Win> *)> search = [&](const Win &w,
+                                                                       std::vector<Win> *out) {
+        for (const Win &k : w.kids) {
+            // The first control fixes the offset of the area's origin (the
+            // form's margins), the others must follow at theirs.
+            int dx = k.px - px[0].first, dy = k.py - px[0].second;
+            if (std::abs(dx) > 10 || std::abs(dy) > 10)
+                continue;
+            std::vector<Win> found;
+            for (auto [x, y] : px)
+                for (const Win &c : w.kids)
+                    if (c.px == x + dx && c.py == y + dy) {
+                        found.push_back(c);
+                        break;
+                    }
+            if (found.size() == px.size()) {
+                *out = found;
+                return true;
+            }
+        }
+        for (const Win &k : w.kids)
+            if (search(k, out))
+                return true;
+        return false;
+    };
+    std::vector<Win> out;
+    if (!search(top, &out))
+        Fail("no work area with controls at the places the program gives");
+    return out;
+}
+
+// ---- Input ------------------------------------------------------------------
+
+void Click(int root_x, int root_y, int times = 1)
+{
+    XTestFakeMotionEvent(dpy, -1, root_x, root_y, CurrentTime);
+    for (int i = 0; i < times; i++) {
+        XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+        XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    }
+    XSync(dpy, False);
+}
+
+void ClickCenter(const Win &w)
+{
+    Click(w.x + w.w / 2, w.y + w.h / 2);
+}
+
+void MovePointerInto(const Win &w)
+{
+    XTestFakeMotionEvent(dpy, -1, w.x + w.w / 2, w.y + w.h / 2, CurrentTime);
+    XSync(dpy, False);
+}
+
+void PressKey(KeySym sym)
+{
+    KeyCode code = XKeysymToKeycode(dpy, sym);
+    if (!code)
+        Fail("no key for keysym 0x%lx", (unsigned long)sym);
+    bool shifted = XkbKeycodeToKeysym(dpy, code, 0, 0) != sym &&
+                   XkbKeycodeToKeysym(dpy, code, 0, 1) == sym;
+    KeyCode shift = XKeysymToKeycode(dpy, XK_Shift_L);
+    if (shifted)
+        XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
+    XTestFakeKeyEvent(dpy, code, True, CurrentTime);
+    XTestFakeKeyEvent(dpy, code, False, CurrentTime);
+    if (shifted)
+        XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
+    XSync(dpy, False);
+}
+
+void TypeText(const char *text)
+{
+    for (const char *p = text; *p; p++) {
+        char one[2] = {*p, 0};
+        KeySym sym = *p == ' ' ? XK_space : XStringToKeysym(one);
+        if (sym == NoSymbol)
+            Fail("cannot type '%c'", *p);
+        PressKey(sym);
+    }
+}
+
+// ---- The examples -----------------------------------------------------------
+
+// desk.c: fill in the form and press OK; then, in a second run, Cancel.
+void DriveDesk()
+{
+    StartChild();
+    Win desk = WaitForWindow("Send report");
+    // The places SetLabel, SetEditField and SetCheckBox were given.
+    std::vector<Win> controls = ControlsAt(desk, {{0.5, 0.5}, {0.5, 1.5}, {0.5, 2.75}, {0.5, 4.0}});
+    // An edit field is its title and, right behind it, the taller text.
+    auto text_of = [](const Win &control) {
+        std::vector<Win> leaves = Leaves(control);
+        if (leaves.size() != 2)
+            Fail("an edit field shows %zu windows, not a title and a text", leaves.size());
+        return leaves[0].h > leaves[1].h ? leaves[0] : leaves[1];
+    };
+    Win name = text_of(controls[1]);
+    Win copies = text_of(controls[2]);
+    std::vector<Win> toggle = Leaves(controls[3]);
+    if (toggle.size() != 1)
+        Fail("the check box shows %zu windows, not one toggle", toggle.size());
+    std::vector<Win> buttons = BottomRow(desk);
+    if (buttons.size() != 3)
+        Fail("the desk shows %zu action buttons, not OK, Cancel and Help", buttons.size());
+
+    ClickCenter(name);
+    TypeText("Ada Lovelace");
+    ClickCenter(copies);        // the field shows 1: replace it
+    PressKey(XK_End);
+    PressKey(XK_BackSpace);
+    TypeText("3");
+    ClickCenter(toggle[0]);
+    ClickCenter(buttons[0]);    // OK
+    ExpectExit({"name: Ada Lovelace", "copies: 3", "copy to me: yes"});
+
+    StartChild();
+    desk = WaitForWindow("Send report");
+    buttons = BottomRow(desk);
+    if (buttons.size() != 3)
+        Fail("the desk shows %zu action buttons, not OK, Cancel and Help", buttons.size());
+    ClickCenter(buttons[1]);    // Cancel
+    ExpectExit({"cancelled"});
+}
+
+// The buttons of the message box with the title, once it is up.
+std::vector<Win> BoxButtons(const char *title, size_t count, Win *box)
+{
+    *box = WaitForWindow(title);
+    std::vector<Win> buttons = BottomRow(*box);
+    if (buttons.size() != count)
+        Fail("the box \"%s\" shows %zu buttons, not %zu", title, buttons.size(), count);
+    return buttons;
+}
+
+// msgbox.c: Yes and the confirmation; No and a button of the second box;
+// No and Escape in the second box.
+void DriveMsgBox()
+{
+    Win box;
+    StartChild();
+    std::vector<Win> buttons = BoxButtons("Question", 2, &box);
+    ClickCenter(buttons[0]);    // Yes
+    WaitGone(box, "the question");
+    buttons = BoxButtons("Information", 1, &box);
+    ClickCenter(buttons[0]);    // OK
+    ExpectExit({"save: yes", "saved"});
+
+    StartChild();
+    buttons = BoxButtons("Question", 2, &box);
+    ClickCenter(buttons[1]);    // No
+    WaitGone(box, "the question");
+    buttons = BoxButtons("Unsaved changes", 3, &box);
+    ClickCenter(buttons[1]);    // Keep a copy
+    ExpectExit({"save: no", "changes: keep a copy"});
+
+    StartChild();
+    buttons = BoxButtons("Question", 2, &box);
+    ClickCenter(buttons[1]);    // No
+    WaitGone(box, "the question");
+    buttons = BoxButtons("Unsaved changes", 3, &box);
+    MovePointerInto(box);       // the keyboard follows the pointer
+    PressKey(XK_Escape);        // the Cancel button
+    ExpectExit({"save: no", "changes: cancel"});
+}
+
+// The rows of the tree list that are painted as selected: runs of pixels
+// other than the background in a column near the right edge, where labels
+// do not reach but the selection's fill does.  Each run is [first, end).
+std::vector<std::pair<int, int>> SelectedBands(const Win &tree)
+{
+    XImage *image = XGetImage(dpy, tree.id, 0, 0, (unsigned)tree.w, (unsigned)tree.h, AllPlanes,
+                              ZPixmap);
+    if (!image)
+        Fail("cannot read the pixels of the tree list");
+    int x = tree.w - 8;
+    std::map<unsigned long, int> count;
+    for (int y = 0; y < tree.h; y++)
+        count[XGetPixel(image, x, y)]++;
+    unsigned long background = 0;
+    int most = 0;
+    for (auto [pixel, n] : count)
+        if (n > most) {
+            most = n;
+            background = pixel;
+        }
+    std::vector<std::pair<int, int>> bands;
+    for (int y = 0; y < tree.h;) {
+        if (XGetPixel(image, x, y) == background) {
+            y++;
+            continue;
+        }
+        int first = y;
+        while (y < tree.h && XGetPixel(image, x, y) != background)
+            y++;
+        if (first > 0 && y < tree.h)   // the border's shadow is no row
+            bands.push_back({first, y});
+    }
+    XDestroyImage(image);
+    return bands;
+}
+
+// Waits until exactly one row is painted selected and it is not the row
+// at `not_at` (a band centre); returns that row's centre.
+int WaitSelectedRow(const Win &tree, int not_at)
+{
+    long end = NowMs() + kPaintTimeoutMs;
+    for (;;) {
+        std::vector<std::pair<int, int>> bands = SelectedBands(tree);
+        if (bands.size() == 1) {
+            int centre = (bands[0].first + bands[0].second) / 2;
+            if (std::abs(centre - not_at) > 2)
+                return centre;
+        }
+        if (!ChildRunning())
+            Fail("the program ended while a row was being selected");
+        if (NowMs() > end)
+            Fail("the tree list shows %zu selected rows, not the one clicked", bands.size());
+        SleepMs(20);
+    }
+}
+
+// treelist.c: click rows, open a branch with a double click, select a row
+// inside it and press OK; then, in a second run, Cancel.
+void DriveTreeList()
+{
+    StartChild();
+    Win desk = WaitForWindow("Project files");
+    // The list is the largest control of the desk.
+    std::vector<Win> leaves = Leaves(desk);
+    Win tree = *std::max_element(leaves.begin(), leaves.end(), [](const Win &a, const Win &b) {
+        return a.w * a.h < b.w * b.h;
+    });
+    if (tree.w < (int)(5 * kPixelsPerCm) || tree.h < (int)(4 * kPixelsPerCm))
+        Fail("the largest control, %dx%d, is too small to be the tree list", tree.w, tree.h);
+    std::vector<Win> buttons = BottomRow(desk);
+    if (buttons.size() != 3)
+        Fail("the desk shows %zu action buttons, not OK, Cancel and Help", buttons.size());
+
+    // The first row is current from the start.  Its painted band tells
+    // where the rows are: the row below begins at most a band's height
+    // below the band's end.
+    std::vector<std::pair<int, int>> bands = SelectedBands(tree);
+    if (bands.size() != 1)
+        Fail("the tree list shows %zu selected rows at start, not one", bands.size());
+    int first = (bands[0].first + bands[0].second) / 2;
+    int below = bands[0].second + (bands[0].second - bands[0].first);
+    int x = tree.x + tree.w * 2 / 3;   // over the rows' labels, right of their start
+    Click(x, tree.y + below);                           // main.c
+    int second = WaitSelectedRow(tree, first);
+    int row = second - first;                           // the height of a row
+    if (row < 8 || row > 3 * (bands[0].second - bands[0].first))
+        Fail("rows %d pixels apart cannot be right", row);
+
+    Click(x, tree.y + first + 3 * row, 2);              // include: opens it
+    int fourth = WaitSelectedRow(tree, second);
+    if (std::abs(fourth - (first + 3 * row)) > 2)
+        Fail("the fourth row is painted at %d, not %d", fourth, first + 3 * row);
+    Click(x, tree.y + first + 4 * row);                 // util.h, shown now
+    WaitSelectedRow(tree, fourth);
+    ClickCenter(buttons[0]);                            // OK
+    ExpectExit({"selected: src", "selected: main.c", "selected: include", "selected: util.h",
+                "chosen: include/util.h"});
+
+    StartChild();
+    desk = WaitForWindow("Project files");
+    buttons = BottomRow(desk);
+    if (buttons.size() != 3)
+        Fail("the desk shows %zu action buttons, not OK, Cancel and Help", buttons.size());
+    ClickCenter(buttons[1]);                            // Cancel
+    ExpectExit({"selected: src", "cancelled"});
+}
+
+}  // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 3) {
+        fprintf(stderr, "usage: %s desk|msgbox|treelist PROGRAM\n", argv[0]);
+        return 2;
+    }
+    example_name = argv[1];
+    program = argv[2];
+    std::map<std::string, void (*)()> drivers = {
+        {"desk", DriveDesk}, {"msgbox", DriveMsgBox}, {"treelist", DriveTreeList}};
+    auto driver = drivers.find(example_name);
+    if (driver == drivers.end()) {
+        fprintf(stderr, "%s: no driver for %s\n", argv[0], example_name);
+        return 2;
+    }
+    signal(SIGPIPE, SIG_IGN);
+    if (xwk_xvfb_start(&server, 0) != 0) {   // sets DISPLAY for the program
+        fprintf(stderr, "%s: cannot start Xvfb\n", argv[0]);
+        return 1;
+    }
+    dpy = XOpenDisplay(nullptr);
+    if (!dpy)
+        Fail("cannot open the display %s", getenv("DISPLAY"));
+    int event_base, error_base, major, minor;
+    if (!XTestQueryExtension(dpy, &event_base, &error_base, &major, &minor))
+        Fail("the server has no XTEST extension");
+    XSetErrorHandler(IgnoreXErrors);
+
+    driver->second();
+
+    XCloseDisplay(dpy);
+    xwk_xvfb_stop(&server);
+    printf("%s: all runs passed\n", example_name);
+    return 0;
+}
