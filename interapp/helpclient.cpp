@@ -221,17 +221,20 @@ Boolean XwkShowHelp(Widget widget)
 {
     if (!widget || widget->core.being_destroyed)
         return False;
+    set_asker(widget);
     if (!is_alive(xwkHelpPID)) {
         xwkHelpPID = XwkGetHelpPIDProperty(widget, "_SMELD_HELP_PID");
         if (!is_alive(xwkHelpPID))
             start_server(widget);
+        // A failure box waits in a loop of its own, in which the widget may go.
+        if (asker != widget)
+            return False;
     }
     Widget owner = widget;
     while (owner && !XtIsWidget(owner))
         owner = XtParent(owner);
     if (!owner || !XtIsRealized(owner))
         return False;
-    set_asker(widget);
     Display *dpy = XtDisplay(owner);
     Atom selection = help_selection(dpy);
     Time time = XtLastTimestampProcessed(dpy);

@@ -72,8 +72,8 @@ int XwkGetHelpPIDProperty(Widget widget, const char *atom_name);
  * \param widget The widget whose help data (XwkGetHelpData) is shown; a
  *               gadget owns the selection through its parent.
  * \return True when the selection was owned, False when \p widget is NULL
- *         or it, or the widget that would own the selection, is not
- *         realized.
+ *         or being destroyed, went while a failure box stood, or it (or the
+ *         widget that would own the selection) is not realized.
  */
 Boolean XwkShowHelp(Widget widget);
 
