@@ -7,6 +7,7 @@
 #include <Xm/Form.h>
 #include <Xm/PushB.h>
 #include <Xm/RowColumn.h>
+#include <X11/Shell.h>
 #include <X11/Xatom.h>
 #include <X11/Xutil.h>
 
@@ -241,6 +242,20 @@ TEST(HelpClient, TheServerIsStartedUsedAndStartedAgain)
         EXPECT_TRUE(xwktest::PumpUntil([&] { return XwkGetHelpPIDProperty(form, "_SMELD_HELP_PID") == pid; }));
     }
     end_server(pid);
+
+    // A manual page, asked for by an application that then goes: its
+    // server goes with it.
+    Widget other = XtVaAppCreateShell("other", "XwkTest", applicationShellWidgetClass, dpy, NULL);
+    Widget manual = XtVaCreateManagedWidget("manual", xmPushButtonWidgetClass, other, NULL);
+    XtRealizeWidget(other);
+    XwkSetHelpData(manual, "-Man", "ls", nullptr);
+    ASSERT_TRUE(XwkShowHelp(manual));
+    pid = xwkHelpPID;
+    ASSERT_GT(pid, 0);
+    EXPECT_TRUE(shows(dpy, "Help - ls"));
+    XtDestroyWidget(other);
+    EXPECT_TRUE(xwktest::PumpUntil(
+        [&] { return waitpid(pid, nullptr, WNOHANG) < 0 && errno == ECHILD; }, 5000));
 }
 
 }  // namespace
