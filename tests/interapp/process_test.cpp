@@ -119,6 +119,19 @@ TEST(RunProcess, TheStatusIsReadInTheMessageBox)
     }
 }
 
+TEST(RunProcess, TheApplicationsEnvironmentIsMergedIn)
+{
+    Widget button = make_button("environment");
+    char *environment[] = {(char *)"PATH=/usr/bin:/bin", (char *)"XWK_TEST=merged", nullptr};
+    xwkEnviron = environment;
+    Started run;
+    run_command(button, "sh -c 'echo $XWK_TEST:$_XWK_PARENT_WINDOW; exit 127'", &run, true);
+    xwkEnviron = nullptr;
+    EXPECT_NE(run.text.find(":\nmerged:" + std::to_string(XtWindow(button)) + "|"),
+              std::string::npos)
+        << run.text;
+}
+
 TEST(RunProcess, OnlyTheLastChunkOfOutputIsReported)
 {
     Widget button = make_button("chunks");
