@@ -1,0 +1,3 @@
+#ifndef XWK_COLORPICKER_H
+#define XWK_COLORPICKER_H
+#endif
