@@ -16,7 +16,6 @@ constexpr size_t kTextLimit = 50000 - 1;
 constexpr int kNormalize = XWK_CVT_LEADING_SPACE | XWK_CVT_TRAILING_SPACE |
                            XWK_CVT_REDUCE_SPACE | XWK_CVT_KEEP_QUOTED;
 constexpr char kComma = (char)0xFF;
-constexpr int kQuotesArePlain = 16;
 
 void append(std::string &out, const char *text)
 {
@@ -46,16 +45,34 @@ std::string edit_value_as_list(const char *value)
     return copy;
 }
 
+// The fields of a list as GetParameterExt cuts them in mode 16 (',' and ';'
+// separate, white space after a separator is skipped, a backslash escapes,
+// quotes are plain), all in one pass instead of one call per field.
+std::vector<std::string> split_fields(const std::string &list)
+{
+    std::vector<std::string> fields(1);
+    for (size_t i = 0; i < list.size(); i++) {
+        char c = list[i];
+        if (c == '\\') {
+            if (i + 1 == list.size())
+                break;
+            c = list[++i];
+            fields.back() += c == 'n' ? '\n' : c == 't' ? '\t' : c;
+        } else if (c == ',' || c == ';') {
+            fields.emplace_back();
+            while (i + 1 < list.size() && is_blank(list[i + 1]))
+                i++;
+        } else {
+            fields.back() += c;
+        }
+    }
+    return fields;
+}
+
 void write_edit(std::string &out, const IDECfgEditItem *edit)
 {
-    std::string list = edit_value_as_list(edit->value);
-    std::vector<char> piece(list.size() + 1);
     bool first = true;
-    for (int index = 1;; index++) {
-        int ended = GetParameterExt(list.c_str(), piece.data(), -index, kQuotesArePlain);
-        if (ended < index)
-            break;
-        std::string p = piece.data();
+    for (std::string &p : split_fields(edit_value_as_list(edit->value))) {
         if (p.empty())
             continue;
         bool quoted = p.find(' ') != std::string::npos && p != " ";
@@ -276,7 +293,7 @@ bool parse_edit(std::string &text, IDECfgEditItem *edit, bool reset)
                    : parse_prefixed(text, prefix, several, collected);
     if (any || reset) {
         XtFree(edit->value);
-        edit->value = XtNewString(collected.c_str());
+        edit->value = new_string_or_null(collected);
     }
     return any;
 }
