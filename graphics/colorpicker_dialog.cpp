@@ -21,8 +21,9 @@ Widget shell_of(Widget w)
     return w;
 }
 
-// The desk's widgets, made before the picker's palette, move to its
-// colormap; their pixels keep their colours, as the map is a copy.
+// The dialog's widgets are made on the screen's colormap, where Motif finds
+// their colours, and then move to the picker's own, a copy in which their
+// pixels keep those colours.
 void use_colormap(Widget w, Colormap colormap)
 {
     XtVaSetValues(w, XmNcolormap, colormap, NULL);
@@ -67,7 +68,6 @@ extern "C" Boolean XwkColorPicker(Widget parent, const char *title, XwkPalette *
     XwkPalette *own = nullptr;
     if (has_writable_cells(desk->form)) {
         own = XwkPaletteCreate(desk->form);
-        use_colormap(shell_of(desk->form), own->colormap);
     }
     Widget picker = ColorPicker(desk->work, "colorPicker", own, palette);
     XtVaSetValues(picker, XmNtopAttachment, XmATTACH_FORM, XmNtopOffset, kPickerOffset,
@@ -78,6 +78,8 @@ extern "C" Boolean XwkColorPicker(Widget parent, const char *title, XwkPalette *
     desk->extent_h = (unsigned short)std::max<int>(desk->extent_h, size.height + 2 * kPickerOffset);
     ColorPickerSetColor(picker, color);
     OpenDesk(desk);
+    if (own)
+        use_colormap(shell_of(desk->form), own->colormap);
     int button = run(desk);
     bool chosen = button == 1;
     if (chosen) {
