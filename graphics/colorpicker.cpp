@@ -250,12 +250,11 @@ void set_level(Picker *p, int channel, double level)
     show(p);
 }
 
-int channel_of(Picker *p, Widget w, const Widget *widgets)
+int channel_of(Widget w, const Widget *widgets)
 {
     for (int i = 0; i < kChannels; i++)
         if (widgets[i] == w)
             return i;
-    (void)p;
     return -1;
 }
 
@@ -269,7 +268,7 @@ void bar_input(Widget w, XtPointer closure, XEvent *event, Boolean *)
         x = event->xmotion.x;
     else
         return;
-    int channel = channel_of(p, w, p->bars);
+    int channel = channel_of(w, p->bars);
     if (channel >= 0)
         set_level(p, channel, (x - kBarMargin) / 255.0);
 }
@@ -277,7 +276,7 @@ void bar_input(Widget w, XtPointer closure, XEvent *event, Boolean *)
 void bar_expose(Widget w, XtPointer closure, XtPointer)
 {
     Picker *p = (Picker *)closure;
-    int channel = channel_of(p, w, p->bars);
+    int channel = channel_of(w, p->bars);
     if (channel >= 0)
         draw_bar(p, channel);
 }
@@ -290,7 +289,7 @@ void sample_expose(Widget, XtPointer closure, XtPointer)
 void field_done(Widget w, XtPointer closure, XtPointer)
 {
     Picker *p = (Picker *)closure;
-    int channel = channel_of(p, w, p->fields);
+    int channel = channel_of(w, p->fields);
     if (channel < 0)
         return;
     char *text = XmTextFieldGetString(w);
