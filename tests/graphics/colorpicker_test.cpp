@@ -6,7 +6,7 @@
 #include <Xwk/Xwk.h>
 #include <Xm/XmP.h>
 #include <Xm/TextF.h>
-#include <Xm/ToggleB.h>
+#include <X11/Shell.h>
 #include <X11/keysym.h>
 
 #include <functional>
@@ -230,6 +230,46 @@ TEST_P(ColorPickerDialog, CancelLeavesTheColour)
     EXPECT_EQ(script.next, script.steps.size());
     EXPECT_EQ(color.red, 0xFFFF);
     EXPECT_EQ(color.green, 0);
+}
+
+// The widget-level picker in an application's own window, on a palette of
+// its own colormap: the program sets colour and units, a grid click reports.
+TEST(ColorPickerWidget, InAnOwnWindowOnAWritablePalette)
+{
+    Widget pseudo = xwktest::PseudoColorShell();
+    XwkPalette *palette = XwkPaletteCreate(pseudo);
+    Widget shell = XtVaCreatePopupShell("pickerShell", topLevelShellWidgetClass, pseudo,
+                                        XtNvisual, palette->visual, XtNdepth, palette->depth,
+                                        XtNcolormap, palette->colormap, NULL);
+    Widget picker = ColorPicker(shell, "ownPicker", palette, nullptr);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(picker));
+    xwktest::Settle();
+    EXPECT_EQ(ColorPickerGetUnits(shell), -1);
+    EXPECT_FALSE(ColorPickerGetColor(shell, nullptr));
+    XColor c = {};
+    c.red = 0x1200;
+    c.green = 0xFF00;
+    c.blue = 0x3400;
+    ColorPickerSetColor(picker, &c);
+    ColorPickerSetUnits(picker, XWK_COLOR_HEX);
+    ColorPickerSetUnits(picker, 7);
+    xwktest::Settle();
+    EXPECT_EQ(ColorPickerGetUnits(picker), XWK_COLOR_HEX);
+    EXPECT_EQ(FieldText(picker, "redField"), "12");
+    EXPECT_EQ(FieldText(picker, "greenField"), "FF");
+    EXPECT_RGB(picker, 0x12, 0xFF, 0x34);
+    // The grid shows the palette's cells: cell 1 is the screen's white.
+    xwktest::Click(Child(picker, "palette"), XWK_COLOR_CELL + 5, 5);
+    xwktest::Settle();
+    XColor white = palette->cells[WhitePixelOfScreen(XtScreen(pseudo))].color;
+    EXPECT_EQ(Shown(picker).r, white.red >> 8);
+    EXPECT_EQ(Shown(picker).b, white.blue >> 8);
+    XtDestroyWidget(shell);
+    xwktest::Settle();
+    Colormap map = palette->colormap;
+    XwkPaletteDelete(palette);
+    XFreeColormap(XtDisplay(pseudo), map);
 }
 
 INSTANTIATE_TEST_SUITE_P(Screens, ColorPickerDialog, ::testing::Values(0, 1),
