@@ -85,12 +85,15 @@ TEST_F(Model, ResetAndPrefixRules)
     EXPECT_EQ(Parse("-pedantic"), "-O2 -pedantic -std=c99");
     // A prefix followed by white space leaves the options alone too.
     EXPECT_EQ(Parse("-O -g"), "-O2 -g -std=c99 -O");
-    // One-character values stand for no option at all.
-    auto *std = (IDECfgListItem *)tool->divisions[0]->items[3];
-    XtFree(std->options[1]->value);
-    std->options[1]->value = S("x");
-    EXPECT_TRUE(IDECfgStringToDivision("-Wall x", tool->divisions[0]));
-    EXPECT_TRUE(((IDECfgListItem *)tool->divisions[0]->items[1])->options[0]->state);
+    // One-character values stand for no option at all: never found, never
+    // reset.
+    auto *warnings = (IDECfgListItem *)tool->divisions[0]->items[1];
+    XtFree(warnings->options[2]->value);
+    warnings->options[2]->value = S("x");
+    warnings->options[2]->state = True;
+    EXPECT_TRUE(IDECfgStringToTool("x -Wall", tool));
+    EXPECT_TRUE(warnings->options[2]->state);
+    EXPECT_STREQ(tool->extra_options, "x");
 }
 
 TEST_F(Model, EditFieldsQuoteSplitAndAssign)
