@@ -10,5 +10,6 @@ Widget demo_page_companions(Widget parent);
 Widget demo_page_treelist(Widget parent);
 Widget demo_page_dialogs(Widget parent);
 Widget demo_page_process(Widget parent);
+Widget demo_page_toolcfg(Widget parent);
 
 #endif

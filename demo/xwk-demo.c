@@ -37,6 +37,7 @@ static const struct {
     {"Dialogs", demo_page_dialogs},
     {"Tree list", demo_page_treelist},
     {"Processes", demo_page_process},
+    {"Tool options", demo_page_toolcfg},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 

@@ -129,8 +129,10 @@ void SetScrolledListExt(XwkDeskRec *desk, float x_cm, float y_cm, const char *ti
     width = (Dimension)(width + spacing);
     Dimension t = 0;
     XtVaGetValues(frame, XmNshadowThickness, &t, NULL);
+    // The frame has no height of its own yet: widening it alone would leave
+    // it 0 high, and the form would squash the list to the frame's shadow.
     if (width < tw)
-        XtVaSetValues(frame, XtNwidth, tw, NULL);
+        XtVaSetValues(frame, XtNwidth, tw, XtNheight, (Dimension)(height + 2 * t), NULL);
     item->width = (unsigned short)std::max<int>(tw, width + 2 * t);
     item->height = (unsigned short)(height + 2 * t + th);
     raise_extent(item, x, y);

@@ -3,12 +3,9 @@
  * \brief Includes every public header of the Xwk GUI Library: its whole
  * public interface in one include.
  *
- * It includes Xwk/Frame.h, Xwk/Lists.h, Xwk/Strings.h,
- * Xwk/Ini.h, Xwk/Desk.h, Xwk/Text.h, Xwk/Graphics.h, Xwk/ComboBox.h,
- * Xwk/PanedW.h, Xwk/Dialogs.h, Xwk/PrjTree.h, Xwk/Help.h and
- * Xwk/Process.h.  The private records of
- * the widgets (Xwk/ComboBoxP.h, Xwk/PanedWP.h, Xwk/PrjTreeP.h) are for
- * subclasses and are included on their own.
+ * It includes the public header of every subsystem and widget listed
+ * below.  The private records of the widgets (the headers ending in P.h,
+ * such as Xwk/PrjTreeP.h) are for subclasses and are included on their own.
  *
  * Link with `pkg-config --cflags --libs xwk`.  Every function is a plain C
  * function; widgets follow Motif's conventions (Xwk/PrjTree.h and friends).
@@ -29,5 +26,7 @@
 #include <Xwk/PrjTree.h>
 #include <Xwk/Help.h>
 #include <Xwk/Process.h>
+#include <Xwk/ToolCfg.h>
+#include <Xwk/ColorPicker.h>
 
 #endif

@@ -271,6 +271,8 @@ TEST(Controls, ScrolledListsSelectAndScroll)
     EXPECT_EQ(titled->width, tl->core.width);
     EXPECT_EQ(titled->widget->core.width, tl->core.width);
     open(desk);
+    EXPECT_EQ(titled->widget->core.height, titled->height - tl->core.height)
+        << "a widened frame keeps the list's height";
 
     int pos = 0;
     GetScrolledList(list, &pos);

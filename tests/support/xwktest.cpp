@@ -185,13 +185,25 @@ void RootPosition(Widget w, int *x, int *y)
 {
     Window child;
     Display *dpy = XtDisplay(w);
-    XTranslateCoordinates(dpy, XtWindow(w), DefaultRootWindow(dpy), 0, 0, x, y, &child);
+    XTranslateCoordinates(dpy, XtWindow(w), RootWindowOfScreen(XtScreen(w)), 0, 0, x, y, &child);
+}
+
+// XTest moves the pointer within its present screen only: a warp takes it
+// to another screen first.
+static void PointerTo(Display *dpy, Screen *screen, int root_x, int root_y)
+{
+    Window root, child;
+    int x, y, wx, wy;
+    unsigned mask;
+    if (!XQueryPointer(dpy, RootWindowOfScreen(screen), &root, &child, &x, &y, &wx, &wy, &mask))
+        XWarpPointer(dpy, None, RootWindowOfScreen(screen), 0, 0, 0, 0, root_x, root_y);
+    XTestFakeMotionEvent(dpy, XScreenNumberOfScreen(screen), root_x, root_y, CurrentTime);
+    XSync(dpy, False);
 }
 
 void MovePointer(Display *dpy, int root_x, int root_y)
 {
-    XTestFakeMotionEvent(dpy, 0, root_x, root_y, CurrentTime);
-    XSync(dpy, False);
+    PointerTo(dpy, ScreenOfDisplay(dpy, 0), root_x, root_y);
 }
 
 void Click(Widget w, int x, int y, unsigned button)
@@ -199,7 +211,7 @@ void Click(Widget w, int x, int y, unsigned button)
     Display *dpy = XtDisplay(w);
     int rx, ry;
     RootPosition(w, &rx, &ry);
-    MovePointer(dpy, rx + x, ry + y);
+    PointerTo(dpy, XtScreen(w), rx + x, ry + y);
     XTestFakeButtonEvent(dpy, button, True, CurrentTime);
     XTestFakeButtonEvent(dpy, button, False, CurrentTime);
     XSync(dpy, False);
