@@ -56,6 +56,11 @@ const char *CachedName(XwkList **cache, unsigned int id, bool user)
     return pair->name;
 }
 
+bool IsDotDot(const char *name)
+{
+    return name[0] == '.' && name[1] == '.' && name[2] == '\0';
+}
+
 void TwoDigits(int value, char *out)
 {
     out[0] = char('0' + value / 10 % 10);
@@ -63,15 +68,15 @@ void TwoDigits(int value, char *out)
 }
 
 // Directories first, ".." first among them; 2 when neither rule decides.
+// is_dir is the directory bit of the item's stat record, read without
+// touching the record.
 int CompareKinds(const FsdFileItem *a, const FsdFileItem *b)
 {
-    bool da = S_ISDIR(a->stat->st_mode);
-    bool db = S_ISDIR(b->stat->st_mode);
-    if (da != db)
-        return da ? -1 : 1;
-    if (da) {
-        bool ua = std::strcmp(a->name, "..") == 0;
-        bool ub = std::strcmp(b->name, "..") == 0;
+    if (a->is_dir != b->is_dir)
+        return a->is_dir ? -1 : 1;
+    if (a->is_dir) {
+        bool ua = IsDotDot(a->name);
+        bool ub = IsDotDot(b->name);
         if (ua != ub)
             return ua ? -1 : 1;
     }
@@ -240,13 +245,15 @@ int FsdCompareListItems(const FsdFileItem *a, const FsdFileItem *b, int column, 
     int kinds = CompareKinds(a, b);
     if (kinds != 2)
         return kinds;
-    const struct stat *sa = a->entry->stat;
-    const struct stat *sb = b->entry->stat;
     int result = 0;
-    if (column == 4)
-        result = (sa->st_size > sb->st_size) - (sa->st_size < sb->st_size);
-    else if (column == 5)
-        result = (sa->st_mtime > sb->st_mtime) - (sa->st_mtime < sb->st_mtime);
+    if (column == 4 || column == 5) {
+        const struct stat *sa = a->entry->stat;
+        const struct stat *sb = b->entry->stat;
+        if (column == 4)
+            result = (sa->st_size > sb->st_size) - (sa->st_size < sb->st_size);
+        else
+            result = (sa->st_mtime > sb->st_mtime) - (sa->st_mtime < sb->st_mtime);
+    }
     if (result != 0)
         return direction == 1 ? -result : result;
     return fallback ? fallback(a, b, closure) : 0;
