@@ -91,6 +91,21 @@ const char *ParseGroupPatterns(FsdPattern *row, const char *p)
     return *p == '|' ? p + 1 : p;
 }
 
+// Reads the groups of a text as new rows.
+void ParseGroups(std::vector<FsdPattern *> *rows, const char *p)
+{
+    while (*p) {
+        size_t length = std::strcspn(p, "|");
+        std::string name(p, length);
+        rows->push_back(NewRow(smi18n_gettext(name.c_str())));
+        p += length;
+        if (*p == '|')
+            p = ParseGroupPatterns(rows->back(), p + 1);
+        else
+            rows->back()->text = XtNewString("");
+    }
+}
+
 } // namespace
 
 extern "C" char *XwkRemoveAllSpaces(char *text)
@@ -142,29 +157,19 @@ Boolean FsdSetPatternText(FsdPattern *row, const char *text, int *failures)
 int FsdBuildPatterns(const char *description, const char *pattern, FsdPattern ***table,
                      int *user_failures)
 {
-    // The last group always shows every file, unless the description has
-    // that group somewhere already.
-    std::string all = std::string("|") + smi18n_gettext("All files") + "|*";
-    std::string text;
-    if (!description || !*description)
-        text = all.substr(1);
-    else if (!std::strstr(description, all.c_str() + 1))
-        text = description + all;
-    else
-        text = description;
-
     std::vector<FsdPattern *> rows;
     rows.push_back(NewRow(smi18n_gettext("User Pattern")));
     FsdSetPatternText(rows[0], pattern, user_failures);
-    for (const char *p = text.c_str(); *p;) {
-        size_t length = std::strcspn(p, "|");
-        std::string name(p, length);
-        rows.push_back(NewRow(smi18n_gettext(name.c_str())));
-        p += length;
-        if (*p == '|')
-            p = ParseGroupPatterns(rows.back(), p + 1);
-        else
-            rows.back()->text = XtNewString("");
+    // The last group always shows every file, unless the description has
+    // that group somewhere already.  It is read on its own, so that a
+    // description ending in a bare name or a "|" still gets it whole.
+    std::string all = std::string(smi18n_gettext("All files")) + "|*";
+    if (description && *description) {
+        ParseGroups(&rows, description);
+        if (!std::strstr(description, all.c_str()))
+            ParseGroups(&rows, all.c_str());
+    } else {
+        ParseGroups(&rows, all.c_str());
     }
     FsdPattern **result =
         reinterpret_cast<FsdPattern **>(XtMalloc(Cardinal(rows.size() * sizeof(FsdPattern *))));

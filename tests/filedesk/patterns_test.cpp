@@ -44,6 +44,9 @@ TEST(Patterns, GroupsOfTheDescription)
         // An empty group, and a trailing ";" that adds nothing.
         {"Empty||Text|*.txt;", {"Empty", "Text", "All files"}, {"", "*.txt", "*"}},
         {"Odd|;;x", {"Odd", "All files"}, {"; ; x", "*"}},
+        // Ill-formed ends do not swallow the group that shows everything.
+        {"C|*.c|Bare", {"C", "Bare", "All files"}, {"*.c", "", "*"}},
+        {"C|*.c|", {"C", "All files"}, {"*.c", "*"}},
     };
     for (const Case &c : cases) {
         Table t(c.description, "");
