@@ -169,10 +169,12 @@ void FsdGroupDigits(long value, char *out)
 
 void FsdFormatDate(time_t time, char *out)
 {
-    // Files written together share their second: one conversion serves them.
+    // Files written together share their second: one conversion serves
+    // them, as long as the time zone (set by tzset) stays the same.
     static time_t last_time;
+    static long last_zone;
     static char last_text[32];
-    if (last_text[0] && time == last_time) {
+    if (last_text[0] && time == last_time && last_zone == timezone) {
         std::memcpy(out, last_text, sizeof last_text);
         return;
     }
@@ -199,6 +201,7 @@ void FsdFormatDate(time_t time, char *out)
         out[0] = '\0';
     }
     last_time = time;
+    last_zone = timezone;
     std::memcpy(last_text, out, sizeof last_text);
 }
 

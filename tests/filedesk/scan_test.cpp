@@ -317,7 +317,13 @@ TEST_F(Scan, DetailTextOfAnEntry)
     FsdFreeNameCache(&users);
     FsdFreeNameCache(&groups);
     FsdFreeDirNode(node);
+    char date[32];
+    setenv("TZ", "EST5", 1);
+    tzset();
+    FsdFormatDate(1041480306, date);
+    EXPECT_STREQ(date, "01/01/2003 23:05:06");
     unsetenv("TZ");
+    tzset();
 }
 
 int ByName(const FsdFileItem *a, const FsdFileItem *b, void *)
