@@ -41,6 +41,14 @@ bool ReadLink(const char *name, char *buffer)
     return true;
 }
 
+// Leaves a directory that was read for its "..".  When the directory
+// vanished meanwhile, ".." may be gone too: the process stays where it is.
+void StepOut()
+{
+    if (chdir("..") != 0)
+        return;
+}
+
 } // namespace
 
 // ---- The store ------------------------------------------------------------
@@ -238,9 +246,7 @@ int FsdReadDirectory(const char *path, FsdFilterProc filter, const FsdPattern *r
             store->Append(entry);
     }
     closedir(dir);
-    if (chdir("..") != 0) {
-        // The directory vanished under the read: nowhere better to be.
-    }
+    StepOut();
     store->ShrinkTable();
     if (compare && store->Count() > 1)
         std::qsort(store->Table(), size_t(store->Count()), sizeof(FsdEntry *), compare);
@@ -361,9 +367,7 @@ Boolean FsdHasSubdirectory(const char *path)
         }
     }
     closedir(dir);
-    if (chdir("..") != 0) {
-        // As in FsdReadDirectory.
-    }
+    StepOut();
     return found;
 }
 
