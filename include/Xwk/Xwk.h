@@ -28,5 +28,6 @@
 #include <Xwk/Process.h>
 #include <Xwk/ToolCfg.h>
 #include <Xwk/ColorPicker.h>
+#include <Xwk/FileSD.h>
 
 #endif

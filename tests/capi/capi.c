@@ -36,6 +36,14 @@ int main(void)
     check(XwkReadIni("/nonexistent/xwk.ini", "s", &keys, &values, &count) == 0 && count == 0,
           "ini on a missing file");
     check(strcmp(smi18n_gettext("text"), "text") == 0, "catalogue");
+    {
+        struct stat st;
+        char mode[11];
+        memset(&st, 0, sizeof st);
+        st.st_mode = S_IFDIR | 0755;
+        check(strcmp(XmFileSelectionDeskConvertStatToString(&st, mode), "drwxr-xr-x") == 0,
+              "file desk mode text");
+    }
     l_destroy(list);
     t_destroy(tree);
     XwkFreeHashTable(table);
