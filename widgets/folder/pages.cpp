@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 namespace xwk::folder {
 
@@ -191,8 +193,14 @@ bool DeletePage(Widget w, int id, bool notify, XEvent *event)
     XmFolderPart &p = Part(w);
     if (IndexOfId(w, id) < 0)
         return false;
-    if (notify)
+    // A page deleted again from its own deletion callback goes at once.
+    static std::vector<std::pair<Widget, int>> announcing;
+    std::pair<Widget, int> key{w, id};
+    if (notify && std::find(announcing.begin(), announcing.end(), key) == announcing.end()) {
+        announcing.push_back(key);
         Notify(w, XmCR_FOLDER_DELETE_PAGE, event, ActiveId(w), id);
+        announcing.erase(std::find(announcing.begin(), announcing.end(), key));
+    }
     int index = IndexOfId(w, id);
     if (index < 0)
         return true;  // the callback deleted it
