@@ -210,11 +210,13 @@ int main(int argc, char **argv)
     XmAddWMProtocolCallback(shell, delete_window, quit, NULL);
     XtRealizeWidget(shell);
 
-    if (headless) {
-        int rc = take_screenshots(shell, screenshot);
+    int rc = 0;
+    if (headless)
+        rc = take_screenshots(shell, screenshot);
+    else
+        XwkAppMainLoop(app);
+    XwkIconFreeIconsList();
+    if (headless)
         xwk_xvfb_stop(&server);
-        return rc;
-    }
-    XwkAppMainLoop(app);
-    return 0;
+    return rc;
 }

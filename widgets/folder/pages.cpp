@@ -150,10 +150,11 @@ void SetLabel(Widget w, int index, XmString label, bool free_old)
 {
     XmFolderPart &p = Part(w);
     XmFolderPage &page = p.pages[index];
+    // Deleted and added again: XmList loses memory when it replaces items.
     if (p.folderList) {
-        if (page.label && label)
-            XwkComboBoxReplaceItem(p.folderList, page.label, label);
-        else if (label)
+        if (page.label)
+            XwkComboBoxDeletePos(p.folderList, index + 1, False);
+        if (label)
             XwkComboBoxAddItem(p.folderList, label, index + 1, False);
     }
     if (free_old && page.label)
