@@ -284,11 +284,11 @@ TEST(Folder, ArrowsScrollTheTabsAndWithShiftChangeThePage)
 
     // Held: a step at 250 ms and every 100 ms after; the release adds none.
     f.Press(x, y);
-    xwktest::Pump(520);
+    xwktest::Pump(650);
     int held = p.topTab;
     f.Release(x, y);
     EXPECT_GE(held, 1 + 2);
-    EXPECT_LE(held, 1 + 5);
+    EXPECT_LE(held, 1 + 6);
     EXPECT_EQ(p.topTab, held);
     EXPECT_EQ(f.active(), 2);
 }
