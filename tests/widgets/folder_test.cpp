@@ -293,6 +293,30 @@ TEST(Folder, ArrowsScrollTheTabsAndWithShiftChangeThePage)
     EXPECT_EQ(f.active(), 2);
 }
 
+TEST(Folder, ResizeKeepsTheRowFullUpToTheLastTab)
+{
+    Folder f(30, false, 300);
+    XmFolderPart &p = f.part();
+    XmFolderSetActivePage(f.folder, f.id(30), False);
+    xwktest::Settle();
+    ASSERT_TRUE(p.leftArrowShown);
+    EXPECT_FALSE(p.rightArrowShown);
+    int top = p.topTab;
+    XtVaSetValues(f.shell, XmNwidth, 600, NULL);
+    xwktest::Settle();
+    EXPECT_LT(p.topTab, top);
+    EXPECT_EQ(p.topTab + p.visibleTabCount - 1, 30);
+
+    // Without tabs the page fills the frame from the top margin.
+    Widget child = XtVaCreateManagedWidget("content", xmDrawingAreaWidgetClass, f.folder, NULL);
+    XtVaSetValues(f.folder, XmNuseTabs, False, NULL);
+    XmFolderConfigureChild(child, True);
+    xwktest::Settle();
+    EXPECT_EQ(child->core.y, 2 + p.marginHeight);
+    EXPECT_EQ(child->core.height, f.folder->core.height - 2 * (2 + p.marginHeight));
+    EXPECT_EQ(XmFolderGetActivePageWidget(f.folder), child);
+}
+
 TEST(Folder, ThePopupListChoosesAPage)
 {
     Arg a;
