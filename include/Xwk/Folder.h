@@ -366,7 +366,7 @@ Dimension XmFolderGetTabsHeight(Widget w);
  *
  * \param w     The folder.
  * \param id    The page's id.
- * \param label The label; copied.
+ * \param label The label; copied.  NULL gives an empty label.
  * \return True when the page exists.
  */
 Boolean XmFolderSetPageLabel(Widget w, int id, XmString label);

@@ -7,8 +7,7 @@
  * Xwk/Ini.h, Xwk/Desk.h, Xwk/Text.h, Xwk/Graphics.h, Xwk/ComboBox.h,
  * Xwk/PanedW.h, Xwk/Dialogs.h, Xwk/PrjTree.h and Xwk/Folder.h.  The private
  * records of the widgets (Xwk/ComboBoxP.h, Xwk/PanedWP.h, Xwk/PrjTreeP.h,
- * Xwk/FolderP.h) are for
- * subclasses and are included on their own.
+ * Xwk/FolderP.h) are for subclasses and are included on their own.
  *
  * Link with `pkg-config --cflags --libs xwk`.  Every function is a plain C
  * function; widgets follow Motif's conventions (Xwk/PrjTree.h and friends).

@@ -360,12 +360,13 @@ Boolean XmFolderSetPageLabel(Widget w, int id, XmString label)
     if (index < 0)
         return False;
     XmFolderPage &page = Part(w).pages[index];
-    XmString copy = label ? XmStringCopy(label) : nullptr;
+    // Every page has a label, so that the popup list keeps one entry a page.
+    XmString copy = label ? XmStringCopy(label) : XmStringCreate((char *)"", (char *)XmFONTLIST_DEFAULT_TAG);
     if (LabelOwnedByChild(page)) {
         // The child keeps the label it shows.
         XmFolderConstraintPart &c = Con(page.widget);
         XmString old = c.folderLabelString;
-        if (page.label && copy && XmStringCompare(page.label, copy))
+        if (page.label && XmStringCompare(page.label, copy))
             page.label = copy;
         else
             SetLabel(w, index, copy, false);
@@ -373,7 +374,7 @@ Boolean XmFolderSetPageLabel(Widget w, int id, XmString label)
         XmStringFree(old);
         return True;
     }
-    if (page.label && copy && XmStringCompare(page.label, copy)) {
+    if (page.label && XmStringCompare(page.label, copy)) {
         XmStringFree(page.label);
         page.label = copy;
         return True;
