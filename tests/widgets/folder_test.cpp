@@ -563,6 +563,21 @@ TEST(Folder, FiveHundredPagesAndAZeroSizedFolder)
     xwktest::PressKey(XtDisplay(f.folder), XK_Next, ControlMask);
     xwktest::Settle();
     EXPECT_EQ(XmFolderGetNumPages(f.folder), 251);
+
+    // Made with no size at all: realized, it takes pages.
+    Widget zero = XtVaCreateWidget("zero", xmFolderWidgetClass, f.folder, XmNwidth, 0, XmNheight, 0,
+                                   XmNuseMenu, True, NULL);
+    XtRealizeWidget(zero);
+    EXPECT_TRUE(XtIsRealized(zero));
+    XmFolderAddPage(zero, (char *)"One", nullptr);
+    XmFolderAddPage(zero, (char *)"Two", nullptr);
+    EXPECT_TRUE(XmFolderSetActivePage(zero, 2, True));
+    XtWidgetGeometry reply = {};
+    XtQueryGeometry(zero, nullptr, &reply);
+    EXPECT_GE(reply.width, 1);
+    EXPECT_TRUE(XmFolderDeletePage(zero, 2));
+    XtDestroyWidget(zero);
+    xwktest::Settle();
 }
 
 }  // namespace
