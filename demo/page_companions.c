@@ -1,5 +1,5 @@
-/* Companion widgets: combo boxes of the four kinds and a paned window whose
- * orientation a button switches. */
+/* Companion widgets: combo boxes of the three kinds offered and a paned
+ * window whose orientation a button switches. */
 #include <Xwk/Xwk.h>
 #include <Xm/Form.h>
 #include <Xm/Label.h>
@@ -65,8 +65,6 @@ Widget demo_page_companions(Widget parent)
     make_combo(column, "dropDownList", XwkDROP_DOWN_LIST);
     labelled(column, "drop_down_combo_box");
     make_combo(column, "dropDownComboBox", XwkDROP_DOWN_COMBO_BOX);
-    labelled(column, "combo_box (shown as a drop-down list)");
-    make_combo(column, "comboBox", XwkCOMBO_BOX);
     labelled(column, "popup_list");
     Widget menu_button = XtVaCreateManagedWidget("Show popup list", xmPushButtonWidgetClass, column, NULL);
     Widget popup = make_combo(column, "popupList", XwkPOPUP_LIST);

@@ -82,8 +82,6 @@ static void open_controls_desk(void)
     if (!desk)
         return;
     controls.desk = desk;
-    /* A place beside the other pages of the gallery; a window manager may move it. */
-    XtVaSetValues(XtParent(desk->form), XtNx, 900, XtNy, 300, NULL);
     SetLabel(desk, 0.5f, 0.3f, "Every control stands at a position in centimetres.", NULL);
     SetEditField(desk, 0.5f, 1.0f, "Name", 2.5f, name_value, XWK_FIELD_STRING, 40, 20,
                  &controls.name);
@@ -156,7 +154,7 @@ Widget demo_page_dialogs(Widget parent)
     Widget form = XtVaCreateManagedWidget("dialogsPage", xmFormWidgetClass, parent, NULL);
     XmString s = XmStringCreateLtoR(
         (char *)"Message boxes of each kind, the markup of their texts and the prompts.\n"
-                "The desk beside this page is built from the desk controls.",
+                "Controls desk opens a desk built from every kind of desk control.",
         XmFONTLIST_DEFAULT_TAG);
     Widget intro = XtVaCreateManagedWidget(
         "intro", xmLabelWidgetClass, form, XmNlabelString, s, XmNalignment, XmALIGNMENT_BEGINNING,
@@ -181,6 +179,5 @@ Widget demo_page_dialogs(Widget parent)
         XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, XmNbottomOffset, XwkHeight(0.3f),
         NULL);
     XwkCreateCompoundLabels(sample, markup_text);
-    open_controls_desk();
     return form;
 }

@@ -26,7 +26,8 @@ Widget demo_page_frame(Widget parent)
     add_label(form, "Controls are placed in centimetres: this label stands at 0.5 cm, 0.5 cm.",
               0.5f, 0.5f, True);
     add_label(form, "An insensitive label is drawn etched.", 0.5f, 1.3f, False);
-    add_label(form, "The buttons below are the desk's action area; the last one is Help.",
+    add_label(form, "A desk's action area of buttons stands below its work area; the last one is Help.\n"
+                    "The Controls desk of the Dialogs page is a desk built from every control.",
               0.5f, 2.1f, True);
     return form;
 }

@@ -1,4 +1,5 @@
-/* Pages of the gallery: each builds its content under parent and returns it. */
+/* Pages of the gallery: each builds its content under parent, the gallery's
+ * folder, as one child, and returns it; the child becomes the page. */
 #ifndef XWK_DEMO_PAGES_H
 #define XWK_DEMO_PAGES_H
 
@@ -11,5 +12,6 @@ Widget demo_page_treelist(Widget parent);
 Widget demo_page_dialogs(Widget parent);
 Widget demo_page_process(Widget parent);
 Widget demo_page_toolcfg(Widget parent);
+Widget demo_page_folder(Widget parent);
 
 #endif

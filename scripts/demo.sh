@@ -1,6 +1,7 @@
 #!/bin/sh
-# Builds and runs the demo.  Without DISPLAY it runs on its own Xvfb and
-# writes a screenshot, whose path it prints.
+# Builds and runs the demo.  Without DISPLAY it runs on its own Xvfb, shows
+# each page of its folder in turn and writes one screenshot per page
+# (build/xwk-demo-<page>.png), printing their paths.
 set -eu
 cd "$(dirname "$0")/.."
 dir=$(sh scripts/build.sh)

@@ -29,5 +29,6 @@
 #include <Xwk/ToolCfg.h>
 #include <Xwk/ColorPicker.h>
 #include <Xwk/FileSD.h>
+#include <Xwk/Folder.h>
 
 #endif
