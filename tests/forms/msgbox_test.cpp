@@ -98,11 +98,15 @@ TEST_F(MessageBox, IconsOnTheSecondScreen)
         boxdriver::when_up(&step, [&] {
             Widget icon = xwktest::FindWidgetOfClass(xwkConditWidget, xmDrawnButtonWidgetClass);
             screen = XtScreen(icon);
-            xwktest::Capture shot(icon);
-            // Any pixel other than the background: the picture is there.
-            unsigned long background = shot.Pixel(0, 0);
-            drawn = shot.Count(background, 0, 0, shot.width(), shot.height()) <
-                    shot.width() * shot.height();
+            // Any pixel other than the background: the picture is there (it
+            // comes with the icon's first expose).
+            xwktest::PumpUntil([&] {
+                xwktest::Capture shot(icon);
+                unsigned long background = shot.Pixel(0, 0);
+                drawn = shot.Count(background, 0, 0, shot.width(), shot.height()) <
+                        shot.width() * shot.height();
+                return drawn;
+            });
             // The test pointer moves on the first screen only.
             xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
         });
@@ -123,8 +127,11 @@ TEST_F(MessageBox, OwnIconReplacesTheKinds)
     boxdriver::when_up(&step, [&] {
         Widget icon = xwktest::FindWidgetOfClass(xwkConditWidget, xmDrawnButtonWidgetClass);
         width = icon->core.width;
-        xwktest::Capture shot(icon);
-        painted = shot.Count(0x00FF00, 0, 0, shot.width(), shot.height());
+        xwktest::PumpUntil([&] {
+            xwktest::Capture shot(icon);
+            painted = shot.Count(0x00FF00, 0, 0, shot.width(), shot.height());
+            return painted == 64;
+        });
         click(1);
     });
     condit(nullptr, "Own icon", 1, "Any kind", nullptr, 0, 1, 2);

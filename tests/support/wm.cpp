@@ -192,7 +192,7 @@ void CloseByWindowMenu(Widget shell)
             if (!before.count(w))
                 menu = w;
         return menu != None;
-    }, 3000);
+    }, 10000);
     if (menu != None) {
         Rect r = RootRect(dpy, menu);
         MovePointer(dpy, r.x + r.w / 2, r.y + r.h / 2);
@@ -302,6 +302,20 @@ bool WaitManaged(Widget shell, int timeout_ms)
 
 void CloseFromFrame(Widget shell)
 {
+    // Callers often act as soon as the client window is viewable; on a busy
+    // machine the manager may not have framed it, or drawn the frame's
+    // buttons, yet, and a click then meets nothing and the modal wait that
+    // expects the close never ends.
+    Display *dpy = XtDisplay(shell);
+    WaitFor(dpy, [shell] { return FrameOf(shell) != XtWindow(shell); }, 10000);
+    if (manager_name != "mwm")
+        WaitFor(dpy, [dpy, shell] {
+            Window frame = FrameOf(shell);
+            std::vector<Rect> buttons;
+            CollectButtons(dpy, frame, RootRect(dpy, frame).y, RootRect(dpy, XtWindow(shell)).y,
+                           &buttons);
+            return !buttons.empty();
+        }, 10000);
     if (manager_name == "mwm")
         CloseByWindowMenu(shell);
     else
