@@ -9,10 +9,12 @@
 Widget xwk_message_label(Widget w);
 
 // Runs proc(call_widget, closure, copy of the call data) from a timer of
-// zero length, with the server grabbed until then.  after(entry) runs when
-// the entry outlived the call.  click_count is the third word of the call
-// data (a toggle's new state).
+// zero length, with the server grabbed until then.  click_count is the
+// third word of the call data (a toggle's new state).  Then after(entry,
+// label) runs, each null when the call destroyed it: label is the message
+// label whose short help the activation turned off.
 void xwk_call_later(Widget entry, Widget call_widget, XtCallbackProc proc, XtPointer closure,
-                    const XmAnyCallbackStruct *call, int click_count, void (*after)(Widget entry));
+                    const XmAnyCallbackStruct *call, int click_count, Widget label,
+                    void (*after)(Widget entry, Widget label));
 
 #endif

@@ -9,6 +9,7 @@ namespace {
 struct Pending {
     Display *display;
     Widget entry;  // null once the entry is destroyed
+    Widget label;  // message label of the entry's window; null once destroyed
     Widget call_widget;
     XtCallbackProc proc;
     XtPointer closure;
@@ -16,7 +17,7 @@ struct Pending {
     bool has_event;
     XEvent event;  // the activating event, copied: Motif's is gone by then
     int click_count;
-    void (*after)(Widget entry);
+    void (*after)(Widget entry, Widget label);
 };
 
 // Laid out as XmPushButtonCallbackStruct and XmToggleButtonCallbackStruct.
@@ -31,6 +32,16 @@ void entry_destroyed(Widget, XtPointer closure, XtPointer)
     ((Pending *)closure)->entry = nullptr;
 }
 
+void label_destroyed(Widget, XtPointer closure, XtPointer)
+{
+    ((Pending *)closure)->label = nullptr;
+}
+
+bool alive(Widget w)
+{
+    return w && !w->core.being_destroyed;
+}
+
 void run_pending(XtPointer closure, XtIntervalId *)
 {
     Pending *p = (Pending *)closure;
@@ -40,26 +51,30 @@ void run_pending(XtPointer closure, XtIntervalId *)
         CallData data = {p->reason, p->has_event ? &p->event : nullptr, p->click_count};
         p->proc(p->call_widget ? p->call_widget : p->entry, p->closure, &data);
     }
-    if (p->entry) {
+    if (p->entry)
         XtRemoveCallback(p->entry, XtNdestroyCallback, entry_destroyed, p);
-        if (!p->entry->core.being_destroyed && p->after)
-            p->after(p->entry);
-    }
+    if (p->label)
+        XtRemoveCallback(p->label, XtNdestroyCallback, label_destroyed, p);
+    if (p->after)
+        p->after(alive(p->entry) ? p->entry : nullptr, alive(p->label) ? p->label : nullptr);
     delete p;
 }
 
 }  // namespace
 
 void xwk_call_later(Widget entry, Widget call_widget, XtCallbackProc proc, XtPointer closure,
-                    const XmAnyCallbackStruct *call, int click_count, void (*after)(Widget entry))
+                    const XmAnyCallbackStruct *call, int click_count, Widget label,
+                    void (*after)(Widget entry, Widget label))
 {
     Display *dpy = XtDisplayOfObject(entry);
     XGrabServer(dpy);
     XSync(dpy, False);
-    Pending *p = new Pending{dpy, entry, call_widget, proc, closure, call ? call->reason : 0,
+    Pending *p = new Pending{dpy, entry, label, call_widget, proc, closure, call ? call->reason : 0,
                              call && call->event, {}, click_count, after};
     if (p->has_event)
         p->event = *call->event;
     XtAddCallback(entry, XtNdestroyCallback, entry_destroyed, p);
+    if (label)
+        XtAddCallback(label, XtNdestroyCallback, label_destroyed, p);
     XtAppAddTimeOut(XtWidgetToApplicationContext(entry), 0, run_pending, p);
 }

@@ -77,6 +77,20 @@ void drop_saved_help(Display *dpy, XID key)
         XDeleteContext(dpy, key, saved_help_context);
 }
 
+// An entry destroyed while armed leaves its help on the label: the saved
+// text goes back, without the wait of XwkSetShortHelp, unless the whole
+// window goes.
+void put_back_saved_help(Widget w, Display *dpy, XID key)
+{
+    char *saved = find_saved_help(dpy, key);
+    Widget label = saved ? xwk_message_label(XwkGetWMShell(w)) : nullptr;
+    if (!label)
+        return;
+    XmString s = XmStringCreateLocalized(saved);
+    XtVaSetValues(label, XmNlabelString, s, NULL);
+    XmStringFree(s);
+}
+
 XmString translated(const char *text)
 {
     return XmStringCreateLocalized(smi18n_gettext(text));
@@ -119,8 +133,12 @@ int click_count_of(Widget w, XtPointer call_data)
     return 0;
 }
 
-void after_entry_call(Widget w)
+void after_entry_call(Widget w, Widget label)
 {
+    if (!w) {  // the callback destroyed the entry: short help goes on all the same
+        XwkSetShortHelpSensitive(label, True);
+        return;
+    }
     XwkSetShortHelpSensitive(w, True);
     XwkMenuButtonDisarmCallback(w, nullptr, nullptr);
 }
@@ -133,7 +151,8 @@ void entry_activated(Widget w, XtPointer closure, XtPointer call_data)
     rec->event = call ? call->event : nullptr;
     rec->click_count = click_count_of(w, call_data);
     XwkSetShortHelpSensitive(w, False);
-    xwk_call_later(w, nullptr, rec->callback, rec->closure, call, rec->click_count, after_entry_call);
+    xwk_call_later(w, nullptr, rec->callback, rec->closure, call, rec->click_count, xwk_message_label(w),
+                   after_entry_call);
 }
 
 }  // namespace
@@ -386,8 +405,10 @@ void XwkMenuButtonDestroyCallback(Widget w, XtPointer, XtPointer)
 {
     Display *dpy;
     XID key;
-    if (saved_help_context && saved_help_key(w, &dpy, &key))
+    if (saved_help_context && saved_help_key(w, &dpy, &key)) {
+        put_back_saved_help(w, dpy, key);
         drop_saved_help(dpy, key);
+    }
     XwkMenuButtonRec *rec = entry_record(w);
     if (!rec)
         return;

@@ -198,8 +198,12 @@ XtTranslations button_translations(Widget w)
 }
 
 // Runs once the application's callback has returned, on a live button.
-void after_button_call(Widget w)
+void after_button_call(Widget w, Widget label)
 {
+    if (!w) {
+        XwkSetShortHelpSensitive(label, True);
+        return;
+    }
     Widget target = help_target(w);
     XwkSetShortHelpSensitive(target, True);
     XwkHideTipLabel();
@@ -218,9 +222,10 @@ void button_pressed(Widget w, XtPointer closure, XtPointer call_data)
     b->reason = call ? call->reason : 0;
     b->event = call ? call->event : nullptr;
     b->click_count = call ? call->click_count : 0;
-    XwkSetShortHelpSensitive(help_target(w), False);
+    Widget target = help_target(w);
+    XwkSetShortHelpSensitive(target, False);
     xwk_call_later(w, b->callback_widget, b->callback, b->closure, (XmAnyCallbackStruct *)call,
-                   b->click_count, after_button_call);
+                   b->click_count, xwk_message_label(target), after_button_call);
 }
 
 void button_released(Widget w, XtPointer, XtPointer)
