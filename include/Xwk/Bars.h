@@ -1,6 +1,6 @@
 /**
  * \file
- * \ingroup bars
+ * \ingroup companions
  * \brief Tool bars, the tip label, short help, table-driven menus and the
  * message area.
  *
