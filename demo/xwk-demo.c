@@ -36,6 +36,7 @@ static const struct {
     {"Combo boxes and panes", demo_page_companions},
     {"Dialogs", demo_page_dialogs},
     {"Tree list", demo_page_treelist},
+    {"Tool bars and menus", demo_page_bars},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 
