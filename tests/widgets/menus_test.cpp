@@ -247,6 +247,8 @@ TEST(Menus, ChosenByMnemonicAndAccelerator)
         EXPECT_EQ(choices[0].click_count, c.click_count);
         EXPECT_TRUE(choices[0].menu_was_down);
         EXPECT_TRUE(choices[0].others_could_grab);
+        xwktest::Settle();
+        EXPECT_EQ(ShortHelp(win.area), "Ready");
     }
 }
 

@@ -143,6 +143,10 @@ void show_tip(XtPointer, XtIntervalId *id)
     ForceUpdate(xwkTipLabelWidget);
     if (!tip.shell)  // destroyed while the update waited
         return;
+    if (!tip.target) {
+        XtPopdown(tip.shell);
+        return;
+    }
     if (first) {
         XwkSetNoneCursor(tip.shell);
         XSelectInput(XtDisplay(tip.shell), XtWindow(tip.shell), kTipInputMask);
