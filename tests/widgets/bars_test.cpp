@@ -9,6 +9,7 @@
 #include <Xm/Separator.h>
 #include <X11/Shell.h>
 #include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
 
 #include <chrono>
 #include <string>
@@ -162,9 +163,14 @@ TEST(ToolBar, TipAndShortHelpFollowThePointerInBothStyles)
     }
 }
 
-TEST(ToolBar, ClickHidesTipAndCallsBackOnceTheButtonIsUp)
+TEST(ToolBar, KeyOrClickHidesTipAndTheClickCallsBackOnceTheButtonIsUp)
 {
     Bar bar(true);
+    bar.Enter(2);
+    ASSERT_TRUE(WaitTip(true));
+    xwktest::PressKey(XtDisplay(bar.shell), XK_Shift_L);
+    EXPECT_TRUE(WaitTip(false));
+    xwktest::MovePointer(XtDisplay(bar.shell), 1, 1);
     bar.Enter(2);
     ASSERT_TRUE(WaitTip(true));
     xwktest::ClickCenter(bar.button(2));
