@@ -273,7 +273,7 @@ void XwkToolBarFreeSavedShortHelp(void);
  * NULL. */
 typedef struct _XwkMenuItem {
     char *name;                 /**< Widget name and label text (through smi18n_gettext). */
-    WidgetClass *widget_class;  /**< Class of the entry: &xmPushButtonWidgetClass, &xmToggleButtonWidgetClass, &xmSeparatorWidgetClass, &xmCascadeButtonWidgetClass and the like. */
+    WidgetClass *widget_class;  /**< Class of the entry: &xmPushButtonWidgetClass, &xmToggleButtonWidgetClass, &xmSeparatorWidgetClass, &xmCascadeButtonWidgetClass and the like; NULL makes a push button. */
     char mnemonic;              /**< Mnemonic character; 0 for none. */
     char *accelerator;          /**< Accelerator translation ("Ctrl <Key>O", from XwkCreateAcc) or NULL. */
     char *accelerator_text;     /**< Text shown for the accelerator, or NULL. */
@@ -384,8 +384,9 @@ Widget XwkCreateMenu(Widget parent, XwkMenu *menu);
  * \param items         The entries, ended by a NULL name; NULL for none.
  * \return The row column for a menu bar, a pop-up or an untitled
  *         pull-down; else the cascade button or option menu.  NULL for an
- *         unknown kind.  The widgets are managed except the row column of
- *         a menu bar, which the caller manages.
+ *         unknown kind.  The row column of a menu bar is left unmanaged
+ *         for the caller; pull-down and pop-up panes show when Motif (or
+ *         the caller, for a pop-up) posts them.
  */
 Widget XwkCreateSubmenu(Widget parent, int kind, const char *title, char mnemonic,
                         int default_index, XwkMenuItem *items);
