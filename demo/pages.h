@@ -9,6 +9,7 @@ Widget demo_page_colours(Widget parent);
 Widget demo_page_companions(Widget parent);
 Widget demo_page_treelist(Widget parent);
 Widget demo_page_dialogs(Widget parent);
+Widget demo_page_process(Widget parent);
 Widget demo_page_bars(Widget parent);
 
 #endif

@@ -36,6 +36,7 @@ static const struct {
     {"Combo boxes and panes", demo_page_companions},
     {"Dialogs", demo_page_dialogs},
     {"Tree list", demo_page_treelist},
+    {"Processes", demo_page_process},
     {"Tool bars and menus", demo_page_bars},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
@@ -151,6 +152,8 @@ int main(int argc, char **argv)
         headless = 1;
     }
 
+    /* Help buttons open the help server built beside the gallery. */
+    setenv("C_SMELD", XWK_DEMO_HELP_DIR, 0);
     xargc = 1;
     xargv = argv;
     xwkFallbackResources = fallback_resources;

@@ -1,5 +1,6 @@
 // Help data hung on widgets: a file, a page and an anchor per widget window.
 #include <Xwk/Frame.h>
+#include <Xwk/Help.h>
 #include <Xwk/Strings.h>
 
 #include <X11/IntrinsicP.h>
@@ -110,8 +111,8 @@ Boolean XwkGetHelpData(Widget w, char **file, char **page, char **anchor)
     return found;
 }
 
-// The help server is not connected yet: asking for help does nothing.
 void XwkLoadHelp(Widget w)
 {
-    (void)w;
+    if (w && !w->core.being_destroyed)
+        XwkShowHelp(w);
 }

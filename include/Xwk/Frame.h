@@ -510,8 +510,8 @@ Boolean XwkGetHelpData(Widget w, char **file, char **page, char **anchor);
 /**
  * \brief Shows the help of a widget; the help callback of desks.
  *
- * In this build the help server is not connected and the call does
- * nothing.
+ * Calls XwkShowHelp (Xwk/Help.h) unless the widget is NULL or being
+ * destroyed.
  *
  * \param w The widget whose help data is shown.
  */

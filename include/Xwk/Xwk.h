@@ -5,7 +5,8 @@
  *
  * It includes Xwk/Frame.h, Xwk/Lists.h, Xwk/Strings.h,
  * Xwk/Ini.h, Xwk/Desk.h, Xwk/Text.h, Xwk/Graphics.h, Xwk/ComboBox.h,
- * Xwk/PanedW.h, Xwk/Dialogs.h, Xwk/PrjTree.h and Xwk/Bars.h.  The private records of
+ * Xwk/PanedW.h, Xwk/Dialogs.h, Xwk/PrjTree.h, Xwk/Help.h,
+ * Xwk/Process.h and Xwk/Bars.h.  The private records of
  * the widgets (Xwk/ComboBoxP.h, Xwk/PanedWP.h, Xwk/PrjTreeP.h) are for
  * subclasses and are included on their own.
  *
@@ -26,6 +27,8 @@
 #include <Xwk/PanedW.h>
 #include <Xwk/Dialogs.h>
 #include <Xwk/PrjTree.h>
+#include <Xwk/Help.h>
+#include <Xwk/Process.h>
 #include <Xwk/Bars.h>
 
 #endif

@@ -6,7 +6,14 @@
 
 #include <Xwk/Xwk.h>
 
+#include <Xm/Xm.h>
+#include <X11/StringDefs.h>
+
+#include <string.h>
+
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "xwktest.h"
 
@@ -68,6 +75,61 @@ inline Widget button(int n)
         return nullptr;
     };
     return find(box);
+}
+
+inline void collect(Widget w, const char *name, std::vector<Widget> *out)
+{
+    if (strcmp(XtName(w), name) == 0)
+        out->push_back(w);
+    if (!XtIsComposite(w))
+        return;
+    WidgetList children = nullptr;
+    Cardinal count = 0;
+    XtVaGetValues(w, XmNchildren, &children, XmNnumChildren, &count, NULL);
+    for (Cardinal i = 0; i < count; i++)
+        collect(children[i], name, out);
+}
+
+// Line breaks come back as "\n".
+inline std::string label_text(Widget label)
+{
+    static XmParseTable table;
+    if (!table) {
+        table = (XmParseTable)XtMalloc(sizeof(XmParseMapping));
+        XmString separator = XmStringSeparatorCreate();
+        Arg args[3];
+        XtSetArg(args[0], XmNincludeStatus, XmINSERT);
+        XtSetArg(args[1], XmNsubstitute, separator);
+        XtSetArg(args[2], XmNpattern, "\n");
+        table[0] = XmParseMappingCreate(args, 3);
+        XmStringFree(separator);
+    }
+    XmString s = nullptr;
+    XtVaGetValues(label, XmNlabelString, &s, NULL);
+    char *plain = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, table, 1,
+                                          XmOUTPUT_ALL);
+    std::string out = plain ? plain : "";
+    XtFree(plain);
+    XmStringFree(s);
+    return out;
+}
+
+// The text of the present box as its labels show it, one label a line.
+inline std::string box_text()
+{
+    std::vector<Widget> labels;
+    collect(xwkConditWidget, "xwkConditLabel", &labels);
+    std::string out;
+    for (Widget l : labels)
+        out += label_text(l) + "|";
+    return out;
+}
+
+inline std::string box_title()
+{
+    char *title = nullptr;
+    XtVaGetValues(XtParent(xwkConditWidget), XtNtitle, &title, NULL);
+    return title ? title : "";
 }
 
 }  // namespace boxdriver

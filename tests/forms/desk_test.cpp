@@ -11,9 +11,11 @@
 #include <X11/Shell.h>
 
 #include <poll.h>
+#include <stdlib.h>
 
 #include <string>
 
+#include "boxdriver.h"
 #include "xwktest.h"
 
 namespace {
@@ -99,13 +101,23 @@ TEST(Desk, ClickedButtonNumbers)
     EXPECT_EQ(poll_desk(desk), 1);
     xwktest::ClickCenter(desk->buttons[1]);
     EXPECT_EQ(poll_desk(desk), 2);
-    // The last button is help: it never yields a result.
+    // The last button is help: it never yields a result.  Without a help
+    // server installed, it says so.
     int helped = 0;
     XtAddCallback(desk->panes, XmNhelpCallback,
                   [](Widget, XtPointer c, XtPointer) { ++*(int *)c; }, &helped);
+    unsetenv("C_SMELD");
+    boxdriver::Step step;
+    std::string text;
+    boxdriver::when_up(&step, [&] {
+        text = boxdriver::box_text();
+        xwktest::ClickCenter(boxdriver::button(1));
+    });
     xwktest::ClickCenter(desk->buttons[2]);
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return step.done; }, 5000));
     EXPECT_EQ(poll_desk(desk, 30), 0);
     EXPECT_EQ(helped, 1);
+    EXPECT_EQ(text, "Help system is not available!|");
     CloseDesk(desk);
 }
 
