@@ -13,5 +13,6 @@ Widget demo_page_dialogs(Widget parent);
 Widget demo_page_process(Widget parent);
 Widget demo_page_toolcfg(Widget parent);
 Widget demo_page_folder(Widget parent);
+Widget demo_page_bars(Widget parent);
 
 #endif

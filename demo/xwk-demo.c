@@ -47,6 +47,7 @@ static const struct {
     {"Processes", demo_page_process},
     {"Tool options", demo_page_toolcfg},
     {"Folder", demo_page_folder},
+    {"Tool bars and menus", demo_page_bars},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 

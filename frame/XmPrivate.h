@@ -45,3 +45,11 @@ void _XmManagerLeave(Widget w, XEvent *event, String *params, Cardinal *num_para
 unsigned char _XmGetFocusPolicy(Widget w);
 
 }
+
+// --- tool bar ---
+extern "C" {
+
+void _XmHighlightBorder(Widget w);
+void _XmUnhighlightBorder(Widget w);
+
+}

@@ -450,8 +450,10 @@ void XwkLabelExposeClassProc(Widget label, XEvent *event, Region region);
  * \brief The short-help tip's look at every event before dispatch;
  * XwkAppProcessEvents calls it.
  *
- * It leaves the event as it is.  In this build there is no tip to hide and
- * the call does nothing.
+ * It leaves the event as it is.  A standing tip (XwkShowTipLabel,
+ * Xwk/Bars.h) goes on any key or button press or release and any leave,
+ * and on a circulate, configure, destroy, gravity, map or unmap event of
+ * any window but its own.
  *
  * \param event The event.
  */

@@ -30,5 +30,6 @@
 #include <Xwk/ColorPicker.h>
 #include <Xwk/FileSD.h>
 #include <Xwk/Folder.h>
+#include <Xwk/Bars.h>
 
 #endif

@@ -181,6 +181,21 @@ Widget FindWidgetOfClass(Widget root, WidgetClass wc)
     return Search(root, [wc](Widget w) { return XtClass(w) == wc; });
 }
 
+bool OthersCanGrab()
+{
+    Display *other = XOpenDisplay(DisplayName());
+    if (!other)
+        return false;
+    Window root = DefaultRootWindow(other);
+    int p = XGrabPointer(other, root, False, ButtonPressMask, GrabModeAsync, GrabModeAsync, None, None,
+                         CurrentTime);
+    int k = XGrabKeyboard(other, root, False, GrabModeAsync, GrabModeAsync, CurrentTime);
+    XUngrabPointer(other, CurrentTime);
+    XUngrabKeyboard(other, CurrentTime);
+    XCloseDisplay(other);
+    return p == GrabSuccess && k == GrabSuccess;
+}
+
 void RootPosition(Widget w, int *x, int *y)
 {
     Window child;

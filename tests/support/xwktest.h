@@ -48,6 +48,10 @@ void ClickCenter(Widget w, unsigned button = 1);
 void PressKey(Display *dpy, KeySym sym, unsigned modifiers_mask = 0);
 void TypeText(Display *dpy, const char *text);
 
+// A second client: can it take the pointer and the keyboard right now?
+// False while this client (or a menu of it) holds a grab or the server.
+bool OthersCanGrab();
+
 // Window manager's close: a WM_DELETE_WINDOW client message to the shell.
 void SendDeleteWindow(Widget shell);
 

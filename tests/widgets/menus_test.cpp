@@ -1,0 +1,279 @@
+// Table-driven menus and the message area, chosen by mouse, mnemonic and
+// accelerator with real input.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/CascadeB.h>
+#include <Xm/Form.h>
+#include <Xm/PushB.h>
+#include <Xm/RowColumn.h>
+#include <Xm/Separator.h>
+#include <Xm/ToggleB.h>
+#include <X11/Shell.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+struct Choice {
+    std::string name;
+    int reason, click_count;
+    bool had_event, menu_was_down, others_could_grab;
+};
+std::vector<Choice> choices;
+Widget pulldown_of_file;
+Widget destroy_in_callback;
+
+bool Viewable(Widget w)
+{
+    XWindowAttributes a;
+    return w && XtWindow(w) && XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) && a.map_state == IsViewable;
+}
+
+void OnChoose(Widget, XtPointer closure, XtPointer call_data)
+{
+    XmPushButtonCallbackStruct *call = (XmPushButtonCallbackStruct *)call_data;
+    choices.push_back({(const char *)closure, call->reason, call->click_count, call->event != nullptr,
+                       !Viewable(pulldown_of_file), xwktest::OthersCanGrab()});
+    if (destroy_in_callback)
+        XtDestroyWidget(destroy_in_callback);
+    destroy_in_callback = nullptr;
+}
+
+std::string ShortHelp(Widget w)
+{
+    char *text = XwkGetShortHelp(w);
+    std::string out = text ? text : "(none)";
+    XtFree(text);
+    return out;
+}
+
+void FreeItems(XwkMenuItem *items)
+{
+    for (XwkMenuItem *i = items; i->name; i++) {
+        XtFree(i->name);
+        XtFree(i->accelerator);
+        XtFree(i->accelerator_text);
+        XtFree(i->short_help);
+    }
+}
+
+// File (Open, Save insensitive, separator, Quit), Edit (a toggle and a
+// submenu), a plain Help cascade, in a window with a message area.
+struct Window {
+    XwkMenuItem file[5], more[2], edit[3], about[2], top[5];
+    Widget shell, form, bar, area;
+    Window()
+    {
+        WidgetClass *push = &xmPushButtonWidgetClass;
+        XwkPrepareMenuItem(&file[0], "&Open", "Open a file|Open", "Ctrl-o", push, OnChoose, (XtPointer) "open", nullptr, nullptr);
+        XwkPrepareMenuItem(&file[1], "*&Save", "Save the file", "Ctrl-s", push, OnChoose, (XtPointer) "save", nullptr, nullptr);
+        XwkPrepareMenuItem(&file[2], "-", nullptr, nullptr, push, OnChoose, nullptr, nullptr, nullptr);
+        XwkPrepareMenuItem(&file[3], "&Quit", "Leave", "Ctrl-q", push, OnChoose, (XtPointer) "quit", nullptr, nullptr);
+        XwkPrepareMenuItem(&file[4], nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+        XwkPrepareMenuItem(&more[0], "&Deep", "Deep down", nullptr, push, OnChoose, (XtPointer) "deep", nullptr, nullptr);
+        more[1] = {};
+        XwkPrepareMenuItem(&edit[0], "&Wrap", "Wrap lines", "Ctrl-w", &xmToggleButtonWidgetClass, OnChoose, (XtPointer) "wrap", nullptr, nullptr);
+        XwkPrepareMenuItem(&edit[1], "&More", nullptr, nullptr, &xmCascadeButtonWidgetClass, nullptr, nullptr, nullptr, more);
+        edit[2] = {};
+        WidgetClass *cascade = &xmCascadeButtonWidgetClass;
+        XwkPrepareMenuItem(&top[0], "&File", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, file);
+        XwkPrepareMenuItem(&top[1], "&Edit", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, edit);
+        XwkPrepareMenuItem(&about[0], "&About", nullptr, nullptr, push, nullptr, nullptr, nullptr, nullptr);
+        about[1] = {};
+        XwkPrepareMenuItem(&top[2], "&Help", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, about);
+        XwkPrepareMenuItem(&top[3], "&Plain", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, nullptr);
+        top[4] = {};
+
+        Widget app = xwktest::StartApp();
+        shell = XtVaCreatePopupShell("menus", topLevelShellWidgetClass, app, XtNx, 50, XtNy, 50, NULL);
+        form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, XmNwidth, 320, XmNheight, 160, NULL);
+        XwkMenu description = {XwkMENU_BAR, nullptr, 0, 0, 0, 0, top};
+        bar = XwkCreateMenu(form, &description);
+        XtVaSetValues(bar, XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
+                      XmNrightAttachment, XmATTACH_FORM, NULL);
+        XtManageChild(bar);
+        area = XwkCreateMessageArea(form);
+        XtVaSetValues(area, XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
+                      XmNrightAttachment, XmATTACH_FORM, NULL);
+        XtPopup(shell, XtGrabNone);
+        xwktest::WaitViewable(area);
+        XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
+        xwktest::Settle();
+        XtVaGetValues(top[0].widget, XmNsubMenuId, &pulldown_of_file, NULL);
+        choices.clear();
+    }
+    ~Window()
+    {
+        XtDestroyWidget(shell);
+        xwktest::Settle();
+        for (XwkMenuItem *items : {file, more, edit, about, top})
+            FreeItems(items);
+    }
+    bool WaitChoice() { return xwktest::PumpUntil([] { return !choices.empty(); }); }
+};
+
+TEST(MenuLabels, PrefixesAndMnemonics)
+{
+    const struct {
+        const char *label, *text, *simple;
+        char mnemonic, prefix;
+    } cases[] = {
+        {"&File", "File", "File", 'F', 0},  {"_File", "File", "File", 'F', 0},
+        {"*Save", "Save", "*Save", 0, '*'}, {"-", "", "-", 0, '-'},
+        {"&", "", "", 0, 0},                {"", "", "", 0, 0},
+        {"Sa&ve_as", "Save_as", "Save_as", 'v', 0},
+    };
+    for (auto &c : cases) {
+        SCOPED_TRACE(c.label);
+        char mnemonic = 'x', prefix = 'x';
+        char *text = XwkCreateString(c.label, &mnemonic, &prefix);
+        char *simple = XwkCreateStringSimple(c.label);
+        EXPECT_STREQ(text, c.text);
+        EXPECT_STREQ(simple, c.simple);
+        EXPECT_EQ(mnemonic, c.mnemonic);
+        EXPECT_EQ(prefix, c.prefix);
+        XtFree(text);
+        XtFree(simple);
+    }
+    EXPECT_EQ(XwkCreateString(nullptr, nullptr, nullptr), nullptr);
+}
+
+TEST(Menus, BuiltFromTheTable)
+{
+    Window win;
+    Widget open = win.file[0].widget, save = win.file[1].widget;
+    EXPECT_STREQ(XtName(win.bar), "xwkMenuBar");
+    EXPECT_STREQ(XtName(open), "Open");
+    KeySym mnemonic = 0;
+    XtVaGetValues(open, XmNmnemonic, &mnemonic, NULL);
+    EXPECT_EQ(mnemonic, (KeySym)'O');
+    EXPECT_TRUE(XtIsSensitive(open));
+    EXPECT_FALSE(XtIsSensitive(save));
+    EXPECT_EQ(XtClass(win.file[2].widget), xmSeparatorWidgetClass);
+    EXPECT_EQ(XtClass(win.edit[0].widget), xmToggleButtonWidgetClass);
+    Widget help = nullptr;
+    XtVaGetValues(win.bar, XmNmenuHelpWidget, &help, NULL);
+    EXPECT_EQ(help, win.top[2].widget);
+    XtPointer record = nullptr;
+    XtVaGetValues(win.top[3].widget, XmNuserData, &record, NULL);
+    EXPECT_EQ(record, nullptr);  // a cascade without submenu has no record
+    XtVaGetValues(open, XmNuserData, &record, NULL);
+    ASSERT_NE(record, nullptr);
+    EXPECT_STREQ(((XwkMenuButtonRec *)record)->short_help, "Open a file|Open");
+
+    XwkMenuItemsSetClosure(win.top, (XtPointer)&win);
+    EXPECT_EQ(win.file[3].closure, (XtPointer)&win);
+    EXPECT_EQ(win.more[0].closure, (XtPointer)&win);
+    EXPECT_EQ(win.top[0].closure, nullptr);
+    XwkMenuItemsSetClosure(win.more + 1, nullptr);  // empty: nothing happens
+
+    XwkMenuItem sizes[4];
+    const char *names[] = {"Small", "Medium", "Large"};
+    for (int i = 0; i < 3; i++)
+        XwkPrepareMenuItem(&sizes[i], names[i], nullptr, nullptr, &xmPushButtonWidgetClass, nullptr, nullptr, nullptr, nullptr);
+    sizes[3] = {};
+    Widget option = XwkCreateSubmenu(win.form, XwkMENU_OPTION, "&Size", 'S', 1, sizes);
+    Widget shown = nullptr;
+    XtVaGetValues(option, XmNmenuHistory, &shown, NULL);
+    EXPECT_EQ(shown, sizes[1].widget);
+    Widget popup = XwkCreateSubmenu(win.form, XwkMENU_POPUP, nullptr, 0, 0, sizes);
+    EXPECT_STREQ(XtName(popup), "xwkPopupMenu");
+    EXPECT_EQ(XwkCreateSubmenu(win.form, 7, nullptr, 0, 0, sizes), nullptr);
+    FreeItems(sizes);
+}
+
+TEST(Menus, ChosenByMouseAfterShowingShortHelp)
+{
+    Window win;
+    Display *dpy = XtDisplay(win.shell);
+    int x, y;
+    xwktest::RootPosition(win.top[0].widget, &x, &y);
+    xwktest::MovePointer(dpy, x + 5, y + 5);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
+    Widget open = win.file[0].widget;
+    xwktest::RootPosition(open, &x, &y);
+    xwktest::MovePointer(dpy, x + 5, y + 5);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(win.area) == "Open a file"; }));
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    ASSERT_TRUE(win.WaitChoice());
+    EXPECT_EQ(choices[0].name, "open");
+    EXPECT_EQ(choices[0].reason, XmCR_ACTIVATE);
+    EXPECT_TRUE(choices[0].had_event);
+    EXPECT_TRUE(choices[0].menu_was_down);
+    EXPECT_TRUE(choices[0].others_could_grab);
+    xwktest::Settle();
+    EXPECT_EQ(ShortHelp(win.area), "Ready");
+}
+
+TEST(Menus, ChosenByMnemonicAndAccelerator)
+{
+    const struct {
+        const char *what;
+        KeySym first;
+        unsigned first_mods;
+        KeySym second;
+        const char *chosen;
+        int click_count;
+    } cases[] = {
+        {"mnemonic", XK_f, Mod1Mask, XK_o, "open", 1},
+        {"accelerator", XK_o, ControlMask, 0, "open", 1},
+        {"toggle accelerator", XK_w, ControlMask, 0, "wrap", 1},
+        {"insensitive", XK_s, ControlMask, 0, nullptr, 0},
+    };
+    for (auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        Window win;
+        Display *dpy = XtDisplay(win.shell);
+        xwktest::PressKey(dpy, c.first, c.first_mods);
+        if (c.second) {
+            ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
+            EXPECT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(win.area) == "Open a file"; }));
+            xwktest::PressKey(dpy, c.second);
+        }
+        if (!c.chosen) {
+            xwktest::Pump(300);
+            EXPECT_TRUE(choices.empty());
+            continue;
+        }
+        ASSERT_TRUE(win.WaitChoice());
+        EXPECT_EQ(choices[0].name, c.chosen);
+        EXPECT_EQ(choices[0].click_count, c.click_count);
+        EXPECT_TRUE(choices[0].menu_was_down);
+        EXPECT_TRUE(choices[0].others_could_grab);
+        xwktest::Settle();
+        EXPECT_EQ(ShortHelp(win.area), "Ready");
+    }
+}
+
+TEST(Menus, BadTablesAndCallbacksThatDestroyTheMenu)
+{
+    Window win;
+    const char *labels[] = {"", "&", "-", "*", "_&"};
+    const char *accelerators[] = {"Foo-Bar", "Ctrl-", "-", "+", "none", "Shift+Ctrl+Alt-x", ""};
+    XwkMenuItem odd[8];
+    for (int i = 0; i < 7; i++)
+        XwkPrepareMenuItem(&odd[i], labels[i % 5], "", accelerators[i], &xmPushButtonWidgetClass, OnChoose, (XtPointer) "odd", nullptr, nullptr);
+    odd[7] = {};
+    Widget menu = XwkCreateSubmenu(win.bar, XwkMENU_PULLDOWN, "Odd", 0, 0, odd);
+    ASSERT_NE(menu, nullptr);
+    for (int i = 0; i < 7; i++)
+        EXPECT_NE(odd[i].widget, nullptr);
+
+    destroy_in_callback = win.bar;
+    xwktest::PressKey(XtDisplay(win.shell), XK_q, ControlMask);
+    ASSERT_TRUE(win.WaitChoice());
+    xwktest::Settle();
+    EXPECT_EQ(xwktest::FindWidget(win.form, "xwkMenuBar"), nullptr);
+    EXPECT_EQ(ShortHelp(win.area), "Ready");
+    EXPECT_TRUE(XwkGetShortHelpSensitive(win.area));
+    FreeItems(odd);
+}
+
+}  // namespace
