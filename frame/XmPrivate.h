@@ -45,3 +45,12 @@ void _XmManagerLeave(Widget w, XEvent *event, String *params, Cardinal *num_para
 unsigned char _XmGetFocusPolicy(Widget w);
 
 }
+
+// --- inter-application services: window manager frames ---
+#include <Xm/BaseClassP.h>
+
+extern "C" {
+
+XmWidgetExtData _XmGetWidgetExtData(Widget w, unsigned char extType);
+
+}

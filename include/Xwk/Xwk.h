@@ -5,7 +5,7 @@
  *
  * It includes Xwk/Frame.h, Xwk/Lists.h, Xwk/Strings.h,
  * Xwk/Ini.h, Xwk/Desk.h, Xwk/Text.h, Xwk/Graphics.h, Xwk/ComboBox.h,
- * Xwk/PanedW.h, Xwk/Dialogs.h and Xwk/PrjTree.h.  The private records of
+ * Xwk/PanedW.h, Xwk/Dialogs.h, Xwk/PrjTree.h and Xwk/Windows.h.  The private records of
  * the widgets (Xwk/ComboBoxP.h, Xwk/PanedWP.h, Xwk/PrjTreeP.h) are for
  * subclasses and are included on their own.
  *
@@ -26,5 +26,6 @@
 #include <Xwk/PanedW.h>
 #include <Xwk/Dialogs.h>
 #include <Xwk/PrjTree.h>
+#include <Xwk/Windows.h>
 
 #endif
