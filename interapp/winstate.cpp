@@ -103,6 +103,8 @@ void XwkSetWMState(Widget shell, int state)
     if (state == XWK_WM_WITHDRAWN) {
         XWithdrawWindow(dpy, win, screen);
     } else if (state == XWK_WM_NORMAL) {
+        // A manager reads the initial state when a withdrawn window maps.
+        XtVaSetValues(shell, XtNinitialState, NormalState, NULL);
         Position x = 0, y = 0;
         XtVaGetValues(shell, XtNx, &x, XtNy, &y, NULL);
         XSizeHints hints = {};
@@ -112,7 +114,16 @@ void XwkSetWMState(Widget shell, int state)
         XSetWMNormalHints(dpy, win, &hints);
         XMapWindow(dpy, win);
     } else if (state == XWK_WM_ICONIC) {
-        XIconifyWindow(dpy, win, screen);
+        // A manager ignores the request to iconify a withdrawn window: such
+        // a window maps as an icon instead.
+        XWindowAttributes a;
+        if (XGetWindowAttributes(dpy, win, &a) && a.map_state == IsUnmapped &&
+            XwkGetWindowState(shell) != XWK_WM_ICONIC) {
+            XtVaSetValues(shell, XtNinitialState, IconicState, NULL);
+            XMapWindow(dpy, win);
+        } else {
+            XIconifyWindow(dpy, win, screen);
+        }
     }
     XFlush(dpy);
 }

@@ -28,7 +28,8 @@ public:
     explicit Peer(std::vector<std::string> args, std::vector<std::string> env = {})
     {
         int in[2], out[2];
-        if (pipe(in) != 0 || pipe(out) != 0)
+        // Close-on-exec: a later peer must not hold this one's stdin open.
+        if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0)
             return;
         pid_ = fork();
         if (pid_ == 0) {
