@@ -161,7 +161,9 @@ void TakeControlPanel(Widget, XtPointer client, XtPointer)
     if (!tree || !tree->user)
         return;
     WindowsInfoState *state = (WindowsInfoState *)tree->user;
-    XtOwnSelection(cascade, XwkGetWindowsInfoAtom(cascade, state->key), last_event_time,
+    // A gadget has no window of its own to own a selection with.
+    Widget owner = XtIsWidget(cascade) ? cascade : XtParent(cascade);
+    XtOwnSelection(owner, XwkGetWindowsInfoAtom(cascade, state->key), last_event_time,
                    ConvertNothing, nullptr, nullptr);
 }
 

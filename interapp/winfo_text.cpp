@@ -105,6 +105,11 @@ std::string Publish(const char *old, const char *title, unsigned long window,
     }
     if (replaced)
         return text;
+    // A new record is made in a buffer of 1024 bytes: a longer title is cut
+    // so that the record's fields stay whole.
+    if (record.size() > kMaxNewRecord)
+        record = FormatRecord(std::string(title).substr(0, kMaxNewRecord - kRecordTail).c_str(),
+                              window, parent, pid);
     if (count == 0)
         return FormatHeader(1) + record;
     return WithHeader(text, count + 1) + record;

@@ -14,6 +14,8 @@ namespace winfo {
 constexpr size_t kRecordTail = 28;
 // The header "%5.5d;".
 constexpr size_t kHeaderLength = 6;
+// The longest record publishing appends, its terminating NUL left out.
+constexpr size_t kMaxNewRecord = 1023;
 // No property read holds more records than this; a larger count is hostile.
 constexpr int kMaxCount = 100000;
 

@@ -177,6 +177,10 @@ TEST_F(Windows, WireFormatOfPublishRetitleAndRemove)
          "00001;Longer title|00000010,00000000," + me + ";"},
         {"unknown window", [&] { XwkDeleteWindowProperty(app, key, 0x99); },
          "00001;Longer title|00000010,00000000," + me + ";"},
+        {"a long new title is cut, its fields whole",
+         [&] { XwkAddWindowProperty(app, key, std::string(1200, 'x').c_str(), 0x30, 0); },
+         "00002;Longer title|00000010,00000000," + me + ";" + std::string(995, 'x') +
+             "|00000030,00000000," + me + ";"},
     };
     for (auto &s : steps) {
         s.act();
