@@ -211,20 +211,21 @@ void DestroyNode(XwkTreeNode *node, XwkTree *tree)
 {
     WindowsInfoState *state = (WindowsInfoState *)tree->user;
     Widget w = state->widget;
+    // The node's own entry goes first: it lives in the parent's cascade
+    // menu, which the parent's change back destroys.
+    if (WindowsInfoRecord *r = RecordOfNode(w, node)) {
+        if (r->item && !w->core.being_destroyed)
+            XmPrjTreeDeleteItem(w, r->item);
+        DestroyButton(r->button);
+        XtFree(r->title);
+        memset(r, 0, sizeof *r);
+    }
     XwkTreeNode *up = node->parent;
     if (up && up->nchildren == 0) {
         WindowsInfoRecord *parent = RecordOfNode(w, up);
         if (parent)
             RevertToPushButton(parent);
     }
-    WindowsInfoRecord *r = RecordOfNode(w, node);
-    if (!r)
-        return;
-    if (r->item && !w->core.being_destroyed)
-        XmPrjTreeDeleteItem(w, r->item);
-    DestroyButton(r->button);
-    XtFree(r->title);
-    memset(r, 0, sizeof *r);
 }
 
 void FreeDisplay(WindowsInfoState *state, XwkTree *tree)
