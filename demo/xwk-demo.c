@@ -48,6 +48,7 @@ static const struct {
     {"Tool options", demo_page_toolcfg},
     {"Folder", demo_page_folder},
     {"Tool bars and menus", demo_page_bars},
+    {"Family windows", demo_page_windows},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 

@@ -53,3 +53,12 @@ void _XmHighlightBorder(Widget w);
 void _XmUnhighlightBorder(Widget w);
 
 }
+
+// --- inter-application services: window manager frames ---
+#include <Xm/BaseClassP.h>
+
+extern "C" {
+
+XmWidgetExtData _XmGetWidgetExtData(Widget w, unsigned char extType);
+
+}

@@ -6,6 +6,7 @@
 #include <Xwk/Process.h>
 #include <Xwk/Strings.h>
 #include <Xwk/Text.h>
+#include <Xwk/Windows.h>
 
 #include <X11/IntrinsicP.h>
 #include <X11/StringDefs.h>
@@ -24,10 +25,6 @@
 
 #include <string>
 #include <string_view>
-
-// The busy indication belongs to the window state services.  Referenced
-// weakly so that starting programs works in a library built without them.
-extern "C" void XwkSetBusyStatus(Widget widget, Boolean busy) __attribute__((weak));
 
 XwkRunProgramProc xwkRunProgramProc;
 
@@ -278,8 +275,7 @@ int XwkSetRunCommand(XwkRunProgramProc proc)
 
 int XwkRunProcess(Widget widget, const char *command)
 {
-    if (XwkSetBusyStatus)
-        XwkSetBusyStatus(widget, True);
+    XwkSetBusyStatus(widget, True);
     if (xwkRunProgramProc)
         return xwkRunProgramProc(widget, command);
     return XwkRunProcessDefaultProc(widget, command, nullptr);

@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the build and test dependencies with apt-get when any is missing.
 set -eu
-packages="build-essential cmake pkg-config libmotif-dev libxt-dev libxpm-dev libxtst-dev
+packages="build-essential cmake pkg-config libmotif-dev libxt-dev libxpm-dev libxtst-dev libxfixes-dev
 libx11-dev libpng-dev zlib1g-dev libglib2.0-dev xvfb xauth googletest libgtest-dev libgmock-dev
 libbenchmark-dev imagemagick clang libclang-rt-14-dev mwm openbox libxfixes-dev fonts-dejavu-core"
 missing=""

@@ -521,7 +521,9 @@ void XwkLoadHelp(Widget w);
  * below the root.
  *
  * Nothing is stored when the shell is NULL or not realized, or when the
- * frame cannot be found.
+ * frame cannot be found (XwkGetWMWindow).  Under a Motif window manager
+ * nothing is stored either before the manager has placed the shell, while
+ * Motif knows no frame offsets for it.
  *
  * \param shell The shell.
  * \param x     Receives the frame's x; may be NULL.

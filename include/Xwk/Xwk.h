@@ -31,5 +31,6 @@
 #include <Xwk/FileSD.h>
 #include <Xwk/Folder.h>
 #include <Xwk/Bars.h>
+#include <Xwk/Windows.h>
 
 #endif

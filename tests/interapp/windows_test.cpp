@@ -1,0 +1,447 @@
+// The family's windows between real processes: the property's wire format,
+// peers publishing at once, a peer killed while published, menu and tree
+// list displays, windows gone before they are probed, a parent hiding its
+// child application, and busy passed from one application to another.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/CascadeB.h>
+#include <Xm/Form.h>
+#include <Xm/PushB.h>
+#include <Xm/RowColumn.h>
+#include <X11/IntrinsicP.h>
+#include <X11/CompositeP.h>
+#include <X11/Shell.h>
+#include <X11/extensions/Xfixes.h>
+
+#include <stddef.h>
+#include <stdio.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "peers.h"
+#include "xwktest.h"
+
+namespace {
+
+using peers::Peer;
+using peers::Table;
+
+int Key() { return (int)getpid(); }
+
+Widget app;
+std::vector<Widget> displays;
+
+void ForwardRootEvent(Widget, XtPointer, XEvent *event)
+{
+    for (Widget w : displays)
+        XwkProcessWindowsInfo(w, Key(), event);
+}
+
+std::string Hex8(unsigned long v)
+{
+    char buf[16];
+    snprintf(buf, sizeof buf, "%8.8lx", v);
+    return buf;
+}
+
+// A shell with a menu bar whose cascade shows the windows as a menu, and a
+// tree list that shows them as a tree.
+struct Display_ {
+    Widget shell, bar, cascade, tree;
+    Display_()
+    {
+        shell = XtVaCreatePopupShell("family", topLevelShellWidgetClass, app, XtNx, 300, XtNy, 10,
+                                     NULL);
+        Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+        bar = XmCreateMenuBar(form, (char *)"bar", nullptr, 0);
+        XtVaSetValues(bar, XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
+                      XmNrightAttachment, XmATTACH_FORM, NULL);
+        cascade = XmCreateCascadeButton(bar, (char *)"Windows", nullptr, 0);
+        XtManageChild(cascade);
+        XtManageChild(bar);
+        tree = XmCreateScrolledTreeList(form, (char *)"tree", nullptr, 0);
+        XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, bar,
+                      XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM,
+                      XmNbottomAttachment, XmATTACH_FORM, XmNwidth, 260, XmNheight, 200, NULL);
+        XtManageChild(tree);
+        XtPopup(shell, XtGrabNone);
+        xwktest::WaitViewable(shell);
+        displays.push_back(cascade);
+        displays.push_back(tree);
+    }
+    ~Display_()
+    {
+        std::erase(displays, cascade);
+        std::erase(displays, tree);
+        XtDestroyWidget(shell);
+        xwktest::Settle();
+    }
+    Widget Pane(Widget cascade_button) const
+    {
+        Widget sub = nullptr;
+        if (cascade_button)
+            XtVaGetValues(cascade_button, XmNsubMenuId, &sub, NULL);
+        return sub;
+    }
+    // The labels of a pane's managed entries; a cascade shows as "title>".
+    std::vector<std::string> Entries(Widget pane) const
+    {
+        std::vector<std::string> out;
+        if (!pane)
+            return out;
+        CompositeWidget c = (CompositeWidget)pane;
+        for (Cardinal i = 0; i < c->composite.num_children; i++) {
+            Widget child = c->composite.children[i];
+            if (child->core.being_destroyed || !XtIsManaged(child))
+                continue;
+            if (!XmIsPushButton(child) && !XmIsCascadeButton(child)) {
+                out.push_back("-");
+                continue;
+            }
+            XmString s = nullptr;
+            XtVaGetValues(child, XmNlabelString, &s, NULL);
+            char *text = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT,
+                                                 nullptr, 0, XmOUTPUT_ALL);
+            out.push_back(std::string(text) + (XmIsCascadeButton(child) ? ">" : ""));
+            XtFree(text);
+            XmStringFree(s);
+        }
+        return out;
+    }
+    Widget Entry(Widget pane, const std::string &label) const
+    {
+        if (!pane)
+            return nullptr;
+        std::vector<std::string> labels = Entries(pane);
+        CompositeWidget c = (CompositeWidget)pane;
+        for (Cardinal i = 0, k = 0; i < c->composite.num_children; i++) {
+            Widget child = c->composite.children[i];
+            if (child->core.being_destroyed || !XtIsManaged(child))
+                continue;
+            if (labels[k++] == label)
+                return child;
+        }
+        return nullptr;
+    }
+    // Tree rows as "title" and "  title" for a child, in order.
+    std::vector<std::string> Rows() const
+    {
+        std::vector<std::string> out;
+        for (XmPrjTreeNode n = XmPrjTreeGetFirstNode(tree); n; n = XmPrjTreeGetNextNode(tree, n))
+            out.push_back(std::string(2 * (XmPrjTreeGetNodeLevel(tree, n) - 1), ' ') +
+                          XmPrjTreeGetNameItem(tree, n));
+        return out;
+    }
+};
+
+class Windows : public ::testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        app = xwktest::StartApp();
+        Display *dpy = XtDisplay(app);
+        Window root = DefaultRootWindow(dpy);
+        XWindowAttributes a;
+        XGetWindowAttributes(dpy, root, &a);
+        XSelectInput(dpy, root, a.your_event_mask | PropertyChangeMask);
+        XwkAddEventHandler(app, (unsigned)root, PropertyNotify, offsetof(XPropertyEvent, window),
+                           ForwardRootEvent, nullptr);
+    }
+    void SetUp() override { XwkDestroyWindowProperty(app, Key()); }
+    Display *dpy() { return XtDisplay(app); }
+};
+
+TEST_F(Windows, WireFormatOfPublishRetitleAndRemove)
+{
+    const int key = Key();
+    const std::string me = Hex8((unsigned long)getpid());
+    struct Step {
+        const char *what;
+        std::function<void()> act;
+        std::string text;
+    } steps[] = {
+        {"empty table", [&] { XwkAddWindowProperty(app, key, "A", 0x10, 0); XwkDeleteWindowProperty(app, key, 0x10); },
+         "00000;"},
+        {"first record", [&] { XwkAddWindowProperty(app, key, "A", 0x10, 0); },
+         "00001;A|00000010,00000000," + me + ";"},
+        {"second record", [&] { XwkAddWindowProperty(app, key, "B;b", 0x20, 0x10); },
+         "00002;A|00000010,00000000," + me + ";B;b|00000020,00000010," + me + ";"},
+        {"retitle in place", [&] { XwkAddWindowProperty(app, key, "Longer title", 0x10, 0); },
+         "00002;Longer title|00000010,00000000," + me + ";B;b|00000020,00000010," + me + ";"},
+        {"same window, other parent", [&] { XwkAddWindowProperty(app, key, "C", 0x20, 0); },
+         "00003;Longer title|00000010,00000000," + me + ";B;b|00000020,00000010," + me +
+             ";C|00000020,00000000," + me + ";"},
+        {"removal takes the first", [&] { XwkDeleteWindowProperty(app, key, 0x20); },
+         "00002;Longer title|00000010,00000000," + me + ";C|00000020,00000000," + me + ";"},
+        {"removal of the last cuts", [&] { XwkDeleteWindowProperty(app, key, 0x20); },
+         "00001;Longer title|00000010,00000000," + me + ";"},
+        {"unknown window", [&] { XwkDeleteWindowProperty(app, key, 0x99); },
+         "00001;Longer title|00000010,00000000," + me + ";"},
+        {"a long new title is cut, its fields whole",
+         [&] { XwkAddWindowProperty(app, key, std::string(1200, 'x').c_str(), 0x30, 0); },
+         "00002;Longer title|00000010,00000000," + me + ";" + std::string(995, 'x') +
+             "|00000030,00000000," + me + ";"},
+    };
+    for (auto &s : steps) {
+        s.act();
+        std::string raw = peers::RawText(app, key);
+        ASSERT_FALSE(raw.empty()) << s.what;
+        EXPECT_EQ(raw.back(), '\0') << s.what << ": the NUL is part of the stored length";
+        EXPECT_EQ(raw.c_str(), s.text) << s.what;
+    }
+    XwkDestroyWindowProperty(app, key);
+    EXPECT_EQ(peers::RawText(app, key), "");
+}
+
+TEST_F(Windows, SessionIdAndClientMessage)
+{
+    struct {
+        const char *text;
+        Boolean ok;
+        int first, second;
+    } cases[] = {{"12,34", True, 12, 34},   {" 7 ,\t8 ", True, 7, 8}, {"12", False, 0, 0},
+                 {nullptr, False, 0, 0},    {",5", True, 0, 5}};
+    for (auto &c : cases) {
+        int a = -1, b = -1;
+        EXPECT_EQ(XwkGetSessionID(c.text, &a, &b), c.ok) << (c.text ? c.text : "NULL");
+        EXPECT_EQ(a, c.first);
+        EXPECT_EQ(b, c.second);
+    }
+    Display_ d;
+    static XClientMessageEvent got;
+    got = {};
+    XtAddEventHandler(d.shell, NoEventMask, True,
+                      [](Widget, XtPointer, XEvent *e, Boolean *) {
+                          if (e->type == ClientMessage)
+                              got = e->xclient;
+                      },
+                      nullptr);
+    Atom type = XInternAtom(dpy(), "XWK_TEST_MESSAGE", False);
+    XwkSendClientMsg(dpy(), XtWindow(d.shell), type, 11, 22);
+    ASSERT_TRUE(xwktest::PumpUntil([] { return got.type == ClientMessage; }));
+    EXPECT_EQ(got.message_type, type);
+    EXPECT_EQ(got.format, 32);
+    EXPECT_EQ(got.data.l[0], 11);
+    EXPECT_EQ(got.data.l[1], 22);
+}
+
+TEST_F(Windows, PeersPublishAtOnceAndEveryoneSeesTheWholeTable)
+{
+    Display_ d;
+    const int kPeers = 6, kWindows = 20;
+    std::vector<std::unique_ptr<Peer>> ps;
+    for (int i = 0; i < kPeers; i++)
+        ps.push_back(std::make_unique<Peer>(std::vector<std::string>{
+            "publish", std::to_string(Key()), std::to_string(kWindows), "P" + std::to_string(i)}));
+    for (auto &p : ps)
+        ASSERT_EQ(p->Line(), "ready");
+    std::vector<peers::Entry> table = Table(app, Key());
+    ASSERT_EQ((int)table.size(), kPeers * kWindows / 2);
+    std::set<std::string> titles;
+    std::set<unsigned long> windows;
+    for (auto &e : table) {
+        titles.insert(e.title);
+        windows.insert(e.window);
+        int peer = atoi(e.title.c_str() + 1);
+        EXPECT_EQ(e.pid, ps[peer]->pid()) << e.title;
+    }
+    for (int i = 0; i < kPeers; i++)
+        for (int j = 0; j < kWindows; j += 2)
+            EXPECT_TRUE(titles.count("P" + std::to_string(i) + "-" + std::to_string(j) + "*"));
+    EXPECT_EQ(windows.size(), table.size());
+
+    // Every record is shown; entries a crowd of changes replaced at equal
+    // counts may stay beside them.
+    auto shows_table = [&](const Display_ &view) {
+        std::vector<std::string> rows = view.Rows();
+        std::set<std::string> shown(rows.begin(), rows.end());
+        for (auto &t : titles)
+            if (!shown.count(t))
+                return false;
+        return true;
+    };
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return shows_table(d); }));
+
+    // A display that joins now shows the table exactly, in the menu too.
+    Display_ late;
+    XwkAddWindowProperty(app, Key(), "Late", XtWindow(late.shell), 0);
+    titles.insert("Late");
+    ASSERT_TRUE(xwktest::PumpUntil([&] {
+        return shows_table(late) && late.Rows().size() == titles.size() &&
+               late.Entries(late.Pane(late.cascade)).size() == titles.size() + 2;
+    }));
+    EXPECT_EQ(late.Entries(late.Pane(late.cascade))[0], "Control panel");
+}
+
+TEST_F(Windows, MenuAndTreeFollowTitlesChildrenAndRaise)
+{
+    Display_ d;
+    Peer p({"family", std::to_string(Key()), "Editor"});
+    std::vector<Window> ids = p.Ready();
+    ASSERT_EQ(ids.size(), 2u);
+    using V = std::vector<std::string>;
+    // Each display reads the property when its notice comes: wait for both.
+    auto shows = [&](const V &rows, const V &entries) {
+        return xwktest::PumpUntil(
+            [&] { return d.Rows() == rows && d.Entries(d.Pane(d.cascade)) == entries; });
+    };
+    ASSERT_TRUE(shows({"Editor", "  Editor-child"}, {"Control panel", "-", "Editor>"}));
+    Widget pane = d.Pane(d.cascade);
+    EXPECT_EQ(d.Entries(d.Pane(d.Entry(pane, "Editor>"))), (V{"Editor", "-", "Editor-child"}));
+
+    p.Send("retitle\n");
+    ASSERT_EQ(p.Line(), "done");
+    EXPECT_TRUE(shows({"Editor+", "  Editor+-child"}, {"Control panel", "-", "Editor+>"}));
+
+    // The last child gone, the cascade is a plain entry again.
+    p.Send("drop\n");
+    ASSERT_EQ(p.Line(), "done");
+    ASSERT_TRUE(shows({"Editor+"}, {"Control panel", "-", "Editor+"}));
+
+    // Choosing the entry with the mouse maps the peer's window.
+    XWindowAttributes a;
+    XGetWindowAttributes(dpy(), ids[0], &a);
+    ASSERT_EQ(a.map_state, IsUnmapped);
+    xwktest::ClickCenter(d.cascade);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return XtIsRealized(pane) && XtIsManaged(pane); }));
+    xwktest::WaitViewable(d.Entry(pane, "Editor+"));
+    xwktest::ClickCenter(d.Entry(pane, "Editor+"));
+    EXPECT_TRUE(xwktest::PumpUntil([&] {
+        XGetWindowAttributes(dpy(), ids[0], &a);
+        return a.map_state == IsViewable;
+    }));
+
+    // "Control panel" takes the session's selection.
+    xwktest::ClickCenter(d.cascade);
+    xwktest::WaitViewable(d.Entry(pane, "Control panel"));
+    xwktest::ClickCenter(d.Entry(pane, "Control panel"));
+    EXPECT_TRUE(xwktest::PumpUntil([&] {
+        return XGetSelectionOwner(dpy(), XwkGetWindowsInfoAtom(app, Key())) == XtWindow(d.cascade);
+    }));
+}
+
+TEST_F(Windows, KilledPeerStaysUntilARaiseMeetsIt)
+{
+    Display_ d;
+    Window mine = XtWindow(d.shell);
+    XwkAddWindowProperty(app, Key(), "Mine", mine, 0);
+    Peer p({"family", std::to_string(Key()), "Doomed"});
+    ASSERT_EQ(p.Ready().size(), 2u);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return d.Rows().size() == 3; }));
+    p.Kill();
+
+    // The next changes find the records dead but leave them: a fresh record
+    // knows no session yet.
+    XwkAddWindowProperty(app, Key(), "Mine 2", mine, 0);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return d.Rows()[0] == "Mine 2"; }));
+    XwkAddWindowProperty(app, Key(), "Mine 3", mine, 0);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return d.Rows()[0] == "Mine 3"; }));
+    EXPECT_EQ(Table(app, Key()).size(), 3u);
+    EXPECT_EQ(d.Rows().size(), 3u);
+
+    // The control panel acting on the dead child removes it for everyone.
+    XmPrjTreeNode child = XmPrjTreeGetNextNode(d.tree, XmPrjTreeGetNextNode(d.tree, XmPrjTreeGetFirstNode(d.tree)));
+    ASSERT_STREQ(XmPrjTreeGetNameItem(d.tree, child), "Doomed-child");
+    XmPrjTreeSetNode(d.tree, child);
+    XwkProcessControlPanel(d.tree, XWK_PANEL_RAISE);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Table(app, Key()).size() == 2; }));
+    EXPECT_TRUE(xwktest::PumpUntil([&] {
+        return d.Rows().size() == 2 &&
+               d.Entries(d.Pane(d.cascade)) ==
+                   std::vector<std::string>{"Control panel", "-", "Mine 3", "Doomed"};
+    }));
+}
+
+TEST_F(Windows, WindowGoneBeforeTheProbeEndsNobody)
+{
+    Display_ d;
+    Peer p({"orphan", std::to_string(Key()), "Gone"});
+    std::vector<Window> ids = p.Ready();
+    ASSERT_EQ(ids.size(), 1u);
+    // Ids nobody owns, one of them this process's own.
+    XwkAddWindowProperty(app, Key(), "Bogus", 0x1fffff0, 0);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return d.Rows().size() == 2; }));
+    // One more update: the records learn their session.
+    XwkAddWindowProperty(app, Key(), "Bogus 2", 0x1fffff0, 0);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return d.Rows()[1] == "Bogus 2"; }));
+    XmPrjTreeSetNode(d.tree, XmPrjTreeGetFirstNode(d.tree));
+    XwkProcessControlPanel(d.tree, XWK_PANEL_CLOSE);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Table(app, Key()).size() == 1; }));
+    EXPECT_EQ(Table(app, Key())[0].title, "Bogus 2");
+    p.Send("retitle\n");  // the peer still answers
+    EXPECT_EQ(p.Line(), "done");
+    EXPECT_TRUE(p.Running());
+}
+
+TEST_F(Windows, ParentHidesAndShowsItsChildApplication)
+{
+    Display_ d;
+    Window root = DefaultRootWindow(dpy());
+    Window parent = XtWindow(d.shell);
+    Peer child({"child"}, {"_SMELD_ROOT_WINDOW=" + std::to_string(root),
+                           "_SMELD_PARENT_WINDOW=" + std::to_string(parent)});
+    std::vector<Window> ids = child.Ready();
+    ASSERT_EQ(ids.size(), 2u);
+    auto state = [&](Window w) {
+        XWindowAttributes a;
+        XGetWindowAttributes(dpy(), w, &a);
+        return a.map_state;
+    };
+    auto both = [&](int s) { return state(ids[0]) == s && state(ids[1]) == s; };
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return both(IsViewable); }));
+    Atom vis = XInternAtom(dpy(), "_SMELD_VISIBILITY", False);
+    auto ask = [&](unsigned long from, long wanted) {
+        long data[2] = {(long)from, wanted};
+        XChangeProperty(dpy(), root, vis, vis, 32, PropModeReplace, (unsigned char *)data, 2);
+        XFlush(dpy());
+    };
+    ask(parent, XWK_WM_WITHDRAWN);
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return both(IsUnmapped); }));
+    ask(parent + 1, XWK_WM_NORMAL);  // another parent's children
+    xwktest::Pump(300);
+    EXPECT_TRUE(both(IsUnmapped));
+    ask(parent, XWK_WM_NORMAL);
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return both(IsViewable); }));
+}
+
+TEST_F(Windows, BusyPassesFromOneApplicationToTheNext)
+{
+    int event_base, error_base;
+    ASSERT_TRUE(XFixesQueryExtension(dpy(), &event_base, &error_base));
+    Display_ d;
+    Atom busy = XInternAtom(dpy(), "_XWK_BUSY", False);
+    int x, y;
+    xwktest::RootPosition(d.shell, &x, &y);
+    xwktest::MovePointer(dpy(), x + 20, y + 60);
+    auto cursor = [&] {
+        XFixesCursorImage *img = XFixesGetCursorImage(dpy());
+        unsigned long serial = img->cursor_serial;
+        XFree(img);
+        return serial;
+    };
+    xwktest::Settle();
+    unsigned long idle = cursor();
+
+    XwkSetBusyStatus(d.tree, True);
+    EXPECT_EQ(XGetSelectionOwner(dpy(), busy), XtWindow(d.shell));
+    EXPECT_NE(cursor(), idle);
+
+    Peer other({"busy"});
+    ASSERT_EQ(other.Ready().size(), 1u);
+    other.Send("busy\n");
+    ASSERT_EQ(other.Line(), "done");
+    EXPECT_NE(XGetSelectionOwner(dpy(), busy), XtWindow(d.shell));
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return cursor() == idle; }));
+
+    // Busy ends by itself after three seconds.
+    XwkSetBusyStatus(d.tree, True);
+    EXPECT_NE(cursor(), idle);
+    xwktest::Pump(2500);
+    EXPECT_NE(cursor(), idle);
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return cursor() == idle; }, 1500));
+}
+
+}  // namespace
