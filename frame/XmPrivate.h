@@ -45,3 +45,14 @@ void _XmManagerLeave(Widget w, XEvent *event, String *params, Cardinal *num_para
 unsigned char _XmGetFocusPolicy(Widget w);
 
 }
+
+// --- desk list ---
+extern "C" {
+
+void _XmPrimitiveFocusIn(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveFocusOut(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveEnter(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveLeave(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveHelp(Widget w, XEvent *event, String *params, Cardinal *num_params);
+
+}

@@ -5,9 +5,10 @@
  *
  * It includes Xwk/Frame.h, Xwk/Lists.h, Xwk/Strings.h,
  * Xwk/Ini.h, Xwk/Desk.h, Xwk/Text.h, Xwk/Graphics.h, Xwk/ComboBox.h,
- * Xwk/PanedW.h, Xwk/Dialogs.h and Xwk/PrjTree.h.  The private records of
- * the widgets (Xwk/ComboBoxP.h, Xwk/PanedWP.h, Xwk/PrjTreeP.h) are for
- * subclasses and are included on their own.
+ * Xwk/PanedW.h, Xwk/Dialogs.h, Xwk/PrjTree.h and Xwk/PrjDesk.h.  The
+ * private records of the widgets (Xwk/ComboBoxP.h, Xwk/PanedWP.h,
+ * Xwk/PrjTreeP.h, Xwk/PrjDeskP.h) are for subclasses and are included on
+ * their own.
  *
  * Link with `pkg-config --cflags --libs xwk`.  Every function is a plain C
  * function; widgets follow Motif's conventions (Xwk/PrjTree.h and friends).
@@ -26,5 +27,6 @@
 #include <Xwk/PanedW.h>
 #include <Xwk/Dialogs.h>
 #include <Xwk/PrjTree.h>
+#include <Xwk/PrjDesk.h>
 
 #endif

@@ -182,9 +182,18 @@ int IconHeight(const XwkIcon *icon);
 void FindFont(Widget view);
 // Font lists and fonts may go: the lookups cached on them start again.
 void ForgetFonts();
+// The width of plain text (printable ASCII) in a core font, as XTextWidth
+// gives it, from a table of the font's character widths; -1 for any other
+// text.  A negative length reads up to the terminating zero.  The desk list
+// measures its labels with it too.
+int PlainTextWidth(XFontStruct *font, const char *text, int length = -1);
 void ApplyVisibleLines(Widget view);
 
 // Drawing (draw.cpp).
+// The icon over the background that gc fills with, made once and cached in
+// the icon record (the desk list draws its icons with it too); the pixmap
+// itself for an icon without a mask.  Leaves gc without a clip.
+Pixmap ComposedIcon(Widget view, GC gc, XwkIcon *icon);
 void PaintRow(Widget view, XwkTreeNode *node);
 void Repaint(Widget view, int x, int y, int width, int height);
 void RepaintAll(Widget w, bool clear);
