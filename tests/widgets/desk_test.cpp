@@ -340,6 +340,9 @@ TEST(DeskInput, KeysAndWheelScrollByRows)
     Desk s(200);
     XmPrjDeskPart &d = Part(s.desk);
     ASSERT_GT(d.totalRows, d.visibleRows);
+    // The scrolled window places the bar beside the desk, not over it.
+    ASSERT_TRUE(XtIsManaged(d.scrollBar));
+    EXPECT_GE(d.scrollBar->core.x, s.desk->core.x + (int)s.desk->core.width);
     s.ClickItem(0);
     struct Step {
         KeySym key;

@@ -194,6 +194,8 @@ void Destroy(Widget w)
     State *state = (State *)d.state;
     if (state && state->repaintTimer)
         XtRemoveTimeOut(state->repaintTimer);
+    if (state && state->barTimer)
+        XtRemoveTimeOut(state->barTimer);
     bool mother = d.mother == w || !d.mother;
     if (mother) {
         RemoveCallbackLists(w);
@@ -246,8 +248,11 @@ void Resize(Widget w)
 {
     XmPrjDeskPart &d = P(w);
     d.stateFlags |= XmDESK_RESIZED;
-    if (!(d.stateFlags & XmDESK_GRID_RUNNING))
-        GridOne(w);
+    if (d.stateFlags & XmDESK_GRID_RUNNING)
+        return;
+    S(w).inResize = true;
+    GridOne(w);
+    S(w).inResize = false;
 }
 
 XtGeometryResult QueryGeometry(Widget w, XtWidgetGeometry *intended, XtWidgetGeometry *preferred)

@@ -43,6 +43,11 @@ struct State {
     // this has not moved.
     unsigned long deletions = 0;
     XtIntervalId repaintTimer = 0;
+    // The scroll bar is shown or hidden after the resize that asked for
+    // it: the scrolled window lays out its children only outside its own
+    // layout.
+    bool inResize = false;
+    XtIntervalId barTimer = 0;
 };
 State &S(Widget w);
 

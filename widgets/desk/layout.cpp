@@ -59,6 +59,16 @@ int BarRoom(Widget view)
     return d.scrollBar->core.width + 2 * d.scrollBar->core.border_width + spacing;
 }
 
+void BarLater(XtPointer closure, XtIntervalId *)
+{
+    auto view = (Widget)closure;
+    S(view).barTimer = 0;
+    if (!Alive(view))
+        return;
+    GridOne(view);
+    RepaintView(view, true);
+}
+
 }  // namespace
 
 namespace xwk::desk {
@@ -195,10 +205,16 @@ bool GridOne(Widget view)
         d.stateFlags |= XmDESK_BAR_CHANGED;
     }
     if (d.scrollBar && need != shown) {
-        if (need)
+        State &s = S(view);
+        if (s.inResize) {
+            if (!s.barTimer)
+                s.barTimer = XtAppAddTimeOut(XtWidgetToApplicationContext(view), 0, BarLater,
+                                             (XtPointer)view);
+        } else if (need) {
             XtManageChild(d.scrollBar);
-        else
+        } else {
             XtUnmanageChild(d.scrollBar);
+        }
     }
     d.stateFlags &= ~XmDESK_GRID_RUNNING;
     if (d.columns != old_columns && XtIsRealized(view) && m.current)
