@@ -241,6 +241,20 @@ TEST(DeskGrid, SelectedLookAndHitTest)
     EXPECT_EQ(XmPrjDeskWhichItem(s.desk, gap_x, y), nullptr);
     s.LabelCentre(5, &x, &y);
     EXPECT_EQ(XmPrjDeskWhichItem(s.desk, x, y), (XtPointer)6L);
+    // The drop-target frame outlines icon and label in the highlight colour.
+    Pixel frame = ((XmPrimitiveWidget)s.desk)->primitive.highlight_color;
+    int cx = Inset(s.desk, true) + (6 % d.columns) * d.cellWidth;
+    int cy = Inset(s.desk, false) + (6 / d.columns) * d.cellHeight;
+    auto framed = [&] {
+        xwktest::Settle();
+        xwktest::Capture c(s.desk);
+        return c.Count(frame, cx - 2, cy - 2, d.cellWidth + 2, d.cellHeight + 2);
+    };
+    int before = framed();
+    XmPrjDeskHighlight(s.desk, (XmPrjDeskNode)s.items[6]);
+    EXPECT_GT(framed(), before + 40);
+    XmPrjDeskUnhighlight(s.desk);
+    EXPECT_EQ(framed(), before);
     int past = 12 % d.columns ? 12 : -1;
     if (past > 0) {
         int px = Inset(s.desk, true) + (past % d.columns) * d.cellWidth + d.cellWidth / 2;
@@ -485,6 +499,11 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
     XmStringFree(drawn);
     EXPECT_EQ(item(longer)->labelWidth, sw);
     EXPECT_EQ(item(longer)->labelHeight, sh);
+
+    // A narrower wrap measures every label again.
+    XtVaSetValues(s.desk, XmNmaxChars, 4, NULL);
+    EXPECT_EQ(item(exact)->labelHeight, 3 * h1);
+    XtVaSetValues(s.desk, XmNmaxChars, 12, NULL);
 
     // Selection counts are kept as given, twice selected counts twice.
     EXPECT_TRUE(XmPrjDeskSelectItem(s.desk, fig));

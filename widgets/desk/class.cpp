@@ -1,6 +1,7 @@
 // The desk list class: resources, the class record, and building, changing
 // and tearing down an instance.
 #include "widgets/desk/desk.h"
+#include "widgets/tree/tree.h"
 #include "frame/XmPrivate.h"
 
 #include <Xm/XmP.h>
@@ -8,7 +9,6 @@
 #include <Xm/PrimitiveP.h>
 #include <Xm/ScrolledW.h>
 
-#include <string>
 
 using namespace xwk::desk;
 
@@ -285,6 +285,19 @@ XtGeometryResult QueryGeometry(Widget w, XtWidgetGeometry *intended, XtWidgetGeo
     return XtGeometryYes;
 }
 
+// Labels are made and measured again, after a change of font or width.
+void MeasureAll(Widget w)
+{
+    for (XwkListNode *n = P(w).items->first; n; n = n->next) {
+        XmPrjDeskItem item = Item(n);
+        if (item->labelString)
+            XmStringFree(item->labelString);
+        item->labelString = nullptr;
+        MeasureItem(w, item);
+    }
+    ExtentsChanged(w);
+}
+
 Boolean SetValues(Widget old, Widget, Widget w, ArgList args, Cardinal *num_args)
 {
     XmPrjDeskPart &o = P(old);
@@ -297,31 +310,17 @@ Boolean SetValues(Widget old, Widget, Widget w, ArgList args, Cardinal *num_args
     }
     bool sizes = false, repaint = false;
     if (d.fontList != o.fontList) {
+        XmFontList fonts = d.fontList ? d.fontList : XmeGetDefaultRenderTable(w, XmLABEL_FONTLIST);
+        d.fontList = XmFontListCopy(fonts);
         if (o.fontList)
             XmFontListFree(o.fontList);
         ForgetFonts();
-        XmFontList fonts =
-            d.fontList ? d.fontList : XmeGetDefaultRenderTable(w, XmLABEL_FONTLIST);
-        d.fontList = XmFontListCopy(fonts);
-        for (XwkListNode *n = d.items->first; n; n = n->next) {
-            XmPrjDeskItem item = Item(n);
-            if (item->labelString)
-                XmStringFree(item->labelString);
-            item->labelString = nullptr;
-            MeasureItem(w, item);
-        }
-        ExtentsChanged(w);
+        MeasureAll(w);
+        for (Widget v : Views(w))
+            UpdateGCs(v);
         sizes = repaint = true;
-    }
-    if (d.maxChars != o.maxChars) {
-        for (XwkListNode *n = d.items->first; n; n = n->next) {
-            XmPrjDeskItem item = Item(n);
-            if (item->labelString)
-                XmStringFree(item->labelString);
-            item->labelString = nullptr;
-            MeasureItem(w, item);
-        }
-        ExtentsChanged(w);
+    } else if (d.maxChars != o.maxChars) {
+        MeasureAll(w);
         sizes = repaint = true;
     }
     auto *op = (XmPrimitiveWidget)old;
@@ -436,29 +435,9 @@ Widget XmCreateDeskList(Widget parent, String name, ArgList args, Cardinal argCo
     return XtCreateWidget(name, xmPrjDeskWidgetClass, parent, args, argCount);
 }
 
-static void DestroyWindowOfDesk(Widget, XtPointer client_data, XtPointer)
-{
-    auto sw = (Widget)client_data;
-    if (!sw->core.being_destroyed)
-        XtDestroyWidget(sw);
-}
-
 Widget XmCreateScrolledDeskList(Widget parent, String name, ArgList args, Cardinal argCount)
 {
-    std::string sw_name = std::string(name ? name : "") + "SW";
-    Arg own[4];
-    Cardinal n = 0;
-    XtSetArg(own[n], XmNscrollingPolicy, XmAPPLICATION_DEFINED); n++;
-    XtSetArg(own[n], XmNvisualPolicy, XmVARIABLE); n++;
-    XtSetArg(own[n], XmNscrollBarDisplayPolicy, XmSTATIC); n++;
-    XtSetArg(own[n], XmNshadowThickness, 0); n++;
-    ArgList merged = XtMergeArgLists(args, argCount, own, n);
-    Widget sw = XtCreateManagedWidget(sw_name.c_str(), xmScrolledWindowWidgetClass, parent, merged,
-                                      argCount + n);
-    XtFree((char *)merged);
-    Widget desk = XtCreateWidget(name, xmPrjDeskWidgetClass, sw, args, argCount);
-    XtAddCallback(desk, XmNdestroyCallback, DestroyWindowOfDesk, (XtPointer)sw);
-    return desk;
+    return xwk::tree::CreateInScrolledWindow(xmPrjDeskWidgetClass, parent, name, args, argCount);
 }
 
 }  // extern "C"

@@ -2,6 +2,7 @@
 // crossing, activation, help, the popup menu, the drag protocol of button
 // 1 and 2, and the translations and action table.
 #include "widgets/desk/desk.h"
+#include "widgets/tree/tree.h"
 #include "frame/XmPrivate.h"
 
 #include <Xm/XmP.h>
@@ -15,6 +16,8 @@
 #include <strings.h>
 
 using namespace xwk::desk;
+using xwk::tree::Btn1Transfer;
+using xwk::tree::OtherButtonDown;
 
 namespace {
 
@@ -148,22 +151,6 @@ void KbdKey(Widget w, char code, XEvent *event)
     RefreshSelected(w);
     if (moved)
         CallCurrent(w, m.selectionChanged, XmCR_SINGLE_SELECT, event);
-}
-
-XtEnum Btn1Transfer(Widget w)
-{
-    unsigned char value = 0;
-    Widget display = XmGetXmDisplay(XtDisplay(w));
-    if (display)
-        XtVaGetValues(display, XmNenableBtn1Transfer, &value, NULL);
-    return value;
-}
-
-bool OtherButtonDown(XEvent *event)
-{
-    unsigned state = event->xbutton.state;
-    unsigned own = Button1Mask << (event->xbutton.button - 1);
-    return (state & (Button1Mask | Button2Mask | Button3Mask | Button4Mask | Button5Mask)) & ~own;
 }
 
 void CancelDragTimer(Widget w)
