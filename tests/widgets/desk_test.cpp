@@ -571,4 +571,25 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
     EXPECT_EQ(XmPrjDeskGetDeskWidgetFromItem(added), s.desk);
 }
 
+// A clone cannot outlive its mother: it goes with her.
+TEST(DeskClones, GoWithTheirMother)
+{
+    Widget shell = XtVaCreatePopupShell("later", topLevelShellWidgetClass, xwktest::StartApp(),
+                                        XmNwidth, 200, XmNheight, 160, NULL);
+    {
+        Desk s(5);
+        Arg args[1];
+        XtSetArg(args[0], XmNmother, s.desk);
+        Widget clone = XmCreateScrolledDeskList(shell, (String) "view", args, 1);
+        XtManageChild(clone);
+        XtPopup(shell, XtGrabNone);
+        xwktest::Pump(100);
+        XmPrjDeskSetItem(clone, nullptr);
+    }
+    xwktest::Settle();
+    EXPECT_EQ(xwktest::FindWidget(shell, "view"), nullptr);
+    XtDestroyWidget(shell);
+    xwktest::Settle();
+}
+
 }  // namespace

@@ -387,9 +387,12 @@ void XmPrjDeskDeleteItem(Widget w, XmPrjDeskNode node)
         m.current = node->prev ? node->prev : node->next;
         m.selected = m.current ? Item(m.current)->userData : nullptr;
     }
+    // Only an item as large as the largest can lower the cell size.
     XmPrjDeskItem item = Item(node);
-    bool extreme = item->labelWidth >= S(Mother(w)).maxLabelWidth ||
-                   item->labelHeight >= S(Mother(w)).maxLabelHeight || item->icon;
+    State &s = S(Mother(w));
+    bool extreme = item->labelWidth >= s.maxLabelWidth || item->labelHeight >= s.maxLabelHeight ||
+                   (item->icon && (xwk::tree::IconWidth(item->icon) >= m.maxIconWidth ||
+                                   xwk::tree::IconHeight(item->icon) >= m.maxIconHeight));
     DeleteNode(w, node);
     if (extreme)
         ExtentsChanged(w);
