@@ -349,6 +349,35 @@ TEST(DeskInput, RubberBandSelectsTouchedItems)
     EXPECT_EQ(cap.Count(bg, gx, Inset(s.desk, false), 1, 2 * d.cellHeight), 2 * d.cellHeight);
 }
 
+TEST(DeskInput, RubberBandScrollsWhileOutside)
+{
+    Desk s(300, XmMULTIPLE_SELECT);
+    XmPrjDeskPart &d = Part(s.desk);
+    Display *dpy = XtDisplay(s.desk);
+    int rx, ry;
+    xwktest::RootPosition(s.desk, &rx, &ry);
+    xwktest::MovePointer(dpy, rx + Inset(s.desk, true) - 1, ry + Inset(s.desk, false) + 2);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    xwktest::Pump(30);
+    // The band is anchored where the first motion finds the pointer.
+    xwktest::MovePointer(dpy, rx + Inset(s.desk, true), ry + Inset(s.desk, false) + 3);
+    xwktest::Pump(30);
+    xwktest::MovePointer(dpy, rx + 40, ry + s.desk->core.height / 2);
+    xwktest::Pump(30);
+    xwktest::MovePointer(dpy, rx + 40, ry + s.desk->core.height + 30);
+    xwktest::PumpUntil([&] { return d.topRow >= 3; }, 3000);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    xwktest::Pump(60);
+    EXPECT_GE(d.topRow, 3);
+    int value = 0;
+    XtVaGetValues(d.scrollBar, XmNvalue, &value, NULL);
+    EXPECT_EQ(value, d.topRow);
+    // The band reaches from the first row to the rows scrolled in.
+    EXPECT_TRUE(s.IsSelected(0));
+    EXPECT_TRUE(s.IsSelected((d.topRow + d.visibleRows - 1) * d.columns));
+    EXPECT_EQ(d.autoScrollTimer, 0u);
+}
+
 TEST(DeskInput, KeysAndWheelScrollByRows)
 {
     Desk s(200);

@@ -253,6 +253,8 @@ void Resize(Widget w)
     S(w).inResize = true;
     GridOne(w);
     S(w).inResize = false;
+    if (XtIsRealized(w))
+        SetClips(w);
 }
 
 XtGeometryResult QueryGeometry(Widget w, XtWidgetGeometry *intended, XtWidgetGeometry *preferred)

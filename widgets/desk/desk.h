@@ -97,6 +97,8 @@ bool KeepVisible(Widget view, bool scroll);
 void CreateGCs(Widget view);
 void FreeGCs(Widget view);
 void UpdateGCs(Widget view);
+// Item drawing keeps inside the border, whatever the widget's size.
+void SetClips(Widget view);
 void Repaint(Widget view, int x, int y, int width, int height);
 void RepaintView(Widget view, bool clear);
 void RepaintAll(Widget w, bool clear);

@@ -91,25 +91,6 @@ void SetGCValues(Widget view)
     XSetBackground(dpy, d.xorGC, fg);
 }
 
-// Item drawing keeps inside the border; the band and the border itself
-// use contexts of their own.
-void SetClips(Widget view)
-{
-    XmPrjDeskPart &d = P(view);
-    if (!d.textGC)
-        return;
-    int shadow = Shadow(view);
-    XRectangle inside;
-    inside.x = (short)shadow;
-    inside.y = (short)shadow;
-    inside.width = (unsigned short)std::max(0, (int)view->core.width - 2 * shadow);
-    inside.height = (unsigned short)std::max(0, (int)view->core.height - 2 * shadow);
-    Display *dpy = XtDisplay(view);
-    for (GC gc : {d.backgroundGC, d.textGC, d.activeFillGC, d.activeTextGC, d.inactiveFillGC,
-                  d.inactiveTextGC, d.frameOnGC, d.frameOffGC, d.topShadowGC, d.bottomShadowGC})
-        XSetClipRectangles(dpy, gc, 0, 0, &inside, 1, YXBanded);
-}
-
 XFontStruct *DefaultFont(Widget view)
 {
     XFontStruct *font = nullptr;
@@ -203,6 +184,25 @@ void RepaintTimer(XtPointer closure, XtIntervalId *)
 }  // namespace
 
 namespace xwk::desk {
+
+// Item drawing keeps inside the border; the band and the border itself
+// use contexts of their own.
+void SetClips(Widget view)
+{
+    XmPrjDeskPart &d = P(view);
+    if (!d.textGC)
+        return;
+    int shadow = Shadow(view);
+    XRectangle inside;
+    inside.x = (short)shadow;
+    inside.y = (short)shadow;
+    inside.width = (unsigned short)std::max(0, (int)view->core.width - 2 * shadow);
+    inside.height = (unsigned short)std::max(0, (int)view->core.height - 2 * shadow);
+    Display *dpy = XtDisplay(view);
+    for (GC gc : {d.backgroundGC, d.textGC, d.activeFillGC, d.activeTextGC, d.inactiveFillGC,
+                  d.inactiveTextGC, d.frameOnGC, d.frameOffGC, d.topShadowGC, d.bottomShadowGC})
+        XSetClipRectangles(dpy, gc, 0, 0, &inside, 1, YXBanded);
+}
 
 void CreateGCs(Widget view)
 {
