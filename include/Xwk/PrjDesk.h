@@ -193,7 +193,7 @@ Widget XmCreateScrolledDeskList(Widget parent, String name, ArgList args, Cardin
  * \param icon the icon, borrowed; NULL for none.
  * \param userData the item's client data.
  * \return the item's node; NULL for a widget of another class. */
-XmPrjDeskNode XmPrjDeskAddItem(Widget w, char *label, struct _XwkIcon *icon, XtPointer userData);
+XmPrjDeskNode XmPrjDeskAddItem(Widget w, const char *label, struct _XwkIcon *icon, XtPointer userData);
 /** Gives an item a new label, a new icon or both, and sorts again with
  * XmNsortItems when the label changed.
  * \param w the desk.
@@ -201,7 +201,7 @@ XmPrjDeskNode XmPrjDeskAddItem(Widget w, char *label, struct _XwkIcon *icon, XtP
  * \param icon the new icon, borrowed; NULL keeps the old one.
  * \param node the item.
  * \return 1; 0 when \p node is NULL or both \p label and \p icon are. */
-Boolean XmPrjDeskRenameItem(Widget w, char *label, struct _XwkIcon *icon, XmPrjDeskNode node);
+Boolean XmPrjDeskRenameItem(Widget w, const char *label, struct _XwkIcon *icon, XmPrjDeskNode node);
 /** Deletes an item.  The current item moves to the previous item, or to
  * the next when it was the first.  The item's delete procedure runs.
  * \param w the desk.

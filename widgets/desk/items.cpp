@@ -315,7 +315,7 @@ void Sort(Widget w)
 
 extern "C" {
 
-XmPrjDeskNode XmPrjDeskAddItem(Widget w, char *label, XwkIcon *icon, XtPointer userData)
+XmPrjDeskNode XmPrjDeskAddItem(Widget w, const char *label, XwkIcon *icon, XtPointer userData)
 {
     if (!IsDesk(w) || !Alive(w) || !M(w).items)
         return nullptr;
@@ -351,7 +351,7 @@ XmPrjDeskNode XmPrjDeskAddItem(Widget w, char *label, XwkIcon *icon, XtPointer u
     return node;
 }
 
-Boolean XmPrjDeskRenameItem(Widget w, char *label, XwkIcon *icon, XmPrjDeskNode node)
+Boolean XmPrjDeskRenameItem(Widget w, const char *label, XwkIcon *icon, XmPrjDeskNode node)
 {
     if (!IsDesk(w) || !Alive(w) || !node || (!label && !icon) || !Item(node))
         return 0;
