@@ -590,6 +590,17 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
     EXPECT_EQ(XmPrjDeskGetSelectedItem(s.desk), added);
     EXPECT_GT(Part(clone).topRow, 0);
     EXPECT_EQ(Part(s.desk).topRow, 0);
+    // Resources set on a clone are its mother's, and size every desk.
+    Dimension width = Part(clone).cellWidth;
+    XtVaSetValues(clone, XmNhPad, 12, NULL);
+    EXPECT_EQ(Part(s.desk).hPad, 12);
+    EXPECT_EQ(Part(clone).cellWidth, width + 10);
+    EXPECT_EQ(Part(s.desk).cellWidth, width + 10);
+    int x = -1, y = -1;
+    EXPECT_EQ(XmPrjDeskSetOrigins(s.desk, 0, 2), 1);
+    EXPECT_EQ(XmPrjDeskGetOrigins(s.desk, &x, &y), 1);
+    EXPECT_EQ(x, 0);
+    EXPECT_EQ(y, 2);
     xwktest::Pump(100);
     xwktest::Capture cap(clone);
     EXPECT_GT(cap.Count(0xff0000, 0, 0, cap.width(), cap.height()), 16 * 16);
