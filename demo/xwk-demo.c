@@ -49,6 +49,7 @@ static const struct {
     {"Folder", demo_page_folder},
     {"Tool bars and menus", demo_page_bars},
     {"Family windows", demo_page_windows},
+    {"Desk list", demo_page_desklist},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 

@@ -62,3 +62,14 @@ extern "C" {
 XmWidgetExtData _XmGetWidgetExtData(Widget w, unsigned char extType);
 
 }
+
+// --- desk list ---
+extern "C" {
+
+void _XmPrimitiveFocusIn(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveFocusOut(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveEnter(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveLeave(Widget w, XEvent *event, String *params, Cardinal *num_params);
+void _XmPrimitiveHelp(Widget w, XEvent *event, String *params, Cardinal *num_params);
+
+}

@@ -32,5 +32,6 @@
 #include <Xwk/Folder.h>
 #include <Xwk/Bars.h>
 #include <Xwk/Windows.h>
+#include <Xwk/PrjDesk.h>
 
 #endif

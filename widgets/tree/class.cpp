@@ -806,14 +806,28 @@ Widget XmCreateTreeList(Widget parent, String name, ArgList args, Cardinal argCo
     return XtCreateWidget(name, xmPrjTreeWidgetClass, parent, args, argCount);
 }
 
-static void DestroyWindowOfList(Widget, XtPointer client_data, XtPointer)
+Widget XmCreateScrolledTreeList(Widget parent, String name, ArgList args, Cardinal argCount)
+{
+    return CreateInScrolledWindow(xmPrjTreeWidgetClass, parent, name, args, argCount);
+}
+
+}  // extern "C"
+
+namespace xwk::tree {
+
+namespace {
+
+void DestroyWindowOfList(Widget, XtPointer client_data, XtPointer)
 {
     auto sw = (Widget)client_data;
     if (!sw->core.being_destroyed)
         XtDestroyWidget(sw);
 }
 
-Widget XmCreateScrolledTreeList(Widget parent, String name, ArgList args, Cardinal argCount)
+}  // namespace
+
+Widget CreateInScrolledWindow(WidgetClass widget_class, Widget parent, String name, ArgList args,
+                              Cardinal argCount)
 {
     std::string sw_name = std::string(name ? name : "") + "SW";
     Arg own[4];
@@ -826,14 +840,10 @@ Widget XmCreateScrolledTreeList(Widget parent, String name, ArgList args, Cardin
     Widget sw = XtCreateManagedWidget(sw_name.c_str(), xmScrolledWindowWidgetClass, parent, merged,
                                       argCount + n);
     XtFree((char *)merged);
-    Widget tree = XtCreateWidget(name, xmPrjTreeWidgetClass, sw, args, argCount);
-    XtAddCallback(tree, XmNdestroyCallback, DestroyWindowOfList, (XtPointer)sw);
-    return tree;
+    Widget list = XtCreateWidget(name, widget_class, sw, args, argCount);
+    XtAddCallback(list, XmNdestroyCallback, DestroyWindowOfList, (XtPointer)sw);
+    return list;
 }
-
-}  // extern "C"
-
-namespace xwk::tree {
 
 bool IsTree(Widget w)
 {

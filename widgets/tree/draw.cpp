@@ -111,19 +111,7 @@ void DrawIcon(Widget view, XwkIcon *icon, int x, int y, bool through_mask, int x
         XSetClipMask(dpy, v.pixmapGC, None);
         return;
     }
-    if (!icon->composed) {
-        // Composited once over the background; later paints are one copy.
-        int iw = IconWidth(icon), ih = IconHeight(icon);
-        Pixmap p = XCreatePixmap(dpy, win, iw, ih, view->core.depth);
-        XSetClipMask(dpy, v.pixmapGC, None);
-        XFillRectangle(dpy, p, v.pixmapGC, 0, 0, iw, ih);
-        XSetClipOrigin(dpy, v.pixmapGC, 0, 0);
-        XSetClipMask(dpy, v.pixmapGC, icon->mask);
-        XCopyArea(dpy, icon->pixmap, p, v.pixmapGC, 0, 0, iw, ih, 0, 0);
-        XSetClipMask(dpy, v.pixmapGC, None);
-        icon->composed = p;
-    }
-    XCopyArea(dpy, icon->composed, win, v.textGC, 0, 0, w, h, x, y);
+    XCopyArea(dpy, ComposedIcon(view, v.pixmapGC, icon), win, v.textGC, 0, 0, w, h, x, y);
 }
 
 void DrawTrunk(Widget view, XwkTreeNode *node, int y, XwkIcon *shown_icon)
@@ -176,6 +164,24 @@ void DrawTrunk(Widget view, XwkTreeNode *node, int y, XwkIcon *shown_icon)
 }  // namespace
 
 namespace xwk::tree {
+
+Pixmap ComposedIcon(Widget view, GC gc, XwkIcon *icon)
+{
+    if (icon->composed || !icon->mask)
+        return icon->composed ? icon->composed : icon->pixmap;
+    // Composited once over the background; later paints are one copy.
+    Display *dpy = XtDisplay(view);
+    int iw = IconWidth(icon), ih = IconHeight(icon);
+    Pixmap p = XCreatePixmap(dpy, XtWindow(view), iw, ih, view->core.depth);
+    XSetClipMask(dpy, gc, None);
+    XFillRectangle(dpy, p, gc, 0, 0, iw, ih);
+    XSetClipOrigin(dpy, gc, 0, 0);
+    XSetClipMask(dpy, gc, icon->mask);
+    XCopyArea(dpy, icon->pixmap, p, gc, 0, 0, iw, ih, 0, 0);
+    XSetClipMask(dpy, gc, None);
+    icon->composed = p;
+    return p;
+}
 
 void PaintRow(Widget view, XwkTreeNode *node)
 {

@@ -114,12 +114,13 @@ struct FontWidths {
     const XFontStruct *font = nullptr;
     int width[128] = {};
 };
-
-// The width of plain text (printable ASCII) in the font, as XTextWidth
-// would give it; -1 for any other text.
 FontWidths widths;
 
-int PlainTextWidth(XFontStruct *font, const char *text)
+}  // namespace
+
+namespace xwk::tree {
+
+int PlainTextWidth(XFontStruct *font, const char *text, int length)
 {
     if (widths.font != font) {
         for (int c = 0; c < 128; c++) {
@@ -129,17 +130,13 @@ int PlainTextWidth(XFontStruct *font, const char *text)
         widths.font = font;
     }
     int sum = 0;
-    for (const unsigned char *p = (const unsigned char *)text; *p; p++) {
+    for (const unsigned char *p = (const unsigned char *)text; length < 0 ? *p : length-- > 0; p++) {
         if (*p < 0x20 || *p >= 0x7f)
             return -1;
         sum += widths.width[*p];
     }
     return sum;
 }
-
-}  // namespace
-
-namespace xwk::tree {
 
 void ForgetFonts()
 {

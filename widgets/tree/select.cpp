@@ -507,13 +507,6 @@ void StartDrag(Widget w, XEvent *event)
                       cell_type);
 }
 
-bool OtherButtonDown(XEvent *event)
-{
-    unsigned state = event->xbutton.state;
-    unsigned own = Button1Mask << (event->xbutton.button - 1);
-    return (state & (Button1Mask | Button2Mask | Button3Mask | Button4Mask | Button5Mask)) & ~own;
-}
-
 void CancelDragTimer(Widget w)
 {
     XmPrjTreePart &m = M(w);
@@ -550,15 +543,6 @@ void RunSaved(Widget w)
         Cardinal zero = 0;
         m.dragAction(w, &saved, nullptr, &zero);
     }
-}
-
-XtEnum Btn1Transfer(Widget w)
-{
-    unsigned char value = 0;
-    Widget display = XmGetXmDisplay(XtDisplay(w));
-    if (display)
-        XtVaGetValues(display, XmNenableBtn1Transfer, &value, NULL);
-    return value;
 }
 
 XtActionProc FindAction(const char *name);
@@ -850,6 +834,23 @@ void XmPrjTreeShadowUnhighlight(Widget w)
 }  // extern "C"
 
 namespace xwk::tree {
+
+XtEnum Btn1Transfer(Widget w)
+{
+    unsigned char value = 0;
+    Widget display = XmGetXmDisplay(XtDisplay(w));
+    if (display)
+        XtVaGetValues(display, XmNenableBtn1Transfer, &value, NULL);
+    return value;
+}
+
+bool OtherButtonDown(XEvent *event)
+{
+    unsigned state = event->xbutton.state;
+    unsigned own = Button1Mask << (event->xbutton.button - 1);
+    return (state & (Button1Mask | Button2Mask | Button3Mask | Button4Mask | Button5Mask)) & ~own;
+}
+
 void TreeKbdKey(Widget, XEvent *, String *, Cardinal *);
 void TreeCellKbdKey(Widget, XEvent *, String *, Cardinal *);
 void TreeScroll(Widget, XEvent *, String *, Cardinal *);

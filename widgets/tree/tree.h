@@ -12,6 +12,12 @@ namespace xwk::tree {
 inline XmPrjTreePart &P(Widget w) { return ((XmPrjTreeWidget)w)->tree; }
 inline XmPrjTreeItem Item(XwkTreeNode *node) { return node ? (XmPrjTreeItem)node->data : nullptr; }
 bool IsTree(Widget w);
+// A managed scrolled window named name + "SW", with application-defined
+// scrolling, and in it an unmanaged list widget of the class that takes the
+// window down with it; the scrolled creators of the tree list and of the
+// desk list.
+Widget CreateInScrolledWindow(WidgetClass widget_class, Widget parent, String name, ArgList args,
+                              Cardinal argCount);
 // The view that holds the rows; the widget itself when it is no clone.
 inline Widget Mother(Widget w)
 {
@@ -182,9 +188,18 @@ int IconHeight(const XwkIcon *icon);
 void FindFont(Widget view);
 // Font lists and fonts may go: the lookups cached on them start again.
 void ForgetFonts();
+// The width of plain text (printable ASCII) in a core font, as XTextWidth
+// gives it, from a table of the font's character widths; -1 for any other
+// text.  A negative length reads up to the terminating zero.  The desk list
+// measures its labels with it too.
+int PlainTextWidth(XFontStruct *font, const char *text, int length = -1);
 void ApplyVisibleLines(Widget view);
 
 // Drawing (draw.cpp).
+// The icon over the background that gc fills with, made once and cached in
+// the icon record (the desk list draws its icons with it too); the pixmap
+// itself for an icon without a mask.  Leaves gc without a clip.
+Pixmap ComposedIcon(Widget view, GC gc, XwkIcon *icon);
 void PaintRow(Widget view, XwkTreeNode *node);
 void Repaint(Widget view, int x, int y, int width, int height);
 void RepaintAll(Widget w, bool clear);
@@ -223,6 +238,12 @@ void DefaultAction(Widget view, XwkTreeNode *node, int part, XEvent *event, int 
                    int cell_type);
 void ToggleAndRelayout(Widget view, XwkTreeNode *node);
 void SetCurrent(Widget w, XwkTreeNode *node);
+
+// Button 1 transfer of the display (XmNenableBtn1Transfer), shared with the
+// desk list's drag gesture, and whether a button other than the event's own
+// is down.
+XtEnum Btn1Transfer(Widget w);
+bool OtherButtonDown(XEvent *event);
 
 // Actions (select.cpp, keys.cpp).
 extern XtActionsRec actions[18];
