@@ -140,6 +140,12 @@ typedef struct _XmPrjTreeColumnRec {
     int comboCount;             /**< number of \c comboItems */
 } XmPrjTreeColumnRec;
 
+/** The button of a title item: its procedure and data. */
+typedef struct _XmPrjTreeTitleButtonRec {
+    XmPrjTreeTitleButtonProc proc;  /**< called when the button is clicked */
+    XtPointer data;                 /**< passed to \c proc */
+} XmPrjTreeTitleButtonRec;
+
 /** The state of a title bar, one per list. */
 typedef struct _XmPrjTreeTitleRec {
     short arrowLeftX,           /**< x of the left scroll arrow, also the right limit of the columns */

@@ -86,7 +86,9 @@ int AreaBottom(Widget view)
            P(view).highlightThickness;
 }
 
-void DrawIcon(Widget view, XwkIcon *icon, int x, int y, bool through_mask, int x_limit)
+}  // namespace
+
+void xwk::tree::DrawIcon(Widget view, XwkIcon *icon, int x, int y, bool through_mask, int x_limit)
 {
     if (!icon || !icon->pixmap)
         return;
@@ -125,6 +127,8 @@ void DrawIcon(Widget view, XwkIcon *icon, int x, int y, bool through_mask, int x
     }
     XCopyArea(dpy, icon->composed, win, v.textGC, 0, 0, w, h, x, y);
 }
+
+namespace {
 
 void DrawTrunk(Widget view, XwkTreeNode *node, int y, XwkIcon *shown_icon)
 {
@@ -243,7 +247,9 @@ void PaintRow(Widget view, XwkTreeNode *node)
         text = v.textGC;
     else
         text = v.hasFocus ? v.activeTextGC : v.inactiveTextGC;
-    XmString s = RowString(view, node);
+    XmString s = table ? nullptr : RowString(view, node);
+    if (table)
+        PaintCells(view, node, y, text);
     if (s) {
         Pixel fg = ((XmManagerWidget)view)->manager.foreground;
         Pixel own = ForegroundOf(view, item);
@@ -306,6 +312,9 @@ void Repaint(Widget view, int x, int y, int width, int height)
         if (HasRelayoutPending(view))
             return;
     }
+    if (m.title)
+        LayOutColumns(view);
+    HideEditorOffPage(view);
     RedrawBorder(view);
     SetClips(view, x, y, width, height);
     v.flags |= XmTREE_IN_EXPOSE;

@@ -389,7 +389,7 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
         layout |= XmTREE_ITEM_HAS_ICON;
     if (m.canSlam)
         layout |= XmTREE_ITEM_HAS_ELEMENT;
-    if (w != mw || (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW))
+    if (w != mw || (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW) || TableMode(w))
         layout |= XmTREE_ITEM_HAS_EXT;
     XmPrjTreeItem item = NewItem(label, layout);
     XwkTreeNode *node = LinkRow(mw, parent, item);
@@ -417,7 +417,12 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
     else if (slamState < 0 || slamState > XmSLAM_NONE)
         slamState = XmSLAM_UNDEFINED;
     item->slamState = (unsigned char)slamState;
-    MeasureItem(w, item);
+    if (TableMode(w)) {
+        ParseCells(w, node, true);
+        item = Item(node);
+    } else {
+        MeasureItem(w, item);
+    }
     if (v.flags & XmTREE_SIMPLE_ADD)
         GrowForItem(w, item);
 
