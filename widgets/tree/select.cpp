@@ -267,7 +267,7 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
             v.lastClickNode = nullptr;
         return;
     }
-    if (node && column >= 1 && Editable(cell_type)) {
+    if (node && column >= 1) {
         unsigned long stamp = Stamp(w);
         if (ActivateCell(w, node, column, event) || !Alive(w) || !Live(w, node, stamp))
             return;
