@@ -127,6 +127,9 @@ struct State {
         int x, width;
     };
     std::vector<Shown> shown;
+    // The view through which rows are being deleted: deleteCallback is
+    // raised on it.
+    Widget deleting = nullptr;
 };
 constexpr int kStride = 32;
 State &S(Widget w);
