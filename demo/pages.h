@@ -9,5 +9,6 @@ Widget demo_page_colours(Widget parent);
 Widget demo_page_companions(Widget parent);
 Widget demo_page_treelist(Widget parent);
 Widget demo_page_dialogs(Widget parent);
+Widget demo_page_tables(Widget parent);
 
 #endif

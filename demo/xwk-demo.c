@@ -36,6 +36,7 @@ static const struct {
     {"Combo boxes and panes", demo_page_companions},
     {"Dialogs", demo_page_dialogs},
     {"Tree list", demo_page_treelist},
+    {"Tables", demo_page_tables},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 

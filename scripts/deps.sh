@@ -3,7 +3,7 @@
 set -eu
 packages="build-essential cmake pkg-config libmotif-dev libxt-dev libxpm-dev libxtst-dev
 libx11-dev libpng-dev zlib1g-dev libglib2.0-dev xvfb xauth googletest libgtest-dev libgmock-dev
-libbenchmark-dev imagemagick clang libclang-rt-14-dev mwm openbox"
+libbenchmark-dev imagemagick clang libclang-rt-14-dev mwm openbox libgtk-3-dev"
 missing=""
 for p in $packages; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing="$missing $p"

@@ -67,7 +67,7 @@ void SetCellText(Widget w, XwkTreeNode *node, XmPrjTreeCellRec *cell, const char
     MeasureText(w, cell->text, CharsetOf(w, Item(node)), &cell->width, &cell->height);
 }
 
-void GrowRow(Widget w, XwkTreeNode *node, XmPrjTreeCellRec *cell)
+void GrowRow(XwkTreeNode *node, XmPrjTreeCellRec *cell)
 {
     XmPrjTreeItem item = Item(node);
     if (cell->width > item->width)
@@ -485,7 +485,7 @@ int XmPrjTreeSetColumnItem(Widget w, XmPrjTreeNode node, int column, int type, i
             XmTextSetString(XwkComboBoxGetText(m.cellActive), value ? (char *)value : (char *)"");
         break;
     }
-    GrowRow(w, node, cell);
+    GrowRow(node, cell);
     CellChanged(w, node);
     return 1;
 }
@@ -507,7 +507,7 @@ int XmPrjTreeSetColumnLabel(Widget w, XmPrjTreeNode node, int column, const char
         cell->text = XtNewString(text ? text : "");
     } else {
         SetCellText(w, node, cell, text);
-        GrowRow(w, node, cell);
+        GrowRow(node, cell);
     }
     if (IsActiveCell(w, node, column)) {
         Widget e = m.cellActive;
@@ -560,7 +560,7 @@ int XmPrjTreeSetColumnIcon(Widget w, XmPrjTreeNode node, int column, XwkIcon *ic
     cell->icon = icon;
     cell->width = (Dimension)IconWidth(icon);
     cell->height = (Dimension)IconHeight(icon);
-    GrowRow(w, node, cell);
+    GrowRow(node, cell);
     CellChanged(w, node);
     return 1;
 }

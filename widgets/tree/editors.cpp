@@ -276,13 +276,16 @@ namespace xwk::tree {
 Widget MakeEditor(Widget view, int kind)
 {
     XmPrjTreePart &v = P(view);
-    Arg args[4];
+    Arg args[6];
     Cardinal n = 0;
     switch (kind) {
     case 0:
         if (!v.cellTextField) {
+            // The field fits a row: no room is lost to margins and frame.
             XtSetArg(args[n], XmNeditMode, XmSINGLE_LINE_EDIT); n++;
             XtSetArg(args[n], XmNshadowThickness, 0); n++;
+            XtSetArg(args[n], XmNmarginHeight, 0); n++;
+            XtSetArg(args[n], XmNhighlightThickness, 1); n++;
             v.cellTextField = XmCreateText(view, (String) "cellTextField", args, n);
             XtOverrideTranslations(v.cellTextField, Parsed(cell_keys));
             XtOverrideTranslations(v.cellTextField, Parsed(text_arrows));
