@@ -298,3 +298,97 @@ TEST(TreeCells, ClonesStayInStep)
 }
 
 }  // namespace
+
+namespace {
+
+TEST(TreeCells, ColumnHiddenWhileEdited)
+{
+    // A column hidden while its cell is edited: the edit is kept, the editor goes.
+    Sheet s;
+    XmPrjTreeNode a = s.Add("a1|a2|a3");
+    s.Up();
+    s.ClickCell(a, 2);
+    ASSERT_EQ(s.Column(), 2);
+    xwktest::TypeText(XtDisplay(s.tree), "Z");
+    xwktest::Pump(100);
+    XmPrjTreeHideColumn(s.tree, 2);
+    xwktest::Pump(100);
+    EXPECT_FALSE(XtIsManaged(s.Editor()));
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, a, 2), "a2Z");
+}
+
+int drags = 0;
+void Nothing(Widget, XtPointer, XtPointer) { drags++; }
+
+TEST(TreeCells, OpenPointsOfClones)
+{
+    // canSlam turned on later brings the built-in state icons.
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("slam", topLevelShellWidgetClass, app, NULL);
+    Widget box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
+    Arg lines[2];
+    XtSetArg(lines[0], XmNheight, 60);
+    XtSetArg(lines[1], XmNwidth, 200);
+    Widget mother = XmCreateScrolledTreeList(box, (String) "mother", lines, 2);
+    XwkIcon *fruitless = nullptr, *open = nullptr, *closed = nullptr;
+    XmPrjTreeGetDefaultItemAttributes(mother, &fruitless, &open, &closed);
+    EXPECT_EQ(open, nullptr);
+    XtVaSetValues(mother, XmNcanSlam, True, NULL);
+    XmPrjTreeGetDefaultItemAttributes(mother, &fruitless, &open, &closed);
+    EXPECT_NE(open, nullptr);
+    EXPECT_NE(closed, nullptr);
+    EXPECT_NE(fruitless, nullptr);
+    // A drag timer armed in a clone goes with the clone.
+    Arg args[3];
+    XtSetArg(args[0], XmNmother, mother);
+    XtSetArg(args[1], XmNheight, 60);
+    XtSetArg(args[2], XmNwidth, 200);
+    Widget clone = XmCreateScrolledTreeList(box, (String) "clone", args, 3);
+    XtAddCallback(mother, XmNstartDragCallback, Nothing, nullptr);
+    XmPrjTreeAddSimpleItem(mother, "the first row, wide enough to press on", nullptr);
+    XmPrjTreeAddSimpleItem(mother, "the second row", nullptr);
+    XtManageChild(mother);
+    XtManageChild(clone);
+    XtPopup(shell, XtGrabNone);
+    xwktest::WaitViewable(clone);
+    xwktest::Pump(200);
+    Widget display = XmGetXmDisplay(XtDisplay(clone));
+    XtVaSetValues(display, XmNenableBtn1Transfer, XmBUTTON2_TRANSFER, NULL);
+    Display *dpy = XtDisplay(clone);
+    int x, y;
+    xwktest::RootPosition(clone, &x, &y);
+    XmPrjTreePart &m = Part(mother);
+    int row_y = m.treeMarginHeight + 2 + m.rowHeight / 2, label_x = 0;
+    while (label_x < clone->core.width &&
+           !XmPrjTreeWhichNode(XmTREE_PART_LABEL, label_x, row_y, clone))
+        label_x++;
+    label_x += 2;
+    xwktest::Click(clone, label_x, row_y);
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 100);
+    xwktest::MovePointer(dpy, x + label_x, y + row_y);
+    xwktest::Pump(50);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XFlush(dpy);
+    // Only the press: the timer that tells a drag from a click is armed.
+    XSync(dpy, False);
+    while (!m.dragTimer && XtAppPending(xwktest::App()) & XtIMXEvent)
+        XtAppProcessEvent(xwktest::App(), XtIMXEvent);
+    ASSERT_NE(m.dragTimer, 0u);
+    XtDestroyWidget(XtParent(clone));
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 200);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    xwktest::Pump(100);
+    EXPECT_EQ(m.dragTimer, 0u);
+    EXPECT_EQ(drags, 0);
+    XtVaSetValues(display, XmNenableBtn1Transfer, XmOFF, NULL);
+    // The mother goes first: her clones go with her.
+    Widget second = XmCreateScrolledTreeList(box, (String) "second", args, 3);
+    XtManageChild(second);
+    xwktest::Pump(100);
+    XtDestroyWidget(XtParent(mother));
+    xwktest::Pump(100);
+    XtDestroyWidget(shell);
+    xwktest::Pump(50);
+}
+
+}  // namespace
