@@ -231,7 +231,7 @@ void ParseCells(Widget w, XwkTreeNode *node, bool first)
             cell->alignment = column->cellAlignment == -1 ? (signed char)column->alignment
                                                           : column->cellAlignment;
         cell->column = p;
-        cell->columnRec = ColumnByNumber(w, p);
+        cell->columnRec = column;
         cell->combo = ComboType(cell->type);
     }
     if (!item->height)
