@@ -115,10 +115,13 @@ struct Table {
     }
 };
 
+// The table being sorted, as an application knows it.
+Widget sorting;
+
 int NumericSort(const void *a, const void *b)
 {
     XmPrjTreeNode na = *(XmPrjTreeNode const *)a, nb = *(XmPrjTreeNode const *)b;
-    Widget w = XmPrjTreeGetTreeWidgetFromItem(na);
+    Widget w = sorting;
     long x = atol(XmPrjTreeGetColumnLabel(w, na, 2)), y = atol(XmPrjTreeGetColumnLabel(w, nb, 2));
     return x < y ? -1 : x > y;
 }
@@ -134,6 +137,7 @@ void SortTable(Widget tree)
 {
     XtVaSetValues(tree, XmNsortColumn, 1, XmNsortProc, XmPrjTreeDefaultSortProc, NULL);
     XmPrjTreeSortItems(tree, False);
+    sorting = tree;
     XtVaSetValues(tree, XmNsortColumn, 2, XmNsortProc, NumericSort, NULL);
     XmPrjTreeSortItems(tree, False);
 }

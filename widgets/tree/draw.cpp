@@ -266,6 +266,12 @@ void PaintRow(Widget view, XwkTreeNode *node)
     if (selected && v.selectedIcon && m.selectionPolicy != XmMULTIPLE_SELECT)
         icon = v.selectedIcon;
     int level = (int)node->level;
+    // In a table icon and trunk belong to the first column: scrolled off
+    // or hidden, it takes them along.
+    bool lead = !table || (m.title && m.columns && m.title->firstColumn == m.columns->first &&
+                           ColumnOf(m.columns->first)->number > 0);
+    if (!lead)
+        icon = nullptr;
     if (icon && m.iconWidth) {
         int ix = IconX(view, level) + (m.iconWidth - IconWidth(icon)) / 2;
         int iy = y + (m.rowHeight - IconHeight(icon)) / 2;
@@ -273,7 +279,7 @@ void PaintRow(Widget view, XwkTreeNode *node)
     }
     if (m.highlightedNode == node && m.highlightedWidget == view && ht && !spreadsheet)
         _XmDrawHighlight(dpy, win, v.highlightGC, fx, fy, fw, fh, ht, LineSolid);
-    if (m.canSlam) {
+    if (m.canSlam && lead) {
         XwkIcon *state = StateIconOf(view, node);
         XwkIcon *fruitless = m.slamPolicy == XmSLAM_PER_ROW
                                  ? (ExtOf(item) ? ExtOf(item)->fruitlessIcon : nullptr)
@@ -285,7 +291,7 @@ void PaintRow(Widget view, XwkTreeNode *node)
             DrawIcon(view, state, sx, y + (m.rowHeight - IconHeight(state)) / 2, true, 0);
         }
     }
-    if (m.treeTrunkDrawing)
+    if (m.treeTrunkDrawing && lead)
         DrawTrunk(view, node, y, icon);
     if (v.showGrid && v.gridGC)
         XFillRectangle(dpy, win, v.gridGC, Shadow(view), y + m.rowHeight - 1,

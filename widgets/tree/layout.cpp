@@ -894,6 +894,21 @@ void XmPrjTreeGetPreferedSize(Widget w, Dimension *width, Dimension *height)
         for (XwkListNode *e = m.visibleList->first; e; e = e->next)
             deepest = std::max(deepest, ((XwkTreeNode *)e->data)->level);
         *width = (Dimension)((IndentSlot(w) + m.hIconPad) * (int)deepest + base);
+    } else if (m.title && m.columns) {
+        int children = (int)((CompositeWidget)w)->composite.num_children;
+        int sum = base;
+        bool first = true;
+        XwkListNode *start = m.title->firstColumn ? m.title->firstColumn : m.columns->first;
+        for (XwkListNode *e = start; e; e = e->next) {
+            XmPrjTreeColumnRec *c = ColumnOf(e);
+            if (c->number < 0)
+                continue;
+            sum += c->width + gap;
+            if (!first)
+                sum += gap + children;
+            first = false;
+        }
+        *width = (Dimension)std::min(sum, 0xffff);
     } else {
         *width = pw;
     }
