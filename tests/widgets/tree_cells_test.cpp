@@ -324,12 +324,18 @@ TEST(TreeCells, OpenPointsOfClones)
 {
     // canSlam turned on later brings the built-in state icons.
     Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("slam", topLevelShellWidgetClass, app, NULL);
-    Widget box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
+    // Each view in a shell of its own: Motif's row column leaks a little
+    // when a child of it is destroyed.
+    Widget shell = XtVaCreatePopupShell("slam", topLevelShellWidgetClass, app, XmNwidth, 240,
+                                        XmNheight, 100, NULL);
+    Widget clone_shell = XtVaCreatePopupShell("clone", topLevelShellWidgetClass, app, XmNy, 150,
+                                              XmNwidth, 240, XmNheight, 100, NULL);
+    Widget second_shell = XtVaCreatePopupShell("second", topLevelShellWidgetClass, app, XmNy, 300,
+                                               XmNwidth, 240, XmNheight, 100, NULL);
     Arg lines[2];
     XtSetArg(lines[0], XmNheight, 60);
     XtSetArg(lines[1], XmNwidth, 200);
-    Widget mother = XmCreateScrolledTreeList(box, (String) "mother", lines, 2);
+    Widget mother = XmCreateScrolledTreeList(shell, (String) "mother", lines, 2);
     XwkIcon *fruitless = nullptr, *open = nullptr, *closed = nullptr;
     XmPrjTreeGetDefaultItemAttributes(mother, &fruitless, &open, &closed);
     EXPECT_EQ(open, nullptr);
@@ -343,13 +349,14 @@ TEST(TreeCells, OpenPointsOfClones)
     XtSetArg(args[0], XmNmother, mother);
     XtSetArg(args[1], XmNheight, 60);
     XtSetArg(args[2], XmNwidth, 200);
-    Widget clone = XmCreateScrolledTreeList(box, (String) "clone", args, 3);
+    Widget clone = XmCreateScrolledTreeList(clone_shell, (String) "clone", args, 3);
     XtAddCallback(mother, XmNstartDragCallback, Nothing, nullptr);
     XmPrjTreeAddSimpleItem(mother, "the first row, wide enough to press on", nullptr);
     XmPrjTreeAddSimpleItem(mother, "the second row", nullptr);
     XtManageChild(mother);
     XtManageChild(clone);
     XtPopup(shell, XtGrabNone);
+    XtPopup(clone_shell, XtGrabNone);
     xwktest::WaitViewable(clone);
     xwktest::Pump(200);
     Widget display = XmGetXmDisplay(XtDisplay(clone));
@@ -382,12 +389,15 @@ TEST(TreeCells, OpenPointsOfClones)
     EXPECT_EQ(drags, 0);
     XtVaSetValues(display, XmNenableBtn1Transfer, XmOFF, NULL);
     // The mother goes first: her clones go with her.
-    Widget second = XmCreateScrolledTreeList(box, (String) "second", args, 3);
+    Widget second = XmCreateScrolledTreeList(second_shell, (String) "second", args, 3);
     XtManageChild(second);
+    XtPopup(second_shell, XtGrabNone);
     xwktest::Pump(100);
     XtDestroyWidget(XtParent(mother));
     xwktest::Pump(100);
     XtDestroyWidget(shell);
+    XtDestroyWidget(clone_shell);
+    XtDestroyWidget(second_shell);
     xwktest::Pump(50);
 }
 
