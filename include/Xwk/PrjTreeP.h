@@ -112,7 +112,7 @@ typedef struct _XmPrjTreeCellRec {
         height;                 /**< height the cell needs */
     int comboPosition;          /**< the combo box entry chosen, from 1 */
     Boolean combo;              /**< a cell of a combo box type */
-    XtPointer editor[8];        /**< the editors' own words */
+    XtPointer editor[8];        /**< private words; the first holds the block of the row's cells */
 } XmPrjTreeCellRec;
 
 /** One column of a list with a title bar, an element of the list of

@@ -23,16 +23,27 @@ Dimension Shadow(Widget w)
     return ((XmManagerWidget)w)->manager.shadow_thickness;
 }
 
+// The first word of a cell's editor words holds the block of its row's cells.
+XmPrjTreeCellRec *CellBlock(XmPrjTreeCellRec *cell)
+{
+    return (XmPrjTreeCellRec *)cell->editor[0];
+}
+
+// A row's cells stand in one block, in column order, so that a cell is
+// found by its number; the block goes with the last element of the list.
 void FreeCell(XwkListNode *e)
 {
     auto *cell = (XmPrjTreeCellRec *)e->data;
     if (!cell)
         return;
     XtFree(cell->text);
+    cell->text = nullptr;
     if (cell->string)
         XmStringFree(cell->string);
-    XtFree((char *)cell);
+    cell->string = nullptr;
     e->data = nullptr;
+    if (!e->next)
+        XtFree((char *)CellBlock(cell));
 }
 
 bool ComboType(int type)
@@ -138,8 +149,13 @@ XmPrjTreeCellRec *CellOf(XwkTreeNode *node, int column)
 {
     XmPrjTreeItem item = Item(node);
     XmPrjTreeItemExtRec *ext = item ? ExtOf(item) : nullptr;
-    if (!ext || !ext->cells || column < 1)
+    if (!ext || !ext->cells || column < 1 || !ext->cells->first)
         return nullptr;
+    if (column <= ext->cells->count) {
+        XmPrjTreeCellRec *cell = &CellBlock((XmPrjTreeCellRec *)ext->cells->first->data)[column - 1];
+        if (cell->column == column)
+            return cell;
+    }
     for (XwkListNode *e = ext->cells->first; e; e = e->next) {
         auto *cell = (XmPrjTreeCellRec *)e->data;
         if (cell && cell->column == column)
@@ -168,6 +184,9 @@ void ParseCells(Widget w, XwkTreeNode *node, bool first)
     item->width = 0;
     item->height = 0;
     XwkListNode *next = first ? nullptr : ext->cells->first;
+    XmPrjTreeCellRec *block = nullptr;
+    if (first)
+        block = (XmPrjTreeCellRec *)XtCalloc((Cardinal)m.columns->count, sizeof(XmPrjTreeCellRec));
     int p = 1;
     for (XwkListNode *ce = m.columns->first; ce; ce = ce->next, p++) {
         const char *end = ce->next && m.delimeter ? strchr(s, m.delimeter) : nullptr;
@@ -180,7 +199,8 @@ void ParseCells(Widget w, XwkTreeNode *node, bool first)
             len--;
         XmPrjTreeCellRec *cell;
         if (first) {
-            cell = (XmPrjTreeCellRec *)XtCalloc(1, sizeof(XmPrjTreeCellRec));
+            cell = &block[p - 1];
+            cell->editor[0] = (XtPointer)block;
             cell->element = l_append(ext->cells, (XtPointer)cell);
         } else {
             if (!next)
