@@ -43,13 +43,14 @@ static const struct {
     {"Dialogs", demo_page_dialogs},
     {"Colours and images", demo_page_colours},
     {"Combo and panes", demo_page_companions},
-    {"Tree list", demo_page_treelist},
-    {"Processes", demo_page_process},
-    {"Tool options", demo_page_toolcfg},
     {"Folder", demo_page_folder},
     {"Tool bars and menus", demo_page_bars},
-    {"Family windows", demo_page_windows},
+    {"Tree list", demo_page_treelist},
+    {"Tables", demo_page_tables},
     {"Desk list", demo_page_desklist},
+    {"Processes", demo_page_process},
+    {"Family windows", demo_page_windows},
+    {"Tool options", demo_page_toolcfg},
 };
 static const int npages = (int)(sizeof pages / sizeof pages[0]);
 

@@ -435,6 +435,50 @@ char *XwkGetUserText(int mode, Widget parent, const char *initial, const char *l
  */
 void XwkTextVerifyCallback(Widget w, XtPointer flags, XtPointer call_data);
 
+
+/**
+ * \brief Lets the user pick one item from a list, in a modal dialog.
+ *
+ * The dialog shows the items in a tree list under a title with the column
+ * title; a double click or Return on an item, or OK, picks the selected
+ * item.  With \p sort the items are sorted and a click on the title
+ * reverses the order.
+ *
+ * \param widget       Widget whose shell owns the dialog; its window shows
+ *                     a watch cursor while the dialog is built.
+ * \param title        Title of the dialog, with help data as for CreateDesk.
+ * \param column_title Title of the list's column.
+ * \param items        The items' texts, copied.
+ * \param count        Number of \p items.
+ * \param sort         True: the items are shown sorted.
+ * \return The number of the item picked, from 1 (its index in \p items
+ *         plus 1); 0 for Cancel, the window manager's close or a dialog
+ *         that went away.
+ */
+int XwkSelectItemDialog(Widget widget, const char *title, const char *column_title, char **items,
+                        int count, Boolean sort);
+/**
+ * \brief Lets the user pick several items from a list, in a modal dialog.
+ *
+ * All items start selected; the button in the column's title selects all
+ * or none, and the title tells how many are selected: "%s (%d selected)".
+ *
+ * \param widget       Widget whose shell owns the dialog.
+ * \param title        Title of the dialog, with help data as for CreateDesk.
+ * \param column_title Title of the list's column.
+ * \param list         In: the items' texts (char **, cast), copied.  Out,
+ *                     after OK: an array from XtCalloc of the numbers of the
+ *                     items picked (index plus 1, cast to XtPointer), which
+ *                     the caller frees with XtFree; NULL if none was picked.
+ * \param count        In: the number of items; out, after OK: the number
+ *                     picked.
+ * \param sort         True: the items are shown sorted.
+ * \return True for OK; False for Cancel, the window manager's close or a
+ *         dialog that went away (\p list and \p count are left alone).
+ */
+Boolean XwkSelectListDialog(Widget widget, const char *title, const char *column_title,
+                            XtPointer **list, int *count, Boolean sort);
+
 #ifdef __cplusplus
 }
 #endif

@@ -43,12 +43,32 @@
  * fast.  XmNclearOnUpdate False repaints rows over themselves without
  * flicker.
  *
- * **Lists with columns.** The resources of the title bar, the columns and
- * the cell editors are accepted and kept, but this version builds no title
- * bar and no columns: every row shows its label as one column, and the
- * cell editors exist only as the widgets that reading XmNcellTextField,
- * XmNcellComboBox and XmNcellPushButton creates.  XmNvisualMode
- * XmSPREADSHEET paints selected rows without fill or frame.
+ * **Lists with columns.** In XmNvisualMode XmTABLE_LIST and XmSPREADSHEET
+ * the list has columns: XmNtitleString is split at XmNdelimeter into
+ * XmNnumColumns title items, and each row's label is split the same way
+ * into cells.  Under a scrolled window a title bar ("tableTitle", an
+ * XmDrawnButton) stands above the rows: a click on a sortable title sorts
+ * by that column (a second click reverses), dragging a boundary resizes
+ * the column to its left, the arrows at the right end scroll the columns,
+ * and button 2 drags a title onto another to reorder them (drag target
+ * "_XWK_TREE_TITLE_ITEM").  The order, first column and widths travel in
+ * a layout string ("label:position,width;...", see
+ * XmPrjTreeGetColumnsLayoutString).  Columns keep their number for life;
+ * functions take that number, whatever the display order.
+ *
+ * **Cells.** A cell has one of the XmCELL_ types.  The editable ones
+ * (edit_text, the two combo box types, push_button) are edited in place by
+ * one of three editors per view, made on demand: XmNcellTextField,
+ * XmNcellComboBox, XmNcellPushButton.  A click on an editable cell makes it
+ * the active cell; the editor's text is written back into the cell when
+ * the active cell moves on, and by XmPrjTreeGetColumnLabel.  In the
+ * editors the arrow keys, Tab, Page Up/Down and Ctrl+Home/End move the
+ * active cell; Back Space or Delete in an empty text field asks
+ * XmNdeleteCallback (with \c doit True) whether the row may go; Insert
+ * raises XmNinsertCallback.  XmSPREADSHEET keeps an active cell at all
+ * times after realize, paints selected rows without fill or frame, and
+ * takes text dropped on an edit_text cell (targets STRING,
+ * "COMPOUND_TEXT", "TEXT").
  *
  * **Callbacks.**  Every callback of the widget gets an
  * XmPrjTreeCallbackStruct.  The lists stand in the mother and serve every
@@ -1389,6 +1409,263 @@ void XmPrjTreeSetEditable(Widget w, Boolean editable);
  * \return True when its XmNdontMove is False; False inside a batch or for a
  * widget of another class. */
 Boolean XmPrjTreeGetEditable(Widget w);
+
+
+/* ---- Title bar and columns ---------------------------------------------- */
+
+/** Procedure of a title item's button (XmPrjTreeSetTitleItemButton), called
+ * when the button is clicked.
+ * \param w the view whose title was clicked.
+ * \param data the data given with the procedure.
+ * \param callData an XmPrjTreeCallbackStruct with reason
+ * XmCR_TREE_TITLE_ACTIVATE, \c column the column's number and \c cellType
+ * the title item's type. */
+typedef void (*XmPrjTreeTitleButtonProc)(Widget w, XtPointer data, XtPointer callData);
+
+/** Sets a title item's contents.
+ * \param w the tree list or a view.
+ * \param column the column's number, from 1 (hidden columns too).
+ * \param type XmCELL_ICON or XmCELL_TOGGLE_ICON: \p value is an XwkIcon,
+ * borrowed, and the column takes its width; any other type: \p value is the
+ * label text, copied.
+ * \param alignment 0 beginning, 1 centre, 2 end; above 2 keeps the present one.
+ * \param value the icon or the label.
+ * \return 0, or 255 for a bad column or widget.  The title's height can only grow. */
+int XmPrjTreeSetTitleItem(Widget w, int column, int type, int alignment, XtPointer value);
+/** Sets the label of a title item of type XmCELL_LABEL; other items are left.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param label the text, copied; NULL is taken as "".
+ * \return 0, or 255 for a bad column. */
+int XmPrjTreeSetTitleItemLabel(Widget w, int column, const char *label);
+/** The label of a title item.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \return the widget's own string, not to be freed; NULL for a bad column. */
+char *XmPrjTreeGetTitleItemLabel(Widget w, int column);
+/** Sets the alignment of a title item.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param alignment 0 beginning, 1 centre, 2 end; others become 0.
+ * \return 0, or 255 for a bad column. */
+int XmPrjTreeSetTitleItemAlignment(Widget w, int column, int alignment);
+/** Sets the type of a title item.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param type an XmCELL_ value; others are refused.
+ * \return 0, or 255 for a bad column or type. */
+int XmPrjTreeSetTitleItemType(Widget w, int column, int type);
+/** Sets a column's width, never below the width of its title icon.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param width in pixels.
+ * \return 0, or 255 for a bad column. */
+int XmPrjTreeSetTitleItemWidth(Widget w, int column, int width);
+/** A column's width.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \return the width in pixels; 0 for a hidden or bad column. */
+int XmPrjTreeGetTitleItemWidth(Widget w, int column);
+/** Puts a button with an icon at the start of a title item; a click on it
+ * calls \p proc.  The column widens by the icon's width + 4.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param icon the button's picture, borrowed; replaces any earlier one.
+ * \param proc called on a click, or NULL.
+ * \param data passed to \p proc.
+ * \return 0, or 255 for a bad column. */
+int XmPrjTreeSetTitleItemButton(Widget w, int column, struct _XwkIcon *icon,
+                                XmPrjTreeTitleButtonProc proc, XtPointer data);
+/** The icon of a title item's button.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \return the icon, borrowed; NULL without a button or for a bad column. */
+struct _XwkIcon *XmPrjTreeGetTitleItemButtonIcon(Widget w, int column);
+/** Hides a column; its cells stay in every row and it keeps its number.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \return 0, or 255 for a bad column.  Title and rows repaint unless dontMove. */
+int XmPrjTreeHideColumn(Widget w, int column);
+/** Shows a hidden column again in its place.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \return 0, or 255 for a bad column. */
+int XmPrjTreeShowColumn(Widget w, int column);
+/** Sets the default type and alignment of a column's cells, for rows added
+ * later, and makes the editor that the type needs.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param type an XmCELL_ value.
+ * \param alignment 0 beginning, 1 centre, 2 end; others become 0.
+ * \return 0, or 255 for a bad column or type. */
+int XmPrjTreeSetColumnType(Widget w, int column, int type, int alignment);
+/** The default cell type of a column.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \return an XmCELL_ value, or 255 for a bad column. */
+int XmPrjTreeGetColumnType(Widget w, int column);
+/** Lets the user resize a column by dragging its right boundary, or not.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param adjustable True (the default) or False.
+ * \return 0, or 255 for a bad column. */
+int XmPrjTreeSetColumnAdjustable(Widget w, int column, Boolean adjustable);
+/** Lets a click on the column's title sort the rows (with XmNuseSort), or not.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param sortable True or False (the default).
+ * \return 0, or 255 for a bad column. */
+int XmPrjTreeSetColumnSortable(Widget w, int column, Boolean sortable);
+/** XmPrjTreeSetColumnSortable for every column.
+ * \param w the tree list or a view.
+ * \param sortable True or False.
+ * \return 0, or 255 without columns. */
+int XmPrjTreeSetAllColumnsSortable(Widget w, Boolean sortable);
+/** The view's sort column and direction.
+ * \param w the view.
+ * \param direction receives XmSORT_ASCENDING or XmSORT_DISCENDING; may be NULL.
+ * \return the column's number (XmNsortColumn), or -1 in a list without columns. */
+int XmPrjTreeGetSortColumn(Widget w, unsigned char *direction);
+
+/** The columns' order, first shown column and widths as a string: for
+ * each column in display order "label:position,width", joined by ";",
+ * where position counts from the first shown column (0 for that one,
+ * negative before it).  Applications save it and give it back to
+ * XmPrjTreeSetColumnsLayoutString.
+ * \param w the tree list or a view.
+ * \return a string from XtCalloc that the caller frees with XtFree; NULL
+ * without columns or with fewer than 2. */
+char *XmPrjTreeGetColumnsLayoutString(Widget w);
+/** Counts the leading entries of a layout string that are sound: each
+ * needs a label of an existing column, a ":" and a ",".
+ * \param w the tree list or a view.
+ * \param string the layout string; written into while it is read and
+ * restored (it must be writable).
+ * \return the count; compare it with the number of columns. */
+int XmPrjTreeCheckLayoutString(Widget w, char *string);
+/** Applies a layout string: columns named in it are put in its order, the
+ * one at position 0 becomes the first shown, and each takes its width, in
+ * pixels or, after a "%", in percent of the list's width.  Unknown labels
+ * are skipped; a missing width leaves the column's.  Reading stops at an
+ * entry without ":".
+ * \param w the tree list or a view.
+ * \param string the layout string, not changed.
+ * \return the number of entries read; with some, title and rows repaint
+ * unless dontMove. */
+int XmPrjTreeSetColumnsLayoutString(Widget w, const char *string);
+
+/* ---- Cells --------------------------------------------------------------- */
+
+/** Sets a cell's type, alignment and value, creating the row's cells if it
+ * has none yet.
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param column the column's number.
+ * \param type an XmCELL_ value.
+ * \param alignment 0 beginning, 1 centre, 2 end; others become 0.
+ * \param value an XwkIcon (borrowed) for the icon types; the text (copied)
+ * for XmCELL_LABEL and XmCELL_PUSH_BUTTON; for XmCELL_EDIT_TEXT and the
+ * combo types the text goes into the active editor of this cell only.
+ * \return 1, or 0 for a bad row, column or type. */
+int XmPrjTreeSetColumnItem(Widget w, XmPrjTreeNode node, int column, int type, int alignment,
+                           XtPointer value);
+/** Sets a cell's text (in a list without columns, the row's label).  An
+ * editor showing the cell follows.
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param column the column's number.
+ * \param text the text, copied.
+ * \return 1, or 0 for a bad row or column. */
+int XmPrjTreeSetColumnLabel(Widget w, XmPrjTreeNode node, int column, const char *text);
+/** A cell's text; for the active cell the editor's text is written back
+ * first.  In a list without columns, the row's label.
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param column the column's number.
+ * \return the widget's own string, not to be freed; NULL for a bad cell. */
+char *XmPrjTreeGetColumnLabel(Widget w, XmPrjTreeNode node, int column);
+/** The icon of a cell of type XmCELL_ICON or XmCELL_TOGGLE_ICON (in a list
+ * without columns, the row's icon).
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param column the column's number.
+ * \return the icon, borrowed, or NULL. */
+struct _XwkIcon *XmPrjTreeGetColumnIcon(Widget w, XmPrjTreeNode node, int column);
+/** Sets the icon of a cell of type XmCELL_ICON or XmCELL_TOGGLE_ICON.
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param column the column's number.
+ * \param icon the icon, borrowed.
+ * \return 1, or 0 for another type or a bad cell. */
+int XmPrjTreeSetColumnIcon(Widget w, XmPrjTreeNode node, int column, struct _XwkIcon *icon);
+/** A cell's type.
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param column the column's number.
+ * \return an XmCELL_ value, or 255 for a bad cell. */
+int XmPrjTreeGetCellType(Widget w, XmPrjTreeNode node, int column);
+/** Sets a cell's type and repaints the row.
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param column the column's number.
+ * \param type an XmCELL_ value.
+ * \return 1, or 0 for a bad cell or type. */
+int XmPrjTreeSetCellType(Widget w, XmPrjTreeNode node, int column, int type);
+/** Gives a column the entries of its combo box; a column of another type
+ * becomes XmCELL_DROP_DOWN_COMBO_BOX.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param items the entries; not copied: the table stays the caller's and
+ * must live as long as the column uses it.
+ * \param count the number of entries.
+ * \return 1, or 0 for a bad column. */
+int XmPrjTreeSetComboBoxItems(Widget w, int column, XmStringTable items, int count);
+/** The entries of a column's combo box.
+ * \param w the tree list or a view.
+ * \param column the column's number.
+ * \param count receives the number of entries; may be NULL.
+ * \return the caller's table given to XmPrjTreeSetComboBoxItems, or NULL. */
+XmStringTable XmPrjTreeGetComboBoxItems(Widget w, int column, int *count);
+/** Chooses an entry of a combo cell; the cell's text becomes that entry.  A
+ * cell of another type becomes XmCELL_DROP_DOWN_COMBO_BOX.
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param column the column's number.
+ * \param position the entry, from 1.
+ * \return 1, or 0 for a bad cell. */
+int XmPrjTreeSetColumnComboBoxPosition(Widget w, XmPrjTreeNode node, int column, int position);
+/** The entry chosen in a combo cell, read from the editor for the active cell.
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param column the column's number.
+ * \return the position from 1, or 0. */
+int XmPrjTreeGetColumnComboBoxPosition(Widget w, XmPrjTreeNode node, int column);
+/** Makes a cell the active cell, its editor placed over it with the focus.
+ * \param w the view.
+ * \param node the row.
+ * \param column the column's number.
+ * \return True if the cell is editable and became active. */
+Boolean XmPrjTreeGotoColumn(Widget w, XmPrjTreeNode node, int column);
+/** Moves the active cell.
+ * \param w the view.
+ * \param direction XmTRAVERSE_UP, XmTRAVERSE_DOWN, XmTRAVERSE_PREV or
+ * XmTRAVERSE_LEFT (the previous editable cell), XmTRAVERSE_NEXT or
+ * XmTRAVERSE_RIGHT (the next one).
+ * \return 1 when it moved, else 0. */
+int XmPrjTreeProcessTraversalCell(Widget w, int direction);
+/** Tells a view it has (or lacks) the keyboard focus, as its own focus
+ * handling would, and repaints the current row for it.
+ * \param w the view.
+ * \param hasFocus True or False. */
+void XmPrjTreeProcessTraversal(Widget w, Boolean hasFocus);
+/** Gives a row a new label or icon.  In a list with columns the label is
+ * split into the cells again.
+ * \param w the tree list or a view.
+ * \param node the row.
+ * \param label the new label, copied, or NULL to keep it.
+ * \param icon the new icon, borrowed, or NULL to keep it.
+ * \return 1, or 0 with neither label nor icon, a bad row or an empty list. */
+int XmPrjTreeRenameItem(Widget w, XmPrjTreeNode node, const char *label, struct _XwkIcon *icon);
 
 #ifdef __cplusplus
 }

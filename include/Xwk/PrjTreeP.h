@@ -112,7 +112,7 @@ typedef struct _XmPrjTreeCellRec {
         height;                 /**< height the cell needs */
     int comboPosition;          /**< the combo box entry chosen, from 1 */
     Boolean combo;              /**< a cell of a combo box type */
-    XtPointer editor[8];        /**< the editors' own words */
+    XtPointer editor[8];        /**< private words; the first holds the block of the row's cells */
 } XmPrjTreeCellRec;
 
 /** One column of a list with a title bar, an element of the list of
@@ -139,6 +139,12 @@ typedef struct _XmPrjTreeColumnRec {
     XmStringTable comboItems;   /**< entries of a combo box column; the caller's */
     int comboCount;             /**< number of \c comboItems */
 } XmPrjTreeColumnRec;
+
+/** The button of a title item: its procedure and data. */
+typedef struct _XmPrjTreeTitleButtonRec {
+    XmPrjTreeTitleButtonProc proc;  /**< called when the button is clicked */
+    XtPointer data;                 /**< passed to \c proc */
+} XmPrjTreeTitleButtonRec;
 
 /** The state of a title bar, one per list. */
 typedef struct _XmPrjTreeTitleRec {

@@ -156,33 +156,6 @@ void GetNumClones(Widget w, int, XtArgVal *value)
     *value = (XtArgVal)M(w).numClones;
 }
 
-Widget MakeEditor(Widget w, int kind)
-{
-    XmPrjTreePart &v = P(w);
-    Arg args[4];
-    Cardinal n = 0;
-    switch (kind) {
-    case 0:
-        if (!v.cellTextField) {
-            XtSetArg(args[n], XmNeditMode, XmSINGLE_LINE_EDIT); n++;
-            XtSetArg(args[n], XmNshadowThickness, 0); n++;
-            v.cellTextField = XmCreateText(w, (String) "cellTextField", args, n);
-        }
-        return v.cellTextField;
-    case 1:
-        if (!v.cellComboBox) {
-            XtSetArg(args[n], XmNshadowType, XmSHADOW_IN); n++;
-            XtSetArg(args[n], XmNcomboBoxType, XwkDROP_DOWN_COMBO_BOX); n++;
-            v.cellComboBox = XwkCreateComboBox(w, (String) "cellComboBox", args, n);
-        }
-        return v.cellComboBox;
-    default:
-        if (!v.cellPushButton)
-            v.cellPushButton = XmCreatePushButton(w, (String) "cellPushButton", args, n);
-        return v.cellPushButton;
-    }
-}
-
 void GetTextField(Widget w, int, XtArgVal *value) { *value = (XtArgVal)MakeEditor(w, 0); }
 void GetComboBox(Widget w, int, XtArgVal *value) { *value = (XtArgVal)MakeEditor(w, 1); }
 void GetPushButton(Widget w, int, XtArgVal *value) { *value = (XtArgVal)MakeEditor(w, 2); }
@@ -290,7 +263,9 @@ void InitMother(Widget w)
         t.titleString = XtNewString(t.titleString);
     t.title = nullptr;
     t.columns = nullptr;
-    t.titleDragIcon = IconResource(t.titleDragIcon);
+    MakeTitleDragIcon(w);
+    if (t.visualMode == XmTABLE_LIST || t.visualMode == XmSPREADSHEET)
+        ParseTitle(w);
 }
 
 // The callback lists stand in the mother and serve every view: a clone
@@ -334,6 +309,10 @@ void OrphanClone(Widget w)
     t.numClones = 0;
     t.builtinOpen = t.builtinClosed = t.builtinFruitless = False;
     t.openStateIcon = t.closedStateIcon = t.fruitlessStateIcon = nullptr;
+    t.title = nullptr;
+    t.columns = nullptr;
+    t.cellActive = nullptr;
+    t.cellNodeId = nullptr;
     if (!w->core.being_destroyed)
         XtDestroyWidget(w);
 }
@@ -392,6 +371,10 @@ void Initialize(Widget request, Widget w, ArgList, Cardinal *)
     t.flags = 0;
     t.cellTextField = t.cellComboBox = t.cellPushButton = nullptr;
     t.pressNode = nullptr;
+    t.titleWidget = nullptr;
+    t.sashGC = t.titleTextGC = t.titleEraseGC = t.titleShadowGC = nullptr;
+    if (clone)
+        t.sashCursor = 0;
     if (!clone) {
         t.cellActive = nullptr;
         t.cellNodeId = nullptr;
@@ -402,6 +385,11 @@ void Initialize(Widget request, Widget w, ArgList, Cardinal *)
     CreateGCs(w);
     if (UnderScrolledWindow(w))
         CreateScrollBars(w);
+    CreateTitle(w);
+    if (clone)
+        CopyDropSite(w);
+    else if (t.visualMode == XmSPREADSHEET && M(w).title)
+        RegisterCellDropSite(w);
     Dimension width, height;
     PreferredSize(w, &width, &height);
     if (t.visibleLines) {
@@ -446,6 +434,15 @@ void Destroy(Widget w)
 {
     XmPrjTreePart &t = P(w);
     RemoveTimers(w);
+    DestroyTitle(w);
+    // A drag timer armed from a clone must not outlive it.
+    if (t.mother && t.mother != w && IsTree(t.mother)) {
+        XmPrjTreePart &m = P(t.mother);
+        if (m.dragTimer && XtIsRealized(w) && m.dragEvent.xany.window == XtWindow(w)) {
+            XtRemoveTimeOut(m.dragTimer);
+            m.dragTimer = 0;
+        }
+    }
     bool mother = t.mother == w || !t.mother;
     if (!mother)
         ForgetCallbackLists(w);
@@ -473,6 +470,8 @@ void Destroy(Widget w)
         }
         XtFree(t.titleString);
         t.titleString = nullptr;
+        FreeTitle(w);
+        FreeTitleDragIcon(w);
         if (t.fontList)
             XmFontListFree(t.fontList);
         t.fontList = nullptr;
@@ -526,10 +525,16 @@ void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes)
     if (!(t.flags & XmTREE_RESIZE_ASKED) || (t.flags & XmTREE_COLUMN_WIDTHS))
         LayoutPass(w);
     ConfigureScrollBars(w);
+    PaintTitle(w);
     (*xmDrawingAreaClassRec.core_class.realize)(w, mask, attributes);
     if (t.mother == w && m.selectionChanged)
         RaiseSelectionChanged(w, XmCR_TREE_SELECTION_CHANGED, nullptr, m.currentNode,
                               XmTREE_PART_ROW);
+    if (Alive(w))
+        PlaceFirstCell(w);
+    if (Alive(w) && m.cellActive && XtParent(m.cellActive) == w && XtIsManaged(m.cellActive) &&
+        t.hasFocus)
+        XmProcessTraversal(m.cellActive, XmTRAVERSE_CURRENT);
     t.flags &= ~XmTREE_COLUMN_WIDTHS;
 }
 
@@ -539,6 +544,7 @@ void Resize(Widget w)
     if (t.flags & XmTREE_IN_RESIZE)
         return;
     t.flags |= XmTREE_IN_RESIZE;
+    PlaceTitle(w);
     if (!HasRelayoutPending(w) && RealizedAndManaged(w)) {
         if (!(t.flags & XmTREE_SCROLLBARS_BUSY))
             ConfigureScrollBars(w);
@@ -586,7 +592,7 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
         XtSetValues(t.mother, args, *num_args);
         return False;
     }
-    bool relayout = false, repaint = false;
+    bool relayout = false, repaint = false, title = false;
     GeometryChanged(w);
     auto *om = (XmManagerWidget)old;
     auto *nm = (XmManagerWidget)w;
@@ -618,6 +624,14 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
     }
     if (t.canSlam != o.canSlam) {
         if (t.canSlam) {
+            // The built-in state icons come with canSlam, where none was given.
+            for (XwkIcon **icon : {&t.openStateIcon, &t.closedStateIcon, &t.fruitlessStateIcon})
+                if (!*icon)
+                    *icon = (XwkIcon *)XmTREE_ICON_DEFAULT;
+            CreateStateIcons(w);
+            o.openStateIcon = t.openStateIcon;
+            o.closedStateIcon = t.closedStateIcon;
+            o.fruitlessStateIcon = t.fruitlessStateIcon;
             GiveElementSlots(w);
             t.visibleList = l_create(nullptr, nullptr);
             XwkTreeNode *root = t.tree->root;
@@ -668,7 +682,27 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
     if (t.titleString != o.titleString) {
         XtFree(o.titleString);
         t.titleString = t.titleString ? XtNewString(t.titleString) : nullptr;
+        if (t.visualMode == XmTABLE_LIST || t.visualMode == XmSPREADSHEET) {
+            if (t.title)
+                XmPrjTreeDeleteAllItems(w);
+            ParseTitle(w);
+            title = relayout = repaint = true;
+        }
     }
+    if (t.titleForeground != o.titleForeground || t.titleBackground != o.titleBackground ||
+        t.titleFontList != o.titleFontList) {
+        for (Widget v : Views(w)) {
+            XmPrjTreePart &tv = P(v);
+            for (GC *gc : {&tv.titleTextGC, &tv.titleEraseGC, &tv.titleShadowGC, &tv.sashGC})
+                if (*gc)
+                    XFreeGC(XtDisplay(v), *gc);
+            CreateTitleGCs(v);
+        }
+        title = repaint = true;
+    }
+    if (t.sortColumn != o.sortColumn || t.sortDirection != o.sortDirection ||
+        t.useSort != o.useSort)
+        title = true;
     if (t.visibleLines != o.visibleLines && t.visibleLines) {
         LayoutPass(w);
         ApplyVisibleLines(w);
@@ -683,17 +717,14 @@ Boolean SetValues(Widget old, Widget request, Widget w, ArgList args, Cardinal *
     }
     if (repaint && RealizedAndManaged(w) && !t.dontMove)
         RepaintAll(w, t.clearOnUpdate);
+    if (title && !t.dontMove)
+        RepaintTitles(w);
     return False;
 }
 
 void ChangeManaged(Widget w)
 {
-    XmPrjTreePart &m = M(w);
-    if (m.cellActive && m.cellManageCallback && Item(m.cellNodeId)) {
-        int reason = XtIsManaged(m.cellActive) ? XmCR_TREE_CELL_MANAGED : XmCR_TREE_CELL_UNMANAGED;
-        CallCallbacks(w, m.cellManageCallback, reason, nullptr, m.cellNodeId, XmTREE_PART_CELL,
-                      m.cellColumn, 0);
-    }
+    RaiseCellManage(w);
 }
 
 void ConstraintDestroy(Widget child)

@@ -86,7 +86,9 @@ int AreaBottom(Widget view)
            P(view).highlightThickness;
 }
 
-void DrawIcon(Widget view, XwkIcon *icon, int x, int y, bool through_mask, int x_limit)
+}  // namespace
+
+void xwk::tree::DrawIcon(Widget view, XwkIcon *icon, int x, int y, bool through_mask, int x_limit)
 {
     if (!icon || !icon->pixmap)
         return;
@@ -113,6 +115,8 @@ void DrawIcon(Widget view, XwkIcon *icon, int x, int y, bool through_mask, int x
     }
     XCopyArea(dpy, ComposedIcon(view, v.pixmapGC, icon), win, v.textGC, 0, 0, w, h, x, y);
 }
+
+namespace {
 
 void DrawTrunk(Widget view, XwkTreeNode *node, int y, XwkIcon *shown_icon)
 {
@@ -249,7 +253,9 @@ void PaintRow(Widget view, XwkTreeNode *node)
         text = v.textGC;
     else
         text = v.hasFocus ? v.activeTextGC : v.inactiveTextGC;
-    XmString s = RowString(view, node);
+    XmString s = table ? nullptr : RowString(view, node);
+    if (table)
+        PaintCells(view, node, y, text);
     if (s) {
         Pixel fg = ((XmManagerWidget)view)->manager.foreground;
         Pixel own = ForegroundOf(view, item);
@@ -266,6 +272,12 @@ void PaintRow(Widget view, XwkTreeNode *node)
     if (selected && v.selectedIcon && m.selectionPolicy != XmMULTIPLE_SELECT)
         icon = v.selectedIcon;
     int level = (int)node->level;
+    // In a table icon and trunk belong to the first column: scrolled off
+    // or hidden, it takes them along.
+    bool lead = !table || (m.title && m.columns && m.title->firstColumn == m.columns->first &&
+                           ColumnOf(m.columns->first)->number > 0);
+    if (!lead)
+        icon = nullptr;
     if (icon && m.iconWidth) {
         int ix = IconX(view, level) + (m.iconWidth - IconWidth(icon)) / 2;
         int iy = y + (m.rowHeight - IconHeight(icon)) / 2;
@@ -273,7 +285,7 @@ void PaintRow(Widget view, XwkTreeNode *node)
     }
     if (m.highlightedNode == node && m.highlightedWidget == view && ht && !spreadsheet)
         _XmDrawHighlight(dpy, win, v.highlightGC, fx, fy, fw, fh, ht, LineSolid);
-    if (m.canSlam) {
+    if (m.canSlam && lead) {
         XwkIcon *state = StateIconOf(view, node);
         XwkIcon *fruitless = m.slamPolicy == XmSLAM_PER_ROW
                                  ? (ExtOf(item) ? ExtOf(item)->fruitlessIcon : nullptr)
@@ -285,7 +297,7 @@ void PaintRow(Widget view, XwkTreeNode *node)
             DrawIcon(view, state, sx, y + (m.rowHeight - IconHeight(state)) / 2, true, 0);
         }
     }
-    if (m.treeTrunkDrawing)
+    if (m.treeTrunkDrawing && lead)
         DrawTrunk(view, node, y, icon);
     if (v.showGrid && v.gridGC)
         XFillRectangle(dpy, win, v.gridGC, Shadow(view), y + m.rowHeight - 1,
@@ -312,6 +324,9 @@ void Repaint(Widget view, int x, int y, int width, int height)
         if (HasRelayoutPending(view))
             return;
     }
+    if (m.title)
+        LayOutColumns(view);
+    HideEditorOffPage(view);
     RedrawBorder(view);
     SetClips(view, x, y, width, height);
     v.flags |= XmTREE_IN_EXPOSE;

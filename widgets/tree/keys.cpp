@@ -355,9 +355,11 @@ void TreeKbdKey(Widget w, XEvent *event, String *params, Cardinal *num_params)
     KbdKey(w, params[0][0], event);
 }
 
-void TreeCellKbdKey(Widget, XEvent *, String *, Cardinal *)
+void TreeCellKbdKey(Widget w, XEvent *event, String *params, Cardinal *num_params)
 {
-    // Keys of the cell editors; a list without columns has none.
+    if (!num_params || *num_params < 1 || !params[0][0])
+        return;
+    CellKbdKey(w, event, params[0][0]);
 }
 
 void TreeScroll(Widget w, XEvent *, String *params, Cardinal *num_params)

@@ -241,6 +241,26 @@ XmString MakeItemString(Widget view, XmPrjTreeItem item)
 // text in a core font that is the font's text width and its ascent plus
 // descent, which the font gives without building the string; anything
 // else is measured through the string itself.
+void MeasureText(Widget view, const char *text, const char *charset, Dimension *width,
+                 Dimension *height)
+{
+    XmPrjTreePart &m = M(view);
+    *width = *height = 0;
+    XFontStruct *font = text && *text ? FontOf(view, charset) : nullptr;
+    int plain = font && font->min_byte1 == 0 && font->max_byte1 == 0 ? PlainTextWidth(font, text)
+                                                                       : -1;
+    if (plain >= 0) {
+        *width = (Dimension)plain;
+        *height = (Dimension)(font->ascent + font->descent);
+    } else if (text) {
+        XmString s = XmStringCreate((char *)text, (XmStringCharSet)charset);
+        XmStringExtent(m.fontList, s, width, height);
+        XmStringFree(s);
+    }
+    if (!*height)
+        *height = m.labelHeight;
+}
+
 void MeasureItem(Widget view, XmPrjTreeItem item)
 {
     XmPrjTreePart &m = M(view);
@@ -405,6 +425,8 @@ bool LayoutPass(Widget view)
         raw.fresh = sound;
         s.raw = raw;
     }
+    if ((v.flags & XmTREE_COLUMN_WIDTHS) && TableMode(view))
+        AccumulateColumnWidths(view);
     int label_height = s.raw.label_height, row_height = s.raw.row_height;
     int row_width = s.raw.row_width, icon_width = s.raw.icon_width;
     int state_width = s.raw.state_width;
@@ -655,6 +677,17 @@ int HitTest(Widget view, int start, int x, int y, bool exact, XwkTreeNode **node
         return XmTREE_PART_NOTHING;
     *node = n;
     int level = (int)n->level;
+    if (TableMode(view)) {
+        int c = 0, type = XmCELL_NONE;
+        XRectangle rect;
+        CellAt(view, n, RowY(view, row), x, &c, &type, &rect);
+        if (column)
+            *column = c;
+        if (cell_type)
+            *cell_type = type;
+        if (cell)
+            *cell = rect;
+    }
     if (x >= LabelX(view, n))
         return XmTREE_PART_LABEL;
     // The icon's place here leaves out the state icon column that the lead
@@ -858,6 +891,21 @@ void XmPrjTreeGetPreferedSize(Widget w, Dimension *width, Dimension *height)
         for (XwkListNode *e = m.visibleList->first; e; e = e->next)
             deepest = std::max(deepest, ((XwkTreeNode *)e->data)->level);
         *width = (Dimension)((IndentSlot(w) + m.hIconPad) * (int)deepest + base);
+    } else if (m.title && m.columns) {
+        int children = (int)((CompositeWidget)w)->composite.num_children;
+        int sum = base;
+        bool first = true;
+        XwkListNode *start = m.title->firstColumn ? m.title->firstColumn : m.columns->first;
+        for (XwkListNode *e = start; e; e = e->next) {
+            XmPrjTreeColumnRec *c = ColumnOf(e);
+            if (c->number < 0)
+                continue;
+            sum += c->width + gap;
+            if (!first)
+                sum += gap + children;
+            first = false;
+        }
+        *width = (Dimension)std::min(sum, 0xffff);
     } else {
         *width = pw;
     }

@@ -101,6 +101,24 @@ void SetFlagOnViews(Widget w, unsigned int flag)
 
 namespace {
 
+// Notes the view that deletes rows for the time of the deletion.
+struct DeletingThrough {
+    Widget mother;
+    Widget before;
+    explicit DeletingThrough(Widget w) : mother(Mother(w)), before(S(mother).deleting)
+    {
+        if (!before)
+            S(mother).deleting = w;
+    }
+    ~DeletingThrough()
+    {
+        if (Alive(mother) && P(mother).state)
+            S(mother).deleting = before;
+    }
+    DeletingThrough(const DeletingThrough &) = delete;
+    DeletingThrough &operator=(const DeletingThrough &) = delete;
+};
+
 bool Usable(Widget w)
 {
     return IsTree(w) && Alive(w) && M(w).tree;
@@ -130,9 +148,13 @@ void FreeNode(XwkTreeNode *node, XwkTree *tree)
         ext->deleteProc = nullptr;
         proc(node, ext->deleteData);
     }
-    if (w && !w->core.being_destroyed && P(w).deleteCallback)
-        CallCallbacks(w, P(w).deleteCallback, XmCR_TREE_DELETE_ITEM, nullptr, node,
+    if (w && !w->core.being_destroyed && P(w).deleteCallback) {
+        Widget view = S(w).deleting;
+        if (!view || !IsTree(view) || !Alive(view) || Mother(view) != w)
+            view = w;
+        CallCallbacks(view, P(w).deleteCallback, XmCR_TREE_DELETE_ITEM, nullptr, node,
                       XmTREE_PART_ROW, 0, XmCELL_NONE);
+    }
     if (w) {
         XmPrjTreePart &m = P(w);
         if (m.cellNodeId == node) {
@@ -389,7 +411,7 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
         layout |= XmTREE_ITEM_HAS_ICON;
     if (m.canSlam)
         layout |= XmTREE_ITEM_HAS_ELEMENT;
-    if (w != mw || (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW))
+    if (w != mw || (m.canSlam && m.slamPolicy == XmSLAM_PER_ROW) || TableMode(w))
         layout |= XmTREE_ITEM_HAS_EXT;
     XmPrjTreeItem item = NewItem(label, layout);
     XwkTreeNode *node = LinkRow(mw, parent, item);
@@ -417,7 +439,12 @@ XmPrjTreeNode XmPrjTreeAddItem(Widget w, XmPrjTreeNode parent, const char *label
     else if (slamState < 0 || slamState > XmSLAM_NONE)
         slamState = XmSLAM_UNDEFINED;
     item->slamState = (unsigned char)slamState;
-    MeasureItem(w, item);
+    if (TableMode(w)) {
+        ParseCells(w, node, true);
+        item = Item(node);
+    } else {
+        MeasureItem(w, item);
+    }
     if (v.flags & XmTREE_SIMPLE_ADD)
         GrowForItem(w, item);
 
@@ -482,6 +509,7 @@ void XmPrjTreeDeleteAllItems(Widget w)
 {
     if (!Usable(w) || !S(Mother(w)).freeing.empty())
         return;
+    DeletingThrough through(w);
     Widget mw = Mother(w);
     XmPrjTreePart &m = P(mw);
     XwkTreeNode *root = m.tree->root;
@@ -523,6 +551,7 @@ void XmPrjTreeDeleteItem(Widget w, XmPrjTreeNode node)
 {
     if (!OwnRow(w, node) || IsRoot(w, node) || Doomed(w, node))
         return;
+    DeletingThrough through(w);
     Widget mw = Mother(w);
     XmPrjTreePart &m = P(mw);
     XmPrjTreePart &v = P(w);
@@ -664,6 +693,7 @@ void XmPrjTreeDeleteItems(Widget w, XmPrjTreeNode *nodes, int n)
 {
     if (!Usable(w) || !nodes)
         return;
+    DeletingThrough through(w);
     XmPrjTreePart &v = P(w);
     unsigned int had = v.flags & XmTREE_DELETE_BATCH;
     v.flags |= XmTREE_DELETE_BATCH;

@@ -267,6 +267,11 @@ void TreeBeginSelect(Widget w, XEvent *event, String *, Cardinal *)
             v.lastClickNode = nullptr;
         return;
     }
+    if (node && column >= 1) {
+        unsigned long stamp = Stamp(w);
+        if (ActivateCell(w, node, column, event) || !Alive(w) || !Live(w, node, stamp))
+            return;
+    }
     // The call data of a press are taken before the press changes the row, so
     // that `selected` tells the row's state as the press found it; every
     // callback of the press gets them.

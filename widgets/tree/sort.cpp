@@ -45,6 +45,64 @@ void Relink(XwkTreeNode *parent, XwkTreeNode **children, int n)
     parent->last_child = n ? children[n - 1] : nullptr;
 }
 
+void SortKey(XwkTreeNode *node, int column, const char **text, XwkIcon **icon);
+
+// The default order, with each row's key read once rather than at every
+// comparison: the comparison is XmPrjTreeDefaultSortProc's, on keys taken
+// as it takes them.  Only when every row of the set was added through one
+// view, whose column and direction then hold for all.
+struct SortEntry {
+    XwkTreeNode *node;
+    const char *text;
+    XwkIcon *icon;
+};
+bool keyed_descending;
+bool keyed_labels;
+
+int CompareEntries(const void *a, const void *b)
+{
+    auto *x = (const SortEntry *)a, *y = (const SortEntry *)b;
+    int result;
+    if (!keyed_labels && x->icon && y->icon && x->icon != y->icon) {
+        result = (uintptr_t)y->icon < (uintptr_t)x->icon ? 1 : -1;
+    } else {
+        if (!x->text || !y->text)
+            return 1;
+        result = strcmp(x->text, y->text);
+    }
+    return keyed_descending ? -result : result;
+}
+
+bool SortByKeys(XwkTreeNode **children, int n)
+{
+    Widget view = AddedThrough(children[0]);
+    for (int i = 1; i < n; i++)
+        if (AddedThrough(children[i]) != view || !Item(children[i]))
+            return false;
+    if (!Item(children[0]))
+        return false;
+    if (view && !IsTree(view))
+        view = nullptr;
+    int column = view ? P(view).sortColumn : 0;
+    bool labels = !column || !TableMode(view);
+    std::vector<SortEntry> entries((size_t)n);
+    for (int i = 0; i < n; i++) {
+        SortEntry &e = entries[(size_t)i];
+        e.node = children[i];
+        e.icon = nullptr;
+        if (labels)
+            e.text = LabelOf(Item(e.node));
+        else
+            SortKey(e.node, column, &e.text, &e.icon);
+    }
+    keyed_descending = view && P(view).sortDirection == XmSORT_DISCENDING;
+    keyed_labels = labels;
+    qsort(entries.data(), (size_t)n, sizeof(SortEntry), CompareEntries);
+    for (int i = 0; i < n; i++)
+        children[i] = entries[(size_t)i].node;
+    return true;
+}
+
 void SortSet(Widget w, XwkTreeNode *parent)
 {
     int n = (int)parent->nchildren;
@@ -57,7 +115,9 @@ void SortSet(Widget w, XwkTreeNode *parent)
     int i = 0;
     for (XwkTreeNode *c = parent->first_child; c && i < n; c = c->next_sibling)
         children[i++] = c;
-    qsort(&children[0], n, sizeof(XwkTreeNode *), (int (*)(const void *, const void *))m.sortProc);
+    if (m.sortProc != XmPrjTreeDefaultSortProc || !SortByKeys(&children[0], n))
+        qsort(&children[0], n, sizeof(XwkTreeNode *),
+              (int (*)(const void *, const void *))m.sortProc);
     Relink(parent, &children[0], n);
 }
 

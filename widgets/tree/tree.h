@@ -126,6 +126,16 @@ struct State {
     int watching = 0;
     std::vector<XwkTreeNode *> freedWhileWatching;
     RecordPool nodes{sizeof(XwkTreeNode)};
+    // Columns shown on this view, in display order, with the x where their
+    // contents start and their width there.
+    struct Shown {
+        XmPrjTreeColumnRec *column;
+        int x, width;
+    };
+    std::vector<Shown> shown;
+    // The view through which rows are being deleted: deleteCallback is
+    // raised on it.
+    Widget deleting = nullptr;
 };
 constexpr int kStride = 32;
 State &S(Widget w);
@@ -158,6 +168,9 @@ void RowEntered(Widget w, XwkTreeNode *node);
 void GeometryChanged(Widget w);
 void GrowForItem(Widget view, XmPrjTreeItem item);
 void MeasureItem(Widget view, XmPrjTreeItem item);
+// Measures text in the list's font as XmStringExtent would.
+void MeasureText(Widget view, const char *text, const char *charset, Dimension *width,
+                 Dimension *height);
 // A fresh compound string of the label, for the caller to free.
 XmString MakeItemString(Widget view, XmPrjTreeItem item);
 // The label's compound string from the cache; the cache keeps it.
@@ -211,6 +224,7 @@ void PaintSelected(Widget view, XwkTreeNode *node);
 void PaintHighlighted(Widget view, XwkTreeNode *node);
 void RedrawBorder(Widget view);
 void DoPendingRepaint(Widget view);
+void DrawIcon(Widget view, XwkIcon *icon, int x, int y, bool through_mask, int x_limit);
 
 // Scrolling (scroll.cpp).
 void CreateScrollBars(Widget view);
@@ -252,6 +266,62 @@ void StopAutoScroll(Widget view);
 
 // Sort (sort.cpp).
 void SortSiblings(Widget w, XwkTreeNode *parent);
+
+// Columns (columns.cpp).  A column of the list of columns in display order.
+inline XmPrjTreeColumnRec *ColumnOf(XwkListNode *e) { return (XmPrjTreeColumnRec *)e->data; }
+// By absolute number, so that hidden columns are found too.
+XmPrjTreeColumnRec *ColumnByNumber(Widget w, int number);
+void ParseTitle(Widget w);
+void FreeTitle(Widget w);
+XmFontList TitleFonts(Widget w);
+// The gap between a column's boundary and its contents.
+int ColumnGap(Widget w);
+// Places the columns on a view: their x, the arrows, and which are shown.
+void LayOutColumns(Widget view);
+// Scrolls the columns so that the column is on the bar; true if it moved.
+bool ScrollToColumn(Widget view, int number);
+// Repaints the rows of every view, clearing.
+void RepaintRows(Widget w);
+
+// Title bar (title.cpp).
+void CreateTitle(Widget view);
+void PlaceTitle(Widget view);
+void PaintTitle(Widget view);
+void DestroyTitle(Widget view);
+void RepaintTitles(Widget w);
+void CreateTitleGCs(Widget view);
+void DrawSashLine(Widget view, int x);
+void CreateSashCursor(Widget view);
+
+// Cells (cells.cpp).
+XmPrjTreeCellRec *CellOf(XwkTreeNode *node, int column);
+// Parses the row's label into its cells, creating them or replacing their texts.
+void ParseCells(Widget w, XwkTreeNode *node, bool first);
+void PaintCells(Widget view, XwkTreeNode *node, int y, GC text);
+// The column under x on a row; fills column, cell type and rectangle.
+bool CellAt(Widget view, XwkTreeNode *node, int row_y, int x, int *column, int *cell_type,
+            XRectangle *cell);
+bool CellRect(Widget view, XwkTreeNode *node, int column, XRectangle *cell);
+void AccumulateColumnWidths(Widget view);
+bool Editable(int type);
+
+// Cell editors (editors.cpp).
+Widget MakeEditor(Widget view, int kind);
+bool ActivateCell(Widget view, XwkTreeNode *node, int column, XEvent *event);
+void CommitCell(Widget w);
+void PlaceEditor(Widget view, XwkTreeNode *node, const XRectangle &cell);
+void HideEditorOffPage(Widget view);
+void PlaceFirstCell(Widget view);
+void RaiseCellManage(Widget w);
+void CellKbdKey(Widget editor, XEvent *event, char letter);
+
+// Drag and drop (dnd.cpp).
+void RegisterTitleDropSite(Widget view);
+void RegisterCellDropSite(Widget view);
+void StartTitleDrag(Widget view, XEvent *event);
+void CopyDropSite(Widget clone);
+void MakeTitleDragIcon(Widget w);
+void FreeTitleDragIcon(Widget w);
 
 }  // namespace xwk::tree
 

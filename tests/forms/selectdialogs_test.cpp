@@ -1,0 +1,113 @@
+// The selection dialogs answered by mouse and keys while they poll their desk.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/PrjTreeP.h>
+#include <Xm/XmP.h>
+#include <X11/keysym.h>
+
+#include <functional>
+#include <string>
+
+#include "boxdriver.h"
+#include "xwktest.h"
+
+namespace {
+
+using boxdriver::Step;
+
+Widget list_up()
+{
+    Widget form = xwkParentWidget;
+    if (!form || !XtIsRealized(form) || !xwktest::FindWidget(form, "xwkActionArea"))
+        return nullptr;
+    Widget tree = xwktest::FindWidgetOfClass(form, xmPrjTreeWidgetClass);
+    if (!tree || !XtIsRealized(tree))
+        return nullptr;
+    XWindowAttributes a;
+    if (!XGetWindowAttributes(XtDisplay(tree), XtWindow(tree), &a) || a.map_state != IsViewable)
+        return nullptr;
+    return tree;
+}
+
+void when_up(Step *step, std::function<void(Widget)> action)
+{
+    step->ready = [] { return list_up() != nullptr; };
+    step->action = [action] { action(list_up()); };
+    step->done = false;
+    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, step);
+}
+
+void click_row(Widget tree, int row, unsigned clicks = 1)
+{
+    XmPrjTreePart &t = ((XmPrjTreeWidget)tree)->tree;
+    int y = t.treeMarginHeight + 2 + row * t.rowHeight + t.rowHeight / 2;
+    for (unsigned i = 0; i < clicks; i++)
+        xwktest::Click(tree, 30, y);
+}
+
+Widget ok_button()
+{
+    Widget area = xwktest::FindWidget(xwkParentWidget, "xwkActionArea");
+    WidgetList children = nullptr;
+    Cardinal count = 0;
+    XtVaGetValues(area, XmNchildren, &children, XmNnumChildren, &count, NULL);
+    return count ? children[0] : nullptr;
+}
+
+class SelectDialogs : public ::testing::Test {
+protected:
+    void SetUp() override { xwktest::StartApp(); }
+    Step step;
+};
+
+char *fruit[] = {(char *)"pear", (char *)"apple", (char *)"plum"};
+
+}  // namespace
+
+TEST_F(SelectDialogs, ItemByDoubleClickAndByKeys)
+{
+    // Sorted: apple, pear, plum; a double click on the second row picks pear.
+    when_up(&step, [](Widget tree) { click_row(tree, 1, 2); });
+    EXPECT_EQ(XwkSelectItemDialog(xwkTopLevel, "Fruit", "Kind", fruit, 3, True), 1);
+    // Down from the first row and Return pick plum, unsorted.
+    when_up(&step, [](Widget tree) {
+        XSetInputFocus(XtDisplay(tree), XtWindow(XtParent(xwkParentWidget)), RevertToParent,
+                       CurrentTime);
+        XmProcessTraversal(tree, XmTRAVERSE_CURRENT);
+        xwktest::PressKey(XtDisplay(tree), XK_Down);
+        xwktest::PressKey(XtDisplay(tree), XK_Down);
+        xwktest::PressKey(XtDisplay(tree), XK_Return);
+    });
+    EXPECT_EQ(XwkSelectItemDialog(xwkTopLevel, "Fruit", "Kind", fruit, 3, False), 3);
+}
+
+TEST_F(SelectDialogs, ListWithSelectAllButtonAndCountInTitle)
+{
+    std::string title_before, title_after;
+    Step next;
+    when_up(&step, [&](Widget tree) {
+        title_before = XmPrjTreeGetTitleItemLabel(tree, 1);
+        // The title button deselects all; a Ctrl click picks apple.
+        Widget title = ((XmPrjTreeWidget)tree)->tree.titleWidget;
+        xwktest::Click(title, 10, title->core.height / 2);
+        xwktest::Pump(200);
+        click_row(tree, 0);
+        // The title counts in the dialog's own loop: OK once it shows one.
+        long start = 0;
+        next.ready = [tree, &title_after, start]() mutable {
+            title_after = XmPrjTreeGetTitleItemLabel(tree, 1);
+            return title_after == "Kinds (1 selected)" || ++start > 300;
+        };
+        next.action = [] { xwktest::ClickCenter(ok_button()); };
+        XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &next);
+    });
+    XtPointer *list = (XtPointer *)fruit;
+    int count = 3;
+    ASSERT_TRUE(XwkSelectListDialog(xwkTopLevel, "Fruit", "Kinds", &list, &count, False));
+    EXPECT_EQ(title_before, "Kinds (3 selected)");
+    EXPECT_EQ(title_after, "Kinds (1 selected)");
+    ASSERT_EQ(count, 1);
+    EXPECT_EQ((long)list[0], 1);
+    XtFree((char *)list);
+}

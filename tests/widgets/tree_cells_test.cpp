@@ -1,0 +1,409 @@
+// Cell editing in the tree list with real keys and clicks: the spreadsheet's
+// active cell, moving it, a combo cell, row deletion from an empty field,
+// text dropped on a cell by a Motif drag, and clones kept in step.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/PrjTreeP.h>
+#include <Xm/XmP.h>
+#include <Xm/List.h>
+#include <Xm/Text.h>
+#include <Xm/Form.h>
+#include <Xm/RowColumn.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+XmPrjTreePart &Part(Widget w)
+{
+    return ((XmPrjTreeWidget)w)->tree;
+}
+
+struct Sheet {
+    Widget shell, box, tree;
+    std::vector<int> reasons;
+    explicit Sheet(unsigned char mode = XmSPREADSHEET, unsigned char type = XmCELL_EDIT_TEXT)
+    {
+        Widget app = xwktest::StartApp();
+        shell = XtVaCreatePopupShell("sheet", topLevelShellWidgetClass, app, XmNwidth, 360,
+                                     XmNheight, 260, NULL);
+        box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
+        Arg args[8];
+        Cardinal n = 0;
+        XtSetArg(args[n], XmNvisualMode, mode); n++;
+        XtSetArg(args[n], XmNnumColumns, 3); n++;
+        XtSetArg(args[n], XmNdelimeter, '|'); n++;
+        XtSetArg(args[n], XmNtitleString, "A|B|C"); n++;
+        XtSetArg(args[n], XmNtitleItemType, type); n++;
+        XtSetArg(args[n], XmNvisibleLines, 5); n++;
+        XtSetArg(args[n], XmNwidth, 340); n++;
+        tree = XmCreateScrolledTreeList(box, (String) "sheet", args, n);
+        XtAddCallback(tree, XmNcellManageCallback, Note, (XtPointer)this);
+    }
+    static void Note(Widget, XtPointer closure, XtPointer call)
+    {
+        ((Sheet *)closure)->reasons.push_back(((XmPrjTreeCallbackStruct *)call)->reason);
+    }
+    XmPrjTreeNode Add(const char *label)
+    {
+        return XmPrjTreeAddItem(tree, nullptr, label, nullptr, nullptr, XmSLAM_UNDEFINED, nullptr,
+                                nullptr, nullptr);
+    }
+    void Up()
+    {
+        XtManageChild(tree);
+        XtPopup(shell, XtGrabNone);
+        EXPECT_TRUE(xwktest::WaitViewable(tree));
+        xwktest::Pump(200);
+        XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
+        xwktest::Pump(200);
+        xwktest::Settle();
+    }
+    ~Sheet() { XtDestroyWidget(shell); }
+    Widget Editor() { return Part(tree).cellActive; }
+    int Column() { return Part(tree).cellColumn; }
+    XmPrjTreeNode Node() { return Part(tree).cellNodeId; }
+    void Key(KeySym sym, unsigned mods = 0)
+    {
+        xwktest::PressKey(XtDisplay(tree), sym, mods);
+        xwktest::Pump(120);
+    }
+    void ClickCell(XmPrjTreeNode node, int column)
+    {
+        XRectangle r;
+        int row = XmPrjTreeGetNodeNumber(tree, node) - 1;
+        for (XwkListNode *e = Part(tree).columns->first; e; e = e->next) {
+            auto *c = (XmPrjTreeColumnRec *)e->data;
+            if (c->number == column)
+                r.x = c->x + 8;
+        }
+        r.y = (short)(Part(tree).treeMarginHeight + 2 + row * Part(tree).rowHeight +
+                      Part(tree).rowHeight / 2);
+        xwktest::Click(tree, r.x, r.y);
+        xwktest::Pump(200);
+    }
+};
+
+TEST(TreeCells, SpreadsheetTypingAndMoving)
+{
+    Sheet s;
+    XmPrjTreeNode a = s.Add("a1|a2|a3");
+    XmPrjTreeNode b = s.Add("b1|b2|b3");
+    s.Up();
+    // An active cell at all times: the first editable cell of the current row.
+    ASSERT_NE(s.Editor(), nullptr);
+    EXPECT_EQ(s.Node(), a);
+    EXPECT_EQ(s.Column(), 1);
+    EXPECT_TRUE(XtIsManaged(s.Editor()));
+    xwktest::TypeText(XtDisplay(s.tree), "X");
+    xwktest::Pump(100);
+    s.Key(XK_Return);
+    EXPECT_EQ(s.Column(), 1);
+    s.Key(XK_Tab);
+    EXPECT_EQ(s.Column(), 2);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, a, 1), "a1X");
+    // Right at the end of the text moves on, Left inside it stays.
+    s.Key(XK_Right);
+    EXPECT_EQ(s.Column(), 3);
+    s.Key(XK_Left);
+    EXPECT_EQ(s.Column(), 3);
+    s.Key(XK_Home);
+    s.Key(XK_Left);
+    EXPECT_EQ(s.Column(), 2);
+    s.Key(XK_Down);
+    EXPECT_EQ(s.Node(), b);
+    EXPECT_EQ(s.Column(), 2);
+    // Tab at the row's end goes on in the next row; Shift+Tab back.
+    s.Key(XK_Tab);
+    s.Key(XK_Tab);
+    EXPECT_EQ(s.Column(), 3);
+    s.Key(XK_Up);
+    EXPECT_EQ(s.Node(), a);
+    s.Key(XK_Tab, ShiftMask);
+    EXPECT_EQ(s.Column(), 2);
+    // A click on a cell activates it, and the editor shows its text.
+    s.ClickCell(b, 3);
+    EXPECT_EQ(s.Node(), b);
+    EXPECT_EQ(s.Column(), 3);
+    char *text = XmTextGetString(s.Editor());
+    EXPECT_STREQ(text, "b3");
+    XtFree(text);
+    // The editor follows a programmatic change of its cell.
+    XmPrjTreeSetColumnLabel(s.tree, b, 3, "new");
+    text = XmTextGetString(s.Editor());
+    EXPECT_STREQ(text, "new");
+    XtFree(text);
+    EXPECT_FALSE(s.reasons.empty());
+    EXPECT_EQ(s.reasons.front(), XmCR_TREE_CELL_MANAGED);
+}
+
+TEST(TreeCells, ComboCellChoice)
+{
+    Sheet s(XmTABLE_LIST, XmCELL_LABEL);
+    XmString items[3] = {XmStringCreateLocalized((char *)"red"),
+                         XmStringCreateLocalized((char *)"green"),
+                         XmStringCreateLocalized((char *)"blue")};
+    XmPrjTreeSetComboBoxItems(s.tree, 2, items, 3);
+    XmPrjTreeSetColumnType(s.tree, 2, XmCELL_DROP_DOWN_LIST, 0);
+    XmPrjTreeNode a = s.Add("one||x");
+    s.Add("two||y");
+    // An empty combo piece takes the first entry.
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, a, 2), "red");
+    s.Up();
+    EXPECT_EQ(s.Editor(), nullptr);
+    s.ClickCell(a, 2);
+    ASSERT_NE(s.Editor(), nullptr);
+    EXPECT_EQ(s.Editor(), Part(s.tree).cellComboBox);
+    // The click that activated the cell went on to the drop-down list, which
+    // popped up; a click on its third entry chooses it, and a click
+    // elsewhere commits the choice.
+    Widget list = XwkComboBoxGetList(s.Editor());
+    ASSERT_TRUE(xwktest::WaitViewable(list));
+    xwktest::Pump(100);
+    Position ix = 0, iy = 0;
+    Dimension iw = 0, ih = 0;
+    ASSERT_TRUE(XmListPosToBounds(list, 3, &ix, &iy, &iw, &ih));
+    xwktest::Click(list, ix + iw / 2, iy + ih / 2);
+    xwktest::Pump(200);
+    s.ClickCell(a, 1);
+    EXPECT_EQ(XmPrjTreeGetColumnComboBoxPosition(s.tree, a, 2), 3);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, a, 2), "blue");
+    // In a table list a click on a label cell leaves no active cell.
+    EXPECT_EQ(s.Editor(), nullptr);
+    EXPECT_EQ(XmPrjTreeSetColumnComboBoxPosition(s.tree, a, 2, 2), 1);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, a, 2), "green");
+    for (XmString i : items)
+        XmStringFree(i);
+}
+
+int vetoes = 0;
+void Veto(Widget, XtPointer closure, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    if (cbs->doit && closure) {
+        cbs->doit = False;
+        vetoes++;
+    }
+}
+
+TEST(TreeCells, BackSpaceInEmptyFieldDeletesRowUnlessVetoed)
+{
+    Sheet s;
+    s.Add("a||");
+    XmPrjTreeNode b = s.Add("|  |");
+    s.Add("c||");
+    s.Up();
+    s.ClickCell(b, 2);
+    ASSERT_EQ(s.Node(), b);
+    XtAddCallback(s.tree, XmNdeleteCallback, Veto, (XtPointer)1);
+    s.Key(XK_BackSpace);
+    EXPECT_EQ(vetoes, 1);
+    EXPECT_EQ(XmPrjTreeGetItemsCount(s.tree, nullptr), 3);
+    XtRemoveAllCallbacks(s.tree, XmNdeleteCallback);
+    s.Key(XK_BackSpace);
+    EXPECT_EQ(XmPrjTreeGetItemsCount(s.tree, nullptr), 2);
+    EXPECT_NE(s.Node(), nullptr);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, s.Node(), 1), "a");
+    // Deleting the active cell's row leaves no active cell.
+    XmPrjTreeDeleteItem(s.tree, s.Node());
+    EXPECT_EQ(Part(s.tree).cellNodeId, nullptr);
+}
+
+TEST(TreeCells, TextDraggedFromAnotherWidgetLandsInCell)
+{
+    Sheet s;
+    s.Add("a1|a2|a3");
+    XmPrjTreeNode b = s.Add("b1|b2|b3");
+    Widget source = XtVaCreateManagedWidget("source", xmTextWidgetClass, s.box, XmNvalue,
+                                            "dropped", NULL);
+    s.Up();
+    xwktest::WaitViewable(source);
+    XmTextSetSelection(source, 0, 7, CurrentTime);
+    xwktest::Pump(100);
+    int sx, sy, tx, ty;
+    xwktest::RootPosition(source, &sx, &sy);
+    xwktest::RootPosition(s.tree, &tx, &ty);
+    int cx = tx + 0, cy = 0;
+    for (XwkListNode *e = Part(s.tree).columns->first; e; e = e->next)
+        if (((XmPrjTreeColumnRec *)e->data)->number == 3)
+            cx = tx + ((XmPrjTreeColumnRec *)e->data)->x + 10;
+    cy = ty + Part(s.tree).treeMarginHeight + 2 + Part(s.tree).rowHeight * 3 / 2;
+    Display *dpy = XtDisplay(s.tree);
+    int x0 = sx + 12, y0 = sy + source->core.height / 2;
+    XTestFakeMotionEvent(dpy, -1, x0, y0, 0);
+    XTestFakeButtonEvent(dpy, 2, True, 80);
+    for (int step = 1; step <= 10; step++)
+        XTestFakeMotionEvent(dpy, -1, x0 + (cx - x0) * step / 10, y0 + (cy - y0) * step / 10, 60);
+    XTestFakeButtonEvent(dpy, 2, False, 250);
+    XFlush(dpy);
+    xwktest::PumpUntil([&] { return std::string(XmPrjTreeGetColumnLabel(s.tree, b, 3)) == "dropped"; },
+                       4000);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 3), "dropped");
+}
+
+XmPrjTreeNode Nth(Widget tree, int number)
+{
+    XmPrjTreeNode n = XmPrjTreeGetFirstNode(tree);
+    while (n && --number > 0)
+        n = XmPrjTreeGetNextNode(tree, n);
+    return n;
+}
+
+TEST(TreeCells, ClonesStayInStep)
+{
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("clones", topLevelShellWidgetClass, app, NULL);
+    Widget box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
+    Arg args[6];
+    Cardinal n = 0;
+    XtSetArg(args[n], XmNvisualMode, XmTABLE_LIST); n++;
+    XtSetArg(args[n], XmNnumColumns, 2); n++;
+    XtSetArg(args[n], XmNdelimeter, '|'); n++;
+    XtSetArg(args[n], XmNtitleString, "Key|Value"); n++;
+    XtSetArg(args[n], XmNvisibleLines, 4); n++;
+    Widget mother = XmCreateScrolledTreeList(box, (String) "mother", args, n);
+    XtSetArg(args[n], XmNmother, mother); n++;
+    Widget clone = XmCreateScrolledTreeList(box, (String) "clone", args, n);
+    ASSERT_NE(Part(clone).titleWidget, nullptr);
+    for (int i = 0; i < 20; i++) {
+        char label[32];
+        snprintf(label, sizeof label, "k%02d|v%d", i, i);
+        XmPrjTreeAddItem(clone, nullptr, label, nullptr, nullptr, XmSLAM_UNDEFINED, nullptr,
+                         nullptr, nullptr);
+    }
+    XtManageChild(mother);
+    XtManageChild(clone);
+    XtPopup(shell, XtGrabNone);
+    xwktest::WaitViewable(clone);
+    xwktest::Pump(200);
+    XmPrjTreeSetTopItem(clone, Nth(clone, 10));
+    xwktest::Pump(100);
+    EXPECT_EQ(Part(mother).topRow, 0);
+    EXPECT_EQ(Part(clone).topRow, 9);
+    // A row changed through one view shows in both; a column resized
+    // through one is resized for both.
+    XmPrjTreeSetColumnLabel(mother, Nth(mother, 11), 2, "changed");
+    XmPrjTreeDeleteItem(clone, Nth(clone, 1));
+    xwktest::Pump(200);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(clone, Nth(clone, 10), 2),
+                 "changed");
+    XmPrjTreeSetTitleItemWidth(clone, 1, 90);
+    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(mother, 1), 90);
+    // hPad set on the clone is the mother's.
+    XtVaSetValues(clone, XmNhPad, 5, NULL);
+    EXPECT_EQ(Part(mother).hPad, 5);
+    XtDestroyWidget(shell);
+    xwktest::Pump(50);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(TreeCells, ColumnHiddenWhileEdited)
+{
+    // A column hidden while its cell is edited: the edit is kept, the editor goes.
+    Sheet s;
+    XmPrjTreeNode a = s.Add("a1|a2|a3");
+    s.Up();
+    s.ClickCell(a, 2);
+    ASSERT_EQ(s.Column(), 2);
+    xwktest::TypeText(XtDisplay(s.tree), "Z");
+    xwktest::Pump(100);
+    XmPrjTreeHideColumn(s.tree, 2);
+    xwktest::Pump(100);
+    EXPECT_FALSE(XtIsManaged(s.Editor()));
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, a, 2), "a2Z");
+}
+
+int drags = 0;
+void Nothing(Widget, XtPointer, XtPointer) { drags++; }
+
+TEST(TreeCells, OpenPointsOfClones)
+{
+    // canSlam turned on later brings the built-in state icons.
+    Widget app = xwktest::StartApp();
+    // Each view in a shell of its own: Motif's row column leaks a little
+    // when a child of it is destroyed.
+    Widget shell = XtVaCreatePopupShell("slam", topLevelShellWidgetClass, app, XmNwidth, 240,
+                                        XmNheight, 100, NULL);
+    Widget clone_shell = XtVaCreatePopupShell("clone", topLevelShellWidgetClass, app, XmNy, 150,
+                                              XmNwidth, 240, XmNheight, 100, NULL);
+    Widget second_shell = XtVaCreatePopupShell("second", topLevelShellWidgetClass, app, XmNy, 300,
+                                               XmNwidth, 240, XmNheight, 100, NULL);
+    Arg lines[2];
+    XtSetArg(lines[0], XmNheight, 60);
+    XtSetArg(lines[1], XmNwidth, 200);
+    Widget mother = XmCreateScrolledTreeList(shell, (String) "mother", lines, 2);
+    XwkIcon *fruitless = nullptr, *open = nullptr, *closed = nullptr;
+    XmPrjTreeGetDefaultItemAttributes(mother, &fruitless, &open, &closed);
+    EXPECT_EQ(open, nullptr);
+    XtVaSetValues(mother, XmNcanSlam, True, NULL);
+    XmPrjTreeGetDefaultItemAttributes(mother, &fruitless, &open, &closed);
+    EXPECT_NE(open, nullptr);
+    EXPECT_NE(closed, nullptr);
+    EXPECT_NE(fruitless, nullptr);
+    // A drag timer armed in a clone goes with the clone.
+    Arg args[3];
+    XtSetArg(args[0], XmNmother, mother);
+    XtSetArg(args[1], XmNheight, 60);
+    XtSetArg(args[2], XmNwidth, 200);
+    Widget clone = XmCreateScrolledTreeList(clone_shell, (String) "clone", args, 3);
+    XtAddCallback(mother, XmNstartDragCallback, Nothing, nullptr);
+    XmPrjTreeAddSimpleItem(mother, "the first row, wide enough to press on", nullptr);
+    XmPrjTreeAddSimpleItem(mother, "the second row", nullptr);
+    XtManageChild(mother);
+    XtManageChild(clone);
+    XtPopup(shell, XtGrabNone);
+    XtPopup(clone_shell, XtGrabNone);
+    xwktest::WaitViewable(clone);
+    xwktest::Pump(200);
+    Widget display = XmGetXmDisplay(XtDisplay(clone));
+    XtVaSetValues(display, XmNenableBtn1Transfer, XmBUTTON2_TRANSFER, NULL);
+    Display *dpy = XtDisplay(clone);
+    int x, y;
+    xwktest::RootPosition(clone, &x, &y);
+    XmPrjTreePart &m = Part(mother);
+    int row_y = m.treeMarginHeight + 2 + m.rowHeight / 2, label_x = 0;
+    while (label_x < clone->core.width &&
+           !XmPrjTreeWhichNode(XmTREE_PART_LABEL, label_x, row_y, clone))
+        label_x++;
+    label_x += 2;
+    xwktest::Click(clone, label_x, row_y);
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 100);
+    xwktest::MovePointer(dpy, x + label_x, y + row_y);
+    xwktest::Pump(50);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    XFlush(dpy);
+    // Only the press: the timer that tells a drag from a click is armed.
+    XSync(dpy, False);
+    while (!m.dragTimer && XtAppPending(xwktest::App()) & XtIMXEvent)
+        XtAppProcessEvent(xwktest::App(), XtIMXEvent);
+    ASSERT_NE(m.dragTimer, 0u);
+    XtDestroyWidget(XtParent(clone));
+    xwktest::Pump(XtGetMultiClickTime(dpy) + 200);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    xwktest::Pump(100);
+    EXPECT_EQ(m.dragTimer, 0u);
+    EXPECT_EQ(drags, 0);
+    XtVaSetValues(display, XmNenableBtn1Transfer, XmOFF, NULL);
+    // The mother goes first: her clones go with her.
+    Widget second = XmCreateScrolledTreeList(second_shell, (String) "second", args, 3);
+    XtManageChild(second);
+    XtPopup(second_shell, XtGrabNone);
+    xwktest::Pump(100);
+    XtDestroyWidget(XtParent(mother));
+    xwktest::Pump(100);
+    XtDestroyWidget(shell);
+    XtDestroyWidget(clone_shell);
+    XtDestroyWidget(second_shell);
+    xwktest::Pump(50);
+}
+
+}  // namespace

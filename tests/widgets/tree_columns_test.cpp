@@ -1,0 +1,291 @@
+// The tree list's title bar and columns on the screen, driven by real
+// input: resizing by the boundary, sorting by a click, scrolling and
+// moving columns, and the layout string.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/PrjTreeP.h>
+#include <Xm/XmP.h>
+#include <X11/extensions/XTest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+XmPrjTreePart &Part(Widget w)
+{
+    return ((XmPrjTreeWidget)w)->tree;
+}
+
+// A Motif drag runs a loop of its own until the drop: the whole gesture is
+// queued in the server at once, each step delayed there.
+void QueuedDrag(Display *dpy, int x, int y, int dx, int dy, unsigned button)
+{
+    XTestFakeMotionEvent(dpy, -1, x, y, 0);
+    XTestFakeButtonEvent(dpy, button, True, 60);
+    for (int step = 1; step <= 8; step++)
+        XTestFakeMotionEvent(dpy, -1, x + dx * step / 8, y + dy * step / 8, 60);
+    XTestFakeButtonEvent(dpy, button, False, 200);
+    XFlush(dpy);
+    xwktest::Pump(1500);
+    xwktest::Settle();
+}
+
+struct Table {
+    Widget shell, tree, title;
+    explicit Table(const char *titles = "Name|Size|Type", int columns = 3, int width = 360,
+                   unsigned char mode = XmTABLE_LIST)
+    {
+        Widget app = xwktest::StartApp();
+        shell = XtVaCreatePopupShell("table", topLevelShellWidgetClass, app, XmNwidth, width,
+                                     XmNheight, 220, NULL);
+        Arg args[8];
+        Cardinal n = 0;
+        XtSetArg(args[n], XmNvisualMode, mode); n++;
+        XtSetArg(args[n], XmNnumColumns, columns); n++;
+        XtSetArg(args[n], XmNdelimeter, '|'); n++;
+        XtSetArg(args[n], XmNtitleString, titles); n++;
+        XtSetArg(args[n], XmNuseSort, True); n++;
+        XtSetArg(args[n], XmNshowGrid, True); n++;
+        tree = XmCreateScrolledTreeList(shell, (String) "table", args, n);
+        title = Part(tree).titleWidget;
+    }
+    void Up()
+    {
+        XtManageChild(tree);
+        XtPopup(shell, XtGrabNone);
+        EXPECT_TRUE(xwktest::WaitViewable(tree));
+        xwktest::Pump(200);
+        xwktest::Settle();
+    }
+    ~Table() { XtDestroyWidget(shell); }
+    std::vector<std::string> Column(int column)
+    {
+        std::vector<std::string> out;
+        for (XmPrjTreeNode n = XmPrjTreeGetFirstNode(tree); n; n = XmPrjTreeGetNextNode(tree, n))
+            out.push_back(XmPrjTreeGetColumnLabel(tree, n, column));
+        return out;
+    }
+    std::string Layout()
+    {
+        char *s = XmPrjTreeGetColumnsLayoutString(tree);
+        std::string out = s ? s : "(null)";
+        XtFree(s);
+        return out;
+    }
+    int Boundary(int column) { return ColumnRec(column)->x + 1; }
+    XmPrjTreeColumnRec *ColumnRec(int column)
+    {
+        for (XwkListNode *e = Part(tree).columns->first; e; e = e->next)
+            if (((XmPrjTreeColumnRec *)e->data)->number == column)
+                return (XmPrjTreeColumnRec *)e->data;
+        return nullptr;
+    }
+    // Drags with a button in the title from x to x + dx.
+    void DragTitle(int x, int dx, unsigned button = 1)
+    {
+        if (button != 1) {
+            int rx, ry;
+            xwktest::RootPosition(title, &rx, &ry);
+            QueuedDrag(XtDisplay(title), rx + x, ry + title->core.height / 2, dx, 0, button);
+            return;
+        }
+        Display *dpy = XtDisplay(title);
+        int rx, ry;
+        xwktest::RootPosition(title, &rx, &ry);
+        int y = ry + title->core.height / 2;
+        xwktest::MovePointer(dpy, rx + x, y);
+        xwktest::Pump(50);
+        XTestFakeButtonEvent(dpy, button, True, CurrentTime);
+        XFlush(dpy);
+        xwktest::Pump(80);
+        for (int step = 1; step <= 6; step++) {
+            xwktest::MovePointer(dpy, rx + x + dx * step / 6, y);
+            xwktest::Pump(40);
+        }
+        XTestFakeButtonEvent(dpy, button, False, CurrentTime);
+        XFlush(dpy);
+        xwktest::Pump(300);
+        xwktest::Settle();
+    }
+};
+
+void Fill(Widget tree)
+{
+    const char *rows[] = {"beta|20|text", "alpha|3|image", "gamma|100|text", "delta|7|binary"};
+    for (const char *r : rows)
+        XmPrjTreeAddItem(tree, nullptr, r, nullptr, nullptr, XmSLAM_UNDEFINED, nullptr, nullptr,
+                         nullptr);
+}
+
+TEST(TreeColumns, TitleItemsAndColumnOperations)
+{
+    Table t;
+    ASSERT_NE(t.title, nullptr);
+    EXPECT_STREQ(XmPrjTreeGetTitleItemLabel(t.tree, 2), "Size");
+    EXPECT_EQ(XmPrjTreeGetTitleItemLabel(t.tree, 4), nullptr);
+    EXPECT_EQ(XmPrjTreeSetTitleItemWidth(t.tree, 9, 10), 255);
+    EXPECT_EQ(XmPrjTreeSetTitleItemWidth(t.tree, 2, 77), 0);
+    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 2), 77);
+    EXPECT_EQ(XmPrjTreeHideColumn(t.tree, 2), 0);
+    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 2), 0);
+    EXPECT_EQ(XmPrjTreeShowColumn(t.tree, 2), 0);
+    EXPECT_EQ(XmPrjTreeSetColumnType(t.tree, 3, 42, 0), 255);
+    EXPECT_EQ(XmPrjTreeSetColumnType(t.tree, 3, XmCELL_EDIT_TEXT, 7), 0);
+    EXPECT_EQ(XmPrjTreeGetColumnType(t.tree, 3), XmCELL_EDIT_TEXT);
+    EXPECT_EQ(XmPrjTreeGetColumnType(t.tree, 0), 255);
+    unsigned char dir = 9;
+    EXPECT_EQ(XmPrjTreeGetSortColumn(t.tree, &dir), 1);
+    EXPECT_EQ(dir, XmSORT_ASCENDING);
+    EXPECT_EQ(XmPrjTreeSetTitleItemLabel(t.tree, 1, "File"), 0);
+    EXPECT_STREQ(XmPrjTreeGetTitleItemLabel(t.tree, 1), "File");
+    // Cells: too many pieces go into the last cell, too few leave empty ones.
+    XmPrjTreeNode a = XmPrjTreeAddItem(t.tree, nullptr, "x|1|a|b|c", nullptr, nullptr,
+                                       XmSLAM_UNDEFINED, nullptr, nullptr, nullptr);
+    XmPrjTreeNode b = XmPrjTreeAddItem(t.tree, nullptr, "|", nullptr, nullptr, XmSLAM_UNDEFINED,
+                                       nullptr, nullptr, nullptr);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, a, 3), "a|b|c");
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, b, 1), "");
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, b, 3), "");
+    EXPECT_EQ(XmPrjTreeGetCellType(t.tree, a, 2), XmCELL_LABEL);
+    EXPECT_EQ(XmPrjTreeGetCellType(t.tree, a, 3), XmCELL_EDIT_TEXT);
+    EXPECT_EQ(XmPrjTreeGetCellType(t.tree, a, 4), 255);
+    EXPECT_EQ(XmPrjTreeRenameItem(t.tree, a, nullptr, nullptr), 0);
+    EXPECT_EQ(XmPrjTreeRenameItem(t.tree, a, "y  |2|z", nullptr), 1);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, a, 1), "y");
+}
+
+TEST(TreeColumns, LayoutStringRoundTrip)
+{
+    Table t("A|B|C|D", 4, 400);
+    Fill(t.tree);
+    t.Up();
+    XmPrjTreeSetTitleItemWidth(t.tree, 1, 50);
+    XmPrjTreeSetTitleItemWidth(t.tree, 2, 60);
+    XmPrjTreeSetTitleItemWidth(t.tree, 3, 70);
+    std::string saved = t.Layout();
+    // Another order, another first column, other widths; then the saved
+    // string restores all three.
+    EXPECT_EQ(XmPrjTreeSetColumnsLayoutString(t.tree, "C:-1,40;A:0,%50;D:1,33;B:2,12"), 4);
+    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 1), 400 / 4 / 25 * 50);
+    EXPECT_EQ(t.Layout().substr(0, 7), "C:-1,40");
+    EXPECT_EQ(XmPrjTreeSetColumnsLayoutString(t.tree, saved.c_str()), 4);
+    EXPECT_EQ(t.Layout(), saved);
+    // Read as far as sound: unknown labels skipped, a width left out kept,
+    // and an entry without ':' ends it.
+    EXPECT_EQ(XmPrjTreeSetColumnsLayoutString(t.tree, "Zed:0,5;B:0,;A:1,%;junk;C:0,1"), 3);
+    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 2), 60);
+    std::string copy = "A:0,5;B:1,5;Q:2,3";
+    EXPECT_EQ(XmPrjTreeCheckLayoutString(t.tree, copy.data()), 2);
+    EXPECT_EQ(copy, "A:0,5;B:1,5;Q:2,3");
+    std::string nocomma = "A:0;B:1,5";
+    EXPECT_EQ(XmPrjTreeCheckLayoutString(t.tree, nocomma.data()), 0);
+    Table single("Only", 1);
+    EXPECT_EQ(single.Layout(), "(null)");
+}
+
+TEST(TreeColumns, BoundaryDragResizesAndRepaintsGrid)
+{
+    Table t;
+    Fill(t.tree);
+    t.Up();
+    int before = XmPrjTreeGetTitleItemWidth(t.tree, 1);
+    int boundary = t.Boundary(2);
+    t.DragTitle(boundary, 30);
+    EXPECT_NEAR(XmPrjTreeGetTitleItemWidth(t.tree, 1), before + 30, 2);
+    // The grid line between the first two columns moved with the boundary.
+    Pixel grid = Part(t.tree).gridColor;
+    int x = t.ColumnRec(2)->x;
+    xwktest::Capture cap(t.tree);
+    ASSERT_TRUE(cap.ok());
+    int found = -1;
+    for (int dx = -2; dx <= 12 && found < 0; dx++)
+        if (cap.Count(grid, x + dx, 2, 1, Part(t.tree).rowHeight * 3) >= Part(t.tree).rowHeight)
+            found = x + dx;
+    EXPECT_GT(found, boundary + 20);
+    // Past the left border it stops; never narrower than twice hPad.
+    t.DragTitle(t.Boundary(2), -400);
+    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 1), 2 * Part(t.tree).hPad);
+}
+
+TEST(TreeColumns, SortClickTogglesDirectionAndArrow)
+{
+    Table t;
+    XmPrjTreeSetAllColumnsSortable(t.tree, True);
+    Fill(t.tree);
+    t.Up();
+    xwktest::Capture plain(t.title);
+    int x = t.ColumnRec(1)->x + 10;
+    xwktest::Click(t.title, x, t.title->core.height / 2);
+    xwktest::Pump(300);
+    EXPECT_EQ(t.Column(1), (std::vector<std::string>{"alpha", "beta", "delta", "gamma"}));
+    xwktest::Capture up(t.title);
+    xwktest::Pump(600);
+    xwktest::Click(t.title, x, t.title->core.height / 2);
+    xwktest::Pump(300);
+    EXPECT_EQ(t.Column(1), (std::vector<std::string>{"gamma", "delta", "beta", "alpha"}));
+    unsigned char dir;
+    EXPECT_EQ(XmPrjTreeGetSortColumn(t.tree, &dir), 1);
+    EXPECT_EQ(dir, XmSORT_DISCENDING);
+    xwktest::Capture down(t.title);
+    // The arrow at the column's right end differs between the directions.
+    int ax = t.ColumnRec(2)->x - 20, h = t.title->core.height;
+    int diff = 0;
+    for (int yy = 0; yy < h; yy++)
+        for (int xx = ax; xx < ax + 20; xx++)
+            diff += up.Pixel(xx, yy) != down.Pixel(xx, yy);
+    EXPECT_GT(diff, 4);
+    // Another column starts ascending again.
+    xwktest::Pump(600);
+    xwktest::Click(t.title, t.ColumnRec(2)->x + 12, t.title->core.height / 2);
+    xwktest::Pump(300);
+    EXPECT_EQ(XmPrjTreeGetSortColumn(t.tree, &dir), 2);
+    EXPECT_EQ(dir, XmSORT_ASCENDING);
+    EXPECT_EQ(t.Column(2), (std::vector<std::string>{"100", "20", "3", "7"}));
+}
+
+TEST(TreeColumns, ScrollArrowsMoveFirstColumn)
+{
+    Table t("A|B|C|D|E", 5, 220);
+    for (int i = 1; i <= 5; i++)
+        XmPrjTreeSetTitleItemWidth(t.tree, i, 90);
+    Fill(t.tree);
+    t.Up();
+    XmPrjTreeTitleRec *title = Part(t.tree).title;
+    EXPECT_TRUE(title->canScrollRight);
+    EXPECT_FALSE(title->canScrollLeft);
+    xwktest::Click(t.title, title->arrowRightX + title->arrowWidth / 2,
+                   title->arrowY + title->arrowHeight / 2);
+    xwktest::Pump(200);
+    EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 2);
+    EXPECT_TRUE(title->canScrollLeft);
+    EXPECT_EQ(t.Layout().substr(0, 7), "A:-1,90");
+    xwktest::Click(t.title, title->arrowLeftX + title->arrowWidth / 2,
+                   title->arrowY + title->arrowHeight / 2);
+    xwktest::Pump(200);
+    EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 1);
+}
+
+TEST(TreeColumns, DragTitleOntoAnotherMovesIt)
+{
+    Table t("A|B|C", 3, 360);
+    Fill(t.tree);
+    t.Up();
+    int from = t.ColumnRec(1)->x + 15;
+    int to = t.ColumnRec(3)->x + 15;
+    t.DragTitle(from, to - from, 2);
+    xwktest::Pump(500);
+    std::string layout = t.Layout();
+    EXPECT_EQ(layout.substr(0, 2), "B:") << layout;
+    EXPECT_NE(layout.find("A:1"), std::string::npos) << layout;
+    // The cells follow their columns.
+    XmPrjTreeNode first = XmPrjTreeGetFirstNode(t.tree);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, first, 1), "beta");
+}
+
+}  // namespace
