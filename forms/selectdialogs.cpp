@@ -6,6 +6,7 @@
 #include <Xwk/Graphics.h>
 #include <Xwk/PrjTree.h>
 #include <Xwk/Text.h>
+#include <Xwk/Windows.h>
 
 #include <Xm/XmP.h>
 #include <Xm/Frame.h>
@@ -68,15 +69,19 @@ bool build(Picker *p, Widget widget, const char *title, const char *column_title
            int count, Boolean sort, bool multiple)
 {
     Widget top = XwkGetWMShell(widget);
-    Cursor watch = None;
-    if (top && XtIsRealized(top)) {
-        watch = XCreateFontCursor(XtDisplay(top), XC_watch);
-        XDefineCursor(XtDisplay(top), XtWindow(top), watch);
+    bool waiting = top && XtIsRealized(top);
+    if (waiting) {
+        if (!xwkWaitCursor)
+            xwkWaitCursor = XCreateFontCursor(XtDisplay(top), XC_watch);
+        XDefineCursor(XtDisplay(top), XtWindow(top), xwkWaitCursor);
         XFlush(XtDisplay(top));
     }
     CreateDesk(top, kDeskPosition, kDeskPosition, title, &p->desk);
-    if (!p->desk)
+    if (!p->desk) {
+        if (waiting)
+            XUndefineCursor(XtDisplay(top), XtWindow(top));
         return false;
+    }
     p->shell = shell_of(p->desk);
     XtVaSetValues(p->shell, XmNmwmDecorations, MWM_DECOR_ALL, XmNmwmFunctions, MWM_FUNC_ALL,
                   XtNmappedWhenManaged, False, NULL);
@@ -126,10 +131,8 @@ bool build(Picker *p, Widget widget, const char *title, const char *column_title
     XtMapWidget(p->shell);
     XmProcessTraversal(p->tree, XmTRAVERSE_CURRENT);
     ForceUpdate(p->shell);
-    if (watch) {
+    if (waiting)
         XUndefineCursor(XtDisplay(top), XtWindow(top));
-        XFreeCursor(XtDisplay(top), watch);
-    }
     return true;
 }
 

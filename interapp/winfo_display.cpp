@@ -12,7 +12,6 @@
 #include <Xm/Separator.h>
 #include <X11/IntrinsicP.h>
 
-#include <dlfcn.h>
 #include <signal.h>
 #include <string.h>
 
@@ -300,31 +299,6 @@ XwkTreeNode *AddRow(Widget list, XwkTreeNode *parent_item, WindowsInfoRecord *r)
                             XmSLAM_OPEN, nullptr, nullptr, nullptr);
 }
 
-// A row takes a new title through the tree list's own rename when the
-// library has one; without it a new row takes the old one's place and
-// children.  Looked up at run time, so that both builds link.
-void RenameRow(Widget list, XwkTreeNode **item, const char *title)
-{
-    using RenameProc = int (*)(Widget, XwkTreeNode *, const char *, struct _XwkIcon *);
-    static RenameProc rename = (RenameProc)dlsym(RTLD_DEFAULT, "XmPrjTreeRenameItem");
-    if (rename) {
-        rename(list, *item, title, nullptr);
-        return;
-    }
-    struct _XwkIcon *icon = nullptr;
-    XmPrjTreeGetItemAttributes(list, *item, &icon, nullptr, nullptr, nullptr);
-    XwkTreeNode *row = XmPrjTreeAddItem(list, XmPrjTreeGetParent(list, *item), title, icon,
-                                        XmPrjTreeGetClientData(list, *item), XmSLAM_OPEN,
-                                        nullptr, nullptr, nullptr);
-    if (!row)
-        return;
-    XmPrjTreeSetItemPosition(list, row, XmPrjTreeGetItemPositionFromParent(list, *item));
-    while (XwkTreeNode *child = XmPrjTreeFindFirstChild(list, *item))
-        XmPrjTreeReparentItem(list, child, row);
-    XmPrjTreeDeleteItem(list, *item);
-    *item = row;
-}
-
 // ---- One update -----------------------------------------------------------
 
 using Triple = std::tuple<unsigned long, unsigned long, int>;
@@ -356,7 +330,7 @@ void Relabel(Widget w, WindowsInfoRecord *old, const char *title)
     if (old->button)
         SetLabel(old->button, title);
     if (old->item)
-        RenameRow(w, &old->item, title);
+        XmPrjTreeRenameItem(w, old->item, title, nullptr);
 }
 
 void AddEntry(Widget w, XwkTree *tree, WindowsInfoRecord *r, WindowsInfoRecord *parent)
