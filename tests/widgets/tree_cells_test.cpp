@@ -10,6 +10,7 @@
 #include <Xm/Text.h>
 #include <Xm/Form.h>
 #include <Xm/RowColumn.h>
+#include <Xm/DragDrop.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
@@ -182,6 +183,30 @@ TEST(TreeCells, ComboCellChoice)
         XmStringFree(i);
 }
 
+TEST(TreeCells, EditorChangeTellsOfBothEditors)
+{
+    // Moving from a text cell to a push button cell: the field's going is
+    // told for the cell it left, then the button's coming for the new one.
+    Sheet s;
+    XmPrjTreeSetColumnType(s.tree, 3, XmCELL_PUSH_BUTTON, 0);
+    XmPrjTreeNode a = s.Add("a1|a2|a3");
+    std::vector<int> columns;
+    XtAddCallback(s.tree, XmNcellManageCallback,
+                  [](Widget, XtPointer closure, XtPointer call) {
+                      ((std::vector<int> *)closure)->push_back(
+                          ((XmPrjTreeCallbackStruct *)call)->column);
+                  },
+                  (XtPointer)&columns);
+    s.Up();
+    ASSERT_EQ(s.Column(), 1);
+    s.reasons.clear();
+    columns.clear();
+    ASSERT_TRUE(XmPrjTreeGotoColumn(s.tree, a, 3));
+    EXPECT_EQ(s.Editor(), Part(s.tree).cellPushButton);
+    EXPECT_EQ(s.reasons, (std::vector<int>{XmCR_TREE_CELL_UNMANAGED, XmCR_TREE_CELL_MANAGED}));
+    EXPECT_EQ(columns, (std::vector<int>{1, 3}));
+}
+
 int vetoes = 0;
 void Veto(Widget, XtPointer closure, XtPointer call)
 {
@@ -224,6 +249,14 @@ TEST(TreeCells, TextDraggedFromAnotherWidgetLandsInCell)
                                             "dropped", NULL);
     s.Up();
     xwktest::WaitViewable(source);
+    // The spreadsheet's own text drop site: composite, no drag-under effect.
+    unsigned char site_type = 0, animation = 0xff;
+    Arg site[2];
+    XtSetArg(site[0], XmNdropSiteType, &site_type);
+    XtSetArg(site[1], XmNanimationStyle, &animation);
+    XmDropSiteRetrieve(s.tree, site, 2);
+    EXPECT_EQ(site_type, XmDROP_SITE_COMPOSITE);
+    EXPECT_EQ(animation, XmDRAG_UNDER_NONE);
     XmTextSetSelection(source, 0, 7, CurrentTime);
     xwktest::Pump(100);
     int sx, sy, tx, ty;
