@@ -9,6 +9,7 @@
 #include <Xm/List.h>
 #include <Xm/Text.h>
 #include <Xm/Form.h>
+#include <Xm/PushB.h>
 #include <Xm/RowColumn.h>
 #include <Xm/DragDrop.h>
 #include <X11/extensions/XTest.h>
@@ -205,6 +206,59 @@ TEST(TreeCells, EditorChangeTellsOfBothEditors)
     EXPECT_EQ(s.Editor(), Part(s.tree).cellPushButton);
     EXPECT_EQ(s.reasons, (std::vector<int>{XmCR_TREE_CELL_UNMANAGED, XmCR_TREE_CELL_MANAGED}));
     EXPECT_EQ(columns, (std::vector<int>{1, 3}));
+}
+
+int presses[2];
+void Pressed(Widget, XtPointer closure, XtPointer) { presses[(long)closure]++; }
+
+TEST(TreeCells, ReturnStopsAtTheEditorEscapeGoesOn)
+{
+    // In a form with default and cancel buttons: Return in a cell editor
+    // stays there, Escape still cancels.
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("dialog", topLevelShellWidgetClass, app, XmNwidth, 360,
+                                        XmNheight, 200, NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Widget ok = XtVaCreateManagedWidget("ok", xmPushButtonWidgetClass, form, XmNbottomAttachment,
+                                        XmATTACH_FORM, NULL);
+    Widget cancel = XtVaCreateManagedWidget("cancel", xmPushButtonWidgetClass, form,
+                                            XmNbottomAttachment, XmATTACH_FORM,
+                                            XmNrightAttachment, XmATTACH_FORM, NULL);
+    XtAddCallback(ok, XmNactivateCallback, Pressed, (XtPointer)0);
+    XtAddCallback(cancel, XmNactivateCallback, Pressed, (XtPointer)1);
+    XtVaSetValues(form, XmNdefaultButton, ok, XmNcancelButton, cancel, NULL);
+    Arg args[6];
+    Cardinal n = 0;
+    XtSetArg(args[n], XmNvisualMode, XmSPREADSHEET); n++;
+    XtSetArg(args[n], XmNnumColumns, 2); n++;
+    XtSetArg(args[n], XmNdelimeter, '|'); n++;
+    XtSetArg(args[n], XmNtitleString, "A|B"); n++;
+    XtSetArg(args[n], XmNtitleItemType, XmCELL_EDIT_TEXT); n++;
+    XtSetArg(args[n], XmNvisibleLines, 3); n++;
+    Widget tree = XmCreateScrolledTreeList(form, (String) "sheet", args, n);
+    XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,
+                  XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNbottomAttachment,
+                  XmATTACH_WIDGET, XmNbottomWidget, ok, NULL);
+    XmPrjTreeAddItem(tree, nullptr, "a|b", nullptr, nullptr, XmSLAM_UNDEFINED, nullptr, nullptr,
+                     nullptr);
+    XtManageChild(tree);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(tree));
+    xwktest::Pump(200);
+    XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
+    xwktest::Pump(200);
+    Widget editor = Part(tree).cellActive;
+    ASSERT_NE(editor, nullptr);
+    XmProcessTraversal(editor, XmTRAVERSE_CURRENT);
+    xwktest::Pump(100);
+    xwktest::PressKey(XtDisplay(tree), XK_Return);
+    xwktest::Pump(150);
+    EXPECT_EQ(presses[0], 0);
+    xwktest::PressKey(XtDisplay(tree), XK_Escape);
+    xwktest::Pump(150);
+    EXPECT_EQ(presses[1], 1);
+    XtDestroyWidget(shell);
+    xwktest::Pump(50);
 }
 
 int vetoes = 0;

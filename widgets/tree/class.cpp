@@ -746,7 +746,9 @@ void ConstraintDestroy(Widget child)
 Boolean ParentProcess(Widget w, XmParentProcessData data)
 {
     XmPrjTreePart &m = M(w);
-    if (data->any.process_type == XmINPUT_ACTION && m.cellActive && XtIsManaged(m.cellActive))
+    if (data->any.process_type == XmINPUT_ACTION &&
+        data->input_action.action == XmPARENT_ACTIVATE && m.cellActive &&
+        XtIsManaged(m.cellActive))
         return True;
     Widget parent = XtParent(w);
     return XmIsManager(parent) && _XmParentProcess(parent, data);
