@@ -347,7 +347,7 @@ TEST(TreeCells, ClonesStayInStep)
     Widget app = xwktest::StartApp();
     Widget shell = XtVaCreatePopupShell("clones", topLevelShellWidgetClass, app, NULL);
     Widget box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
-    Arg args[6];
+    Arg args[7];
     Cardinal n = 0;
     XtSetArg(args[n], XmNvisualMode, XmTABLE_LIST); n++;
     XtSetArg(args[n], XmNnumColumns, 2); n++;
@@ -356,8 +356,11 @@ TEST(TreeCells, ClonesStayInStep)
     XtSetArg(args[n], XmNvisibleLines, 4); n++;
     Widget mother = XmCreateScrolledTreeList(box, (String) "mother", args, n);
     XtSetArg(args[n], XmNmother, mother); n++;
+    XtSetArg(args[n], XmNbackground, mother->core.background_pixel ^ 1); n++;
     Widget clone = XmCreateScrolledTreeList(box, (String) "clone", args, n);
     ASSERT_NE(Part(clone).titleWidget, nullptr);
+    // The clone takes its mother's background.
+    EXPECT_EQ(clone->core.background_pixel, mother->core.background_pixel);
     for (int i = 0; i < 20; i++) {
         char label[32];
         snprintf(label, sizeof label, "k%02d|v%d", i, i);
