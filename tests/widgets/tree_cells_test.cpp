@@ -208,6 +208,43 @@ TEST(TreeCells, EditorChangeTellsOfBothEditors)
     EXPECT_EQ(columns, (std::vector<int>{1, 3}));
 }
 
+XmPrjTreeNode Nth(Widget tree, int number)
+{
+    XmPrjTreeNode n = XmPrjTreeGetFirstNode(tree);
+    while (n && --number > 0)
+        n = XmPrjTreeGetNextNode(tree, n);
+    return n;
+}
+
+TEST(TreeCells, BlankCellStaysActive)
+{
+    Sheet s;
+    XmPrjTreeNode a = s.Add("a1|a2|a3");
+    XmPrjTreeNode b = s.Add("b1|b2|b3");
+    XmPrjTreeSetColumnLabel(s.tree, b, 2, " ");
+    s.Up();
+    s.ClickCell(b, 2);
+    ASSERT_EQ(s.Node(), b);
+    EXPECT_EQ(s.Column(), 2);
+    // A repaint of the whole list leaves the editor over its cell.
+    XClearArea(XtDisplay(s.tree), XtWindow(s.tree), 0, 0, 0, 0, True);
+    xwktest::Pump(200);
+    ASSERT_NE(s.Editor(), nullptr);
+    EXPECT_TRUE(XtIsManaged(s.Editor()));
+    Position y = (Position)(Part(s.tree).treeMarginHeight + 2 + Part(s.tree).rowHeight);
+    EXPECT_NEAR(s.Editor()->core.y, y, Part(s.tree).rowHeight / 2);
+    // Scrolled off and back, it comes back with its row.
+    for (int i = 0; i < 12; i++)
+        s.Add("x|y|z");
+    XmPrjTreeSetTopItem(s.tree, Nth(s.tree, 9));
+    xwktest::Pump(200);
+    EXPECT_FALSE(XtIsManaged(s.Editor()));
+    XmPrjTreeSetTopItem(s.tree, a);
+    xwktest::Pump(200);
+    EXPECT_TRUE(XtIsManaged(s.Editor()));
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 2), " ");
+}
+
 int presses[2];
 void Pressed(Widget, XtPointer closure, XtPointer) { presses[(long)closure]++; }
 
@@ -334,13 +371,6 @@ TEST(TreeCells, TextDraggedFromAnotherWidgetLandsInCell)
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 3), "dropped");
 }
 
-XmPrjTreeNode Nth(Widget tree, int number)
-{
-    XmPrjTreeNode n = XmPrjTreeGetFirstNode(tree);
-    while (n && --number > 0)
-        n = XmPrjTreeGetNextNode(tree, n);
-    return n;
-}
 
 TEST(TreeCells, ClonesStayInStep)
 {
