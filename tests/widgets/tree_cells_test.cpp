@@ -245,6 +245,43 @@ TEST(TreeCells, BlankCellStaysActive)
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 2), " ");
 }
 
+const char *dot4[] = {"4 4 1 1", "x c #FF0000", "xxxx", "xxxx", "xxxx", "xxxx"};
+
+TEST(TreeCells, CellOperations)
+{
+    Sheet s(XmTABLE_LIST, XmCELL_LABEL);
+    XmPrjTreeNode a = s.Add("a1|a2|a3");
+    XmPrjTreeNode b = s.Add("b1|b2|b3");
+    XwkIcon *icon = XwkIconCreateFromData(s.tree, (char **)dot4);
+    ASSERT_NE(icon, nullptr);
+    // An icon only in an icon cell.
+    EXPECT_EQ(XmPrjTreeSetColumnIcon(s.tree, a, 2, icon), 0);
+    XmPrjTreeSetColumnItem(s.tree, a, 2, XmCELL_TOGGLE_ICON, 9, (XtPointer)icon);
+    EXPECT_EQ(XmPrjTreeGetCellType(s.tree, a, 2), XmCELL_TOGGLE_ICON);
+    EXPECT_EQ(XmPrjTreeGetColumnIcon(s.tree, a, 2), icon);
+    EXPECT_EQ(XmPrjTreeGetColumnIcon(s.tree, a, 3), nullptr);
+    // A label cell takes the text; an edit cell that is not active keeps its own.
+    XmPrjTreeSetColumnItem(s.tree, a, 3, XmCELL_LABEL, 0, (XtPointer) "new");
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, a, 3), "new");
+    XmPrjTreeSetColumnItem(s.tree, b, 3, XmCELL_EDIT_TEXT, 0, (XtPointer) "other");
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 3), "b3");
+    EXPECT_EQ(XmPrjTreeGetCellType(s.tree, b, 9), 255);
+    EXPECT_EQ(XmPrjTreeSetCellType(s.tree, b, 2, XmCELL_EDIT_TEXT), 1);
+    EXPECT_EQ(XmPrjTreeGetCellType(s.tree, b, 2), XmCELL_EDIT_TEXT);
+    // Moving the active cell: up, down, back.
+    s.Up();
+    ASSERT_TRUE(XmPrjTreeGotoColumn(s.tree, b, 3));
+    EXPECT_EQ(XmPrjTreeProcessTraversalCell(s.tree, XmTRAVERSE_PREV), 1);
+    EXPECT_EQ(s.Column(), 2);
+    EXPECT_EQ(XmPrjTreeProcessTraversalCell(s.tree, XmTRAVERSE_UP), 0);
+    XmPrjTreeSetColumnItem(s.tree, b, 2, XmCELL_EDIT_TEXT, 0, (XtPointer) "typed");
+    char *text = XmTextGetString(s.Editor());
+    EXPECT_STREQ(text, "typed");
+    XtFree(text);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 2), "typed");
+    XwkIconFree(s.tree, icon);
+}
+
 int presses[2];
 void Pressed(Widget, XtPointer closure, XtPointer) { presses[(long)closure]++; }
 
