@@ -296,7 +296,7 @@ int XmPrjTreeSetTitleItem(Widget w, int column, int type, int alignment, XtPoint
     if (!c)
         return 255;
     c->itemType = type;
-    if (alignment <= 2)
+    if (alignment >= 0 && alignment <= 2)
         c->alignment = (unsigned char)alignment;
     if (type == XmCELL_ICON || type == XmCELL_TOGGLE_ICON) {
         c->icon = (XwkIcon *)value;
@@ -361,8 +361,8 @@ int XmPrjTreeSetTitleItemWidth(Widget w, int column, int width)
     XmPrjTreeColumnRec *c = Find(w, column);
     if (!c)
         return 255;
-    int icon = c->icon ? IconWidth(c->icon) : 0;
-    c->width = (Dimension)std::clamp(std::max(width, icon), 0, 0xffff);
+    // Never narrower than the icon slot of the rows.
+    c->width = (Dimension)std::clamp(std::max(width, (int)M(w).iconWidth), 0, 0xffff);
     TitleChanged(w);
     RepaintRows(w);
     return 0;
