@@ -209,6 +209,11 @@ TEST(TreeColumns, BoundaryDragResizesAndRepaintsGrid)
     Table t;
     Fill(t.tree);
     t.Up();
+    // The first column starts inside the bar's shadow.
+    XmPrjTreePart &p = Part(t.tree);
+    Dimension bar_shadow = 0;
+    XtVaGetValues(t.title, XmNshadowThickness, &bar_shadow, NULL);
+    EXPECT_EQ(t.ColumnRec(1)->x, bar_shadow + p.hPad + p.treeMarginWidth + p.highlightThickness);
     int before = XmPrjTreeGetTitleItemWidth(t.tree, 1);
     int boundary = t.Boundary(2);
     t.DragTitle(boundary, 30);

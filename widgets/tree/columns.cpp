@@ -5,6 +5,7 @@
 #include "frame/XmPrivate.h"
 
 #include <Xm/XmP.h>
+#include <Xm/PrimitiveP.h>
 #include <Xm/RepType.h>
 #include <Xm/ScrolledWP.h>
 #include <Xwk/Text.h>
@@ -61,6 +62,16 @@ void MakeStrings(Widget w, XmPrjTreeColumnRec *c)
     if (!c->width)
         c->width = width;
     c->height = height;
+}
+
+// Columns start inside the bar's own shadow; without a bar, inside the
+// list's.
+int ColumnsStart(Widget view)
+{
+    XmPrjTreePart &v = P(view);
+    Widget tw = v.titleWidget;
+    int shadow = tw ? ((XmPrimitiveWidget)tw)->primitive.shadow_thickness : Shadow(view);
+    return shadow + M(view).hPad + v.treeMarginWidth + v.highlightThickness;
 }
 
 bool Bad(Widget w)
@@ -192,7 +203,7 @@ void LayOutColumns(Widget view)
         t->firstColumn = m.columns->first;
     t->canScrollLeft = t->firstColumn != m.columns->first;
     t->canScrollRight = False;
-    int x = shadow + m.hPad + v.treeMarginWidth + v.highlightThickness;
+    int x = ColumnsStart(view);
     bool first = true;
     for (XwkListNode *e = t->firstColumn; e; e = e->next) {
         XmPrjTreeColumnRec *c = ColumnOf(e);
@@ -249,8 +260,7 @@ bool ScrollToColumn(Widget view, int number)
         return false;
     // From the left, the first start from which the columns up to the
     // target fit in the bar.
-    int room = m.title->arrowLeftX - (Shadow(view) + m.hPad + P(view).treeMarginWidth +
-                                      P(view).highlightThickness);
+    int room = m.title->arrowLeftX - ColumnsStart(view);
     XwkListNode *start = m.columns->first;
     for (;;) {
         int sum = 0;
