@@ -202,6 +202,16 @@ TEST(TreeColumns, LayoutStringRoundTrip)
     EXPECT_EQ(XmPrjTreeCheckLayoutString(t.tree, nocomma.data()), 0);
     Table single("Only", 1);
     EXPECT_EQ(single.Layout(), "(null)");
+    // A lone sortable column reaches the bar's right end, its arrow there.
+    XmPrjTreeSetColumnSortable(single.tree, 1, True);
+    single.Up();
+    XmPrjTreeTitleRec *tr = Part(single.tree).title;
+    xwktest::Capture cap(single.title);
+    int right = single.title->core.width - 2 - tr->arrowWidth;
+    int box = tr->arrowWidth * tr->arrowHeight;
+    EXPECT_LT(cap.Count(Part(single.tree).titleBackground, right, tr->arrowY, tr->arrowWidth,
+                        tr->arrowHeight),
+              box);
 }
 
 TEST(TreeColumns, BoundaryDragResizesAndRepaintsGrid)

@@ -66,12 +66,16 @@ void MakeStrings(Widget w, XmPrjTreeColumnRec *c)
 
 // Columns start inside the bar's own shadow; without a bar, inside the
 // list's.
+int BarShadow(Widget view)
+{
+    Widget tw = P(view).titleWidget;
+    return tw ? ((XmPrimitiveWidget)tw)->primitive.shadow_thickness : Shadow(view);
+}
+
 int ColumnsStart(Widget view)
 {
     XmPrjTreePart &v = P(view);
-    Widget tw = v.titleWidget;
-    int shadow = tw ? ((XmPrimitiveWidget)tw)->primitive.shadow_thickness : Shadow(view);
-    return shadow + M(view).hPad + v.treeMarginWidth + v.highlightThickness;
+    return BarShadow(view) + M(view).hPad + v.treeMarginWidth + v.highlightThickness;
 }
 
 bool Bad(Widget w)
@@ -224,7 +228,8 @@ void LayOutColumns(Widget view)
                 last = false;
         int w;
         if (m.columns->count < 2 || m.numColumns < 2) {
-            w = std::max(0, limit - content);
+            // A lone column has the bar to itself: it has no scroll arrows.
+            w = std::max(0, width - BarShadow(view) - content);
         } else if (last) {
             w = std::max(0, limit - content);
             if ((c->flags & 2) && w > 0)
