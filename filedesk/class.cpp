@@ -750,7 +750,7 @@ Widget RowParent(Widget w, unsigned char appearance)
         return XtParent(p.dir_tree_sw);
     case 3:
     case 6:
-        return p.right_sw_form;
+        return XtParent(p.right_sw_form);
     default:
         return w;
     }

@@ -242,9 +242,13 @@ void FsdActivateButton(Widget w, int id, XEvent *event)
                 free(expanded);
             }
         }
-        if (char *canonical = FsdCanonicalPath(text.c_str())) {
-            text = canonical;
-            XtFree(canonical);
+        // A relative text names an entry of the shown directory: it is
+        // never resolved against the working directory, which scans move.
+        if (!text.empty() && text[0] == '/') {
+            if (char *canonical = FsdCanonicalPath(text.c_str())) {
+                text = canonical;
+                XtFree(canonical);
+            }
         }
     } else if (path) {
         text = path;
