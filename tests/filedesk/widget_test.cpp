@@ -1,7 +1,6 @@
 // The file selection desk on a real server and a real file system: the
 // scan into the views, the four representations, filter patterns, refresh,
-// navigation by keys and clicks, the dialog with its buttons, and a drag
-// of a file from one desk to another.
+// navigation by keys and clicks, the dialog with its buttons.
 #include <gtest/gtest.h>
 
 #include <Xwk/Xwk.h>
@@ -43,14 +42,6 @@ void Remember(Widget, XtPointer, XtPointer call)
                        cbs->name ? cbs->name : ""});
 }
 
-std::vector<std::string> dropped;
-void Dropped(Widget, XtPointer, XtPointer call)
-{
-    auto *cbs = (FsdTransferDoneCallbackStruct *)call;
-    for (int i = 0; i < cbs->count; i++)
-        dropped.push_back(std::string(cbs->directory) + " <- " + cbs->files[i]);
-}
-
 std::string Cwd()
 {
     char buf[PATH_MAX];
@@ -75,7 +66,6 @@ protected:
         ASSERT_EQ(symlink("alpha", P("to_alpha").c_str()), 0);
         ASSERT_EQ(symlink("nowhere", P("dangling").c_str()), 0);
         records.clear();
-        dropped.clear();
     }
     void TearDown() override
     {
@@ -389,38 +379,6 @@ TEST_F(Desk, DialogButtonsAndSelection)
     EXPECT_STREQ(path, P("z.h").c_str());
     XtFree(path);
     EXPECT_TRUE(XmFileSelectionDeskUnhighlight(view));
-}
-
-TEST_F(Desk, DragAFileToAnotherDesk)
-{
-    Widget source = MakeDesk({}, 0);
-    Widget target_desk = MakeDesk({}, 660);
-    XtAddCallback(target_desk, XmNtransferDoneCallback, Dropped, nullptr);
-    XmFileSelectionDeskShowDirectory(target_desk, P("beta").c_str());
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(target_desk) == P("beta") + "/"; }));
-    xwktest::Settle();
-    Widget from = Part(source).file_view;
-    Widget to = Part(target_desk).file_view;
-    int x = 0, y = 0;
-    ASSERT_TRUE(PointOf(source, from, "a.c", &x, &y));
-    int rx = 0, ry = 0, tx = 0, ty = 0;
-    xwktest::RootPosition(from, &rx, &ry);
-    xwktest::RootPosition(to, &tx, &ty);
-    Display *dpy = XtDisplay(from);
-    // Button 2 drags.
-    xwktest::MovePointer(dpy, rx + x, ry + y);
-    xwktest::Settle();
-    XTestFakeButtonEvent(dpy, 2, True, CurrentTime);
-    XFlush(dpy);
-    xwktest::Pump(100);
-    for (int step = 1; step <= 10; step++) {
-        xwktest::MovePointer(dpy, rx + x + (tx + 60 - rx - x) * step / 10, ry + y + (ty + 60 - ry - y) * step / 10);
-        xwktest::Pump(50);
-    }
-    XTestFakeButtonEvent(dpy, 2, False, CurrentTime);
-    XFlush(dpy);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !dropped.empty(); }, 5000));
-    EXPECT_EQ(dropped[0], P("beta") + " <- " + P("a.c"));
 }
 
 }  // namespace
