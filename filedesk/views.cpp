@@ -353,6 +353,11 @@ Widget CreateList(Widget w)
                   XmATTACH_FORM, XmNshadowThickness, 0, XmNspacing, 0, nullptr);
     XtOverrideTranslations(list, _XmFileSDPanelsTranslts);
     XmPrjTreeSetColumnType(list, 4, XmCELL_LABEL, 2);
+    // Widths that show a typical name, owner, size and date whole; a
+    // layout string of the application replaces them.
+    static const int widths[] = {220, 70, 70, 90, 150, 100, 140};
+    for (int column = 1; column <= 7; column++)
+        XmPrjTreeSetTitleItemWidth(list, column, widths[column - 1]);
     XmPrjTreeSetAllColumnsSortable(list, True);
     XtVaGetValues(list, XmNsortProc, &p.list_sort_proc, nullptr);
     XtVaSetValues(list, XmNsortProc, SortList, nullptr);
