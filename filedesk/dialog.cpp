@@ -18,8 +18,6 @@
 
 namespace {
 
-bool IsDeskView(Widget w) { return FsdPart(w).file_view && FsdPart(w).file_view == FsdPart(w).file_desk; }
-
 Atom AtomOf(Widget w, const char *name) { return XmInternAtom(XtDisplay(w), (String)name, False); }
 
 // One trailing "/" off, except from "/" itself when keep_root.
@@ -467,7 +465,7 @@ void FsdStartDrag(Widget view, XtPointer client_data, XtPointer call_data)
     if (view != p.file_view || !call_data)
         return;
     XEvent *event = static_cast<XmAnyCallbackStruct *>(call_data)->event;
-    FsdFileItem *item = IsDeskView(w)
+    FsdFileItem *item = FsdIsDeskView(w)
                             ? static_cast<FsdFileItem *>(static_cast<XmPrjDeskCallbackStruct *>(call_data)->userData)
                             : static_cast<FsdFileItem *>(static_cast<XmPrjTreeCallbackStruct *>(call_data)->clientData);
     if (!item || !event)
@@ -556,7 +554,7 @@ int XmFileSelectionDeskGetSelectedItemsCount(Widget desk)
     if (!FsdIsDesk(desk) || !FsdPart(desk).file_view)
         return 0;
     Widget view = FsdPart(desk).file_view;
-    return IsDeskView(desk) ? XmPrjDeskGetSelectedItemsCount(view) : XmPrjTreeGetSelectedItemsCount(view);
+    return FsdIsDeskView(desk) ? XmPrjDeskGetSelectedItemsCount(view) : XmPrjTreeGetSelectedItemsCount(view);
 }
 
 int XmFileSelectionDeskGetSelectedItems(Widget desk, char ***paths)
@@ -567,7 +565,7 @@ int XmFileSelectionDeskGetSelectedItems(Widget desk, char ***paths)
         return 0;
     Widget view = FsdPart(desk).file_view;
     std::vector<FsdFileItem *> items;
-    if (IsDeskView(desk)) {
+    if (FsdIsDeskView(desk)) {
         XmPrjDeskNode *nodes = nullptr;
         int count = XmPrjDeskGetSelectedItems(view, &nodes);
         for (int i = 0; i < count; i++)
@@ -633,7 +631,7 @@ char *XmFileSelectionDeskGetItemByXY(Widget desk, int x, int y, Boolean highligh
         if (widget)
             *widget = p.file_view;
         FsdFileItem *item = nullptr;
-        if (IsDeskView(desk)) {
+        if (FsdIsDeskView(desk)) {
             item = static_cast<FsdFileItem *>(XmPrjDeskWhichItem(p.file_view, vx, vy));
             if (!item) {
                 XmPrjDeskNode current = XmPrjDeskGetSelectedItem(p.file_view);

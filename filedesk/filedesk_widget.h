@@ -34,6 +34,12 @@ inline XwkIcon *FsdIcon(Widget w, int kind)
     return static_cast<XwkIcon *>(FsdPart(w).icons[kind]);
 }
 
+// True when the file view is the desk list (not the detail list).
+inline bool FsdIsDeskView(Widget w)
+{
+    return FsdPart(w).file_view && FsdPart(w).file_view == FsdPart(w).file_desk;
+}
+
 Boolean FsdIsDesk(Widget w);
 void FsdBell(Widget w);
 void FsdCallCallbacks(Widget w, XtCallbackList list, int reason, XEvent *event, const char *path,

@@ -12,8 +12,6 @@
 
 namespace {
 
-bool IsDeskView(Widget w) { return FsdPart(w).file_view && FsdPart(w).file_view == FsdPart(w).file_desk; }
-
 void ScanTimer(XtPointer client_data, XtIntervalId *)
 {
     Widget w = static_cast<Widget>(client_data);
@@ -81,7 +79,7 @@ FsdFileItem *ItemOfCall(Widget w, XtPointer call_data)
 {
     if (!call_data)
         return nullptr;
-    if (IsDeskView(w))
+    if (FsdIsDeskView(w))
         return static_cast<FsdFileItem *>(static_cast<XmPrjDeskCallbackStruct *>(call_data)->userData);
     return static_cast<FsdFileItem *>(static_cast<XmPrjTreeCallbackStruct *>(call_data)->clientData);
 }
@@ -135,7 +133,7 @@ void FsdViewSelection(Widget, XtPointer client_data, XtPointer call_data)
     if (item) {
         // The item's selected byte follows the view, so that another
         // representation shows the same selection.
-        if (IsDeskView(w))
+        if (FsdIsDeskView(w))
             item->selected = static_cast<XmPrjDeskCallbackStruct *>(call_data)->selected;
         else
             item->selected = static_cast<XmPrjTreeCallbackStruct *>(call_data)->selected;
@@ -479,7 +477,7 @@ void _XmFileSelectionDeskUpdate(Widget widget, const char *path, int mode)
     XmPrjTreeGetOrigins(p.dir_tree, &tree_x, &tree_y);
     XmPrjTreeSetEditable(p.dir_tree, False);
     Widget view = p.file_view;
-    bool desk_view = IsDeskView(widget);
+    bool desk_view = FsdIsDeskView(widget);
     std::string selected;
     if (view) {
         if (desk_view)
@@ -507,7 +505,7 @@ void _XmFileSelectionDeskUpdate(Widget widget, const char *path, int mode)
             }
         }
         p.flags |= FSD_SELECTING_PROGRAMMATICALLY;
-        if (IsDeskView(widget)) {
+        if (FsdIsDeskView(widget)) {
             XmPrjDeskSetEditable(view, True);
             if (found)
                 XmPrjDeskSetItem(view, static_cast<XmPrjDeskNode>(found));

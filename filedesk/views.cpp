@@ -19,8 +19,6 @@
 
 namespace {
 
-bool IsDeskView(Widget w) { return FsdPart(w).file_view && FsdPart(w).file_view == FsdPart(w).file_desk; }
-
 XwkIcon *Icon(Widget w, int kind) { return FsdIcon(w, kind); }
 
 const FsdPattern *CurrentRow(Widget w)
@@ -45,7 +43,7 @@ void SetViewEditable(Widget w, Boolean editable)
     Widget view = FsdPart(w).file_view;
     if (!view)
         return;
-    if (IsDeskView(w))
+    if (FsdIsDeskView(w))
         XmPrjDeskSetEditable(view, editable);
     else
         XmPrjTreeSetEditable(view, editable);
@@ -476,7 +474,7 @@ void SetCurrentInView(Widget w, XtPointer handle)
     auto &p = FsdPart(w);
     if (!handle || !p.file_view)
         return;
-    if (IsDeskView(w))
+    if (FsdIsDeskView(w))
         XmPrjDeskSetItem(p.file_view, static_cast<XmPrjDeskNode>(handle));
     else
         XmPrjTreeSetItem(p.file_view, static_cast<XmPrjTreeNode>(handle), False);
@@ -485,7 +483,7 @@ void SetCurrentInView(Widget w, XtPointer handle)
 void SelectInView(Widget w, XtPointer handle)
 {
     auto &p = FsdPart(w);
-    if (IsDeskView(w))
+    if (FsdIsDeskView(w))
         XmPrjDeskSelectItem(p.file_view, static_cast<XmPrjDeskNode>(handle));
     else
         XmPrjTreeSelectItem(p.file_view, static_cast<XmPrjTreeNode>(handle));
@@ -585,7 +583,7 @@ void FsdScan(Widget w)
     XtPointer first = nullptr;
     std::string text;
     if (!represent_only) {
-        bool sort_by_name = !p.file_view || IsDeskView(w);
+        bool sort_by_name = !p.file_view || FsdIsDeskView(w);
         int shown = FsdScanDirectory(node, p.file_view != nullptr, CurrentRow(w), sort_by_name,
                                      p.file_view ? AcceptFile : nullptr, w, &store);
         p.entries = store.Table();
@@ -661,7 +659,7 @@ void FsdScan(Widget w)
         SetTreeEditable(w, True);
     p.flags &= ~FSD_USER_SELECT;
     if (p.file_view) {
-        if (IsDeskView(w))
+        if (FsdIsDeskView(w))
             XmPrjDeskSortItems(p.file_view);
         else
             XmPrjTreeSortItems(p.file_view, False);
