@@ -104,6 +104,21 @@ protected:
         xwktest::Settle();
         return desk;
     }
+    Widget MakeDeskWithoutView(Arg extra)
+    {
+        Widget shell = XtVaAppCreateShell("fsd", "Fsd", topLevelShellWidgetClass,
+                                          XtDisplay(xwktest::StartApp()), XmNwidth, 300,
+                                          XmNheight, 300, nullptr);
+        shells_.push_back(shell);
+        Arg args[2] = {extra};
+        XtSetArg(args[1], XmNdirectory, dir_.c_str());
+        Widget desk = XmCreateFileSelectionDesk(shell, (String) "desk", args, 2);
+        XtManageChild(desk);
+        XtRealizeWidget(shell);
+        EXPECT_TRUE(xwktest::WaitViewable(desk));
+        xwktest::Settle();
+        return desk;
+    }
     std::string Shown(Widget desk) { return Part(desk).current_dir ? Part(desk).current_dir->path : ""; }
     int ViewCount(Widget desk)
     {
@@ -301,6 +316,23 @@ TEST_F(Desk, NavigateByKeysAndClicks)
     EXPECT_EQ(records.back().path, P("notes.txt"));
 }
 
+TEST_F(Desk, TreeOnlyDesk)
+{
+    Arg arg;
+    XtSetArg(arg, XmNuseFileDesk, False);
+    Widget desk = MakeDeskWithoutView(arg);
+    Widget view = nullptr, ok = nullptr, tree = nullptr;
+    XtVaGetValues(desk, XmNfileDesk, &view, XmNokButton, &ok, XmNdirectoryTree, &tree, nullptr);
+    EXPECT_EQ(view, nullptr);
+    EXPECT_EQ(ok, nullptr);
+    ASSERT_EQ(tree, Part(desk).dir_tree);
+    // The directory's node was read and opened, without a view.
+    ASSERT_NE(Part(desk).current_dir, nullptr);
+    EXPECT_EQ(Shown(desk), dir_ + "/");
+    auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
+    EXPECT_EQ(XmPrjTreeGetItemsCount(tree, node), 4);
+}
+
 TEST_F(Desk, DialogButtonsAndSelection)
 {
     Arg args[6];
@@ -353,6 +385,14 @@ TEST_F(Desk, DialogButtonsAndSelection)
     XtVaGetValues(desk, XmNfilterButton, &filter_button, nullptr);
     xwktest::ClickCenter(filter_button);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 6; }));
+    // Info switches between the detail table and the icons.
+    Widget info = nullptr;
+    XtVaGetValues(desk, XmNinfoButton, &info, nullptr);
+    xwktest::ClickCenter(info);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return XmFileSelectionDeskGetRepresentation(desk) == XmREPRESENTATION_DETAIL; }));
+    EXPECT_EQ(Part(desk).file_view, Part(desk).file_list);
+    xwktest::ClickCenter(info);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return XmFileSelectionDeskGetRepresentation(desk) == XmREPRESENTATION_LARGE_ICONS; }));
     // A dialog brought up again reads a directory that changed meanwhile.
     XtUnmanageChild(desk);
     Touch("more.h", 0644);
