@@ -324,10 +324,15 @@ void HideView(Widget view)
 
 void ClearView(Widget w, Widget view)
 {
-    if (view == FsdPart(w).file_desk)
+    // Frozen first: the view then drops its rows without laying out or
+    // painting after each.
+    if (view == FsdPart(w).file_desk) {
+        XmPrjDeskSetEditable(view, False);
         XmPrjDeskDeleteAllItems(view);
-    else
+    } else {
+        XmPrjTreeSetEditable(view, False);
         XmPrjTreeDeleteAllItems(view);
+    }
 }
 
 Widget CreateList(Widget w)
