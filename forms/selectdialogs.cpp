@@ -108,7 +108,7 @@ bool build(Picker *p, Widget widget, const char *title, const char *column_title
     p->tree = XmCreateScrolledTreeList(frame, (String) "", args, n);
     if (sort)
         XmPrjTreeSetColumnSortable(p->tree, 1, True);
-    for (int i = 0; i < count; i++)
+    for (int i = 0; items && i < count; i++)
         XmPrjTreeAddSimpleItem(p->tree, items[i], (XtPointer)(long)(i + 1));
     if (sort)
         XmPrjTreeSortItems(p->tree, True);

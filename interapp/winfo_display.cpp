@@ -42,9 +42,6 @@ struct WindowsInfoState {
 
 // Stamps the marking passes; a pass marks the old records it finds.
 unsigned long pass_stamp;
-// Time of the last PropertyNotify processed, for the control panel's
-// selection.
-Time last_event_time;
 
 bool IsMenuDisplay(Widget w)
 {
@@ -162,8 +159,8 @@ void TakeControlPanel(Widget, XtPointer client, XtPointer)
     WindowsInfoState *state = (WindowsInfoState *)tree->user;
     // A gadget has no window of its own to own a selection with.
     Widget owner = XtIsWidget(cascade) ? cascade : XtParent(cascade);
-    XtOwnSelection(owner, XwkGetWindowsInfoAtom(cascade, state->key), last_event_time,
-                   ConvertNothing, nullptr, nullptr);
+    XtOwnSelection(owner, XwkGetWindowsInfoAtom(cascade, state->key),
+                   XtLastTimestampProcessed(XtDisplay(cascade)), ConvertNothing, nullptr, nullptr);
 }
 
 void BuildSessionMenu(Widget cascade)
@@ -388,7 +385,9 @@ void Update(Widget w, int key, XwkTree *tree, char *text, WindowsInfoRecord *rec
         WindowsInfoRecord *r = &records[i];
         if (!Valid(r) || r->node || !r->title)
             continue;
-        auto it = r->parent ? by_window.find(r->parent) : by_window.end();
+        // Parent 0 is looked up like any other id: a published record of
+        // window 0 takes the top-level windows after it as its children.
+        auto it = by_window.find(r->parent);
         WindowsInfoRecord *parent = it == by_window.end() || it->second == r ? nullptr : it->second;
         AddEntry(w, tree, r, parent);
     }
@@ -422,7 +421,6 @@ void XwkProcessWindowsInfo(Widget w, int key, XEvent *event)
 {
     if (!w || w->core.being_destroyed || !event || event->type != PropertyNotify)
         return;
-    last_event_time = event->xproperty.time;
     Atom atom = XwkGetWindowsInfoAtom(w, key);
     if (event->xproperty.atom != atom)
         return;

@@ -336,7 +336,6 @@ static void drop_references(IDECfgTool *tool, IDECfgTool **tools, int count, boo
                 if (!division || division->reference != referred)
                     continue;
                 division->reference = nullptr;
-                referred->ref_count--;
                 if (copy)
                     IDECfgCopyDivision(referred, division);
             }

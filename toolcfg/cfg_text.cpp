@@ -35,9 +35,13 @@ std::string edit_value_as_list(const char *value)
         if (c == ',') {
             copy += kComma;
         } else if (c == '\n') {
-            if (i == n - 1)
+            // A newline that starts the value is a blank even when it also ends it.
+            if (i == 0 || value[i + 1] == '\n' || value[i + 1] == ' ')
+                copy += ' ';
+            else if (i == n - 1)
                 break;
-            copy += (i == 0 || value[i + 1] == '\n' || value[i + 1] == ' ') ? ' ' : ',';
+            else
+                copy += ',';
         } else {
             copy += c;
         }
@@ -259,21 +263,20 @@ bool parse_prefixed(std::string &text, const char *prefix, bool several, std::st
                 end = token_end(text, close + 1);
             }
         } else {
-            end = start;
-            while (end < text.size() && text[end] != ' ' && text[end] != '\t') {
-                char c = text[end];
-                if (c == '"' || c == '\'') {
-                    // A quote skips to its partner, not one behind a backslash.
-                    size_t partner = end + 1;
-                    while (partner < text.size() &&
-                           (text[partner] != c || text[partner - 1] == '\\'))
-                        partner++;
-                    end = partner < text.size() ? partner + 1 : partner;
-                    continue;
-                }
-                end++;
-            }
+            // The value stops at a quote; the quoted part (to its partner, not
+            // one behind a backslash) only stretches the token that is blanked.
+            end = text.find_first_of("\"' \t", start);
+            if (end == std::string::npos)
+                end = text.size();
             value = text.substr(start, end - start);
+            if (end < text.size() && (text[end] == '"' || text[end] == '\'')) {
+                char quote = text[end];
+                size_t partner = end + 1;
+                while (partner < text.size() &&
+                       (text[partner] != quote || text[partner - 1] == '\\'))
+                    partner++;
+                end = partner < text.size() ? token_end(text, partner + 1) : text.size();
+            }
         }
         add_value(collected, several, value);
         any = true;

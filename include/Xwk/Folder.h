@@ -366,7 +366,8 @@ Dimension XmFolderGetTabsHeight(Widget w);
  *
  * \param w     The folder.
  * \param id    The page's id.
- * \param label The label; copied.  NULL gives an empty label.
+ * \param label The label; copied.  NULL leaves the page without a label
+ *              (an empty tab, an empty entry in the popup list).
  * \return True when the page exists.
  */
 Boolean XmFolderSetPageLabel(Widget w, int id, XmString label);
@@ -376,7 +377,7 @@ Boolean XmFolderSetPageLabel(Widget w, int id, XmString label);
  * \param w  The folder.
  * \param id The page's id.
  * \return The folder's own label, not a copy: do not free it, and copy it
- *         to keep it; NULL for an unknown id.
+ *         to keep it; NULL for an unknown id or a page without a label.
  */
 XmString XmFolderGetPageLabel(Widget w, int id);
 /**

@@ -1428,7 +1428,8 @@ typedef void (*XmPrjTreeTitleButtonProc)(Widget w, XtPointer data, XtPointer cal
  * \param type XmCELL_ICON or XmCELL_TOGGLE_ICON: \p value is an XwkIcon,
  * borrowed, and the column takes its width; any other type: \p value is the
  * label text, copied.
- * \param alignment 0 beginning, 1 centre, 2 end; above 2 keeps the present one.
+ * \param alignment 0 beginning, 1 centre, 2 end; any other value keeps the
+ * present one.
  * \param value the icon or the label.
  * \return 0, or 255 for a bad column or widget.  The title's height can only grow. */
 int XmPrjTreeSetTitleItem(Widget w, int column, int type, int alignment, XtPointer value);
@@ -1455,7 +1456,8 @@ int XmPrjTreeSetTitleItemAlignment(Widget w, int column, int alignment);
  * \param type an XmCELL_ value; others are refused.
  * \return 0, or 255 for a bad column or type. */
 int XmPrjTreeSetTitleItemType(Widget w, int column, int type);
-/** Sets a column's width, never below the width of its title icon.
+/** Sets a column's width, never below the width of the rows' icon slot
+ * (the widest row icon measured).
  * \param w the tree list or a view.
  * \param column the column's number.
  * \param width in pixels.

@@ -111,3 +111,19 @@ TEST_F(SelectDialogs, ListWithSelectAllButtonAndCountInTitle)
     EXPECT_EQ((long)list[0], 1);
     XtFree((char *)list);
 }
+
+TEST_F(SelectDialogs, NoItemsGivesAnEmptyListAndCancelGivesZero)
+{
+    int rows = -1;
+    when_up(&step, [&rows](Widget tree) {
+        rows = XmPrjTreeGetItemsCount(tree, nullptr);
+        Widget area = xwktest::FindWidget(xwkParentWidget, "xwkActionArea");
+        WidgetList children = nullptr;
+        Cardinal count = 0;
+        XtVaGetValues(area, XmNchildren, &children, XmNnumChildren, &count, NULL);
+        if (count > 1)
+            xwktest::ClickCenter(children[1]);
+    });
+    EXPECT_EQ(XwkSelectItemDialog(xwkTopLevel, "Fruit", "Kind", nullptr, 2, False), 0);
+    EXPECT_EQ(rows, 0);
+}

@@ -157,9 +157,15 @@ TEST(RunProcess, AWidgetDestroyedMeanwhileGetsNoBox)
 
 int replacement_calls;
 
-int replacement(Widget, const char *command)
+// The application shows busy before the program is started.
+bool busy_at_start;
+
+int replacement(Widget w, const char *command)
 {
     replacement_calls++;
+    Display *dpy = XtDisplay(w);
+    busy_at_start = XGetSelectionOwner(dpy, XInternAtom(dpy, "_XWK_BUSY", False)) ==
+                    XtWindow(XwkGetWMShell(w));
     return strcmp(command, "tool") == 0 ? 4242 : -1;
 }
 
@@ -169,6 +175,7 @@ TEST(RunProcess, TheRunCommandCanBeReplaced)
     EXPECT_EQ(XwkSetRunCommand(replacement), 0);
     EXPECT_EQ(XwkRunProcess(button, "tool"), 4242);
     EXPECT_EQ(replacement_calls, 1);
+    EXPECT_TRUE(busy_at_start);
     XwkSetRunCommand(nullptr);
     int pid = XwkRunProcess(button, "sh -c 'exit 0'");
     ASSERT_GT(pid, 0);

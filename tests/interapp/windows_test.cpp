@@ -314,13 +314,34 @@ TEST_F(Windows, MenuAndTreeFollowTitlesChildrenAndRaise)
         return a.map_state == IsViewable;
     }));
 
-    // "Control panel" takes the session's selection.
+    // "Control panel" takes the session's selection at the time of the
+    // click, also from an owner that came after the table's last change.
+    Atom session = XwkGetWindowsInfoAtom(app, Key());
+    Window other = XCreateSimpleWindow(dpy(), DefaultRootWindow(dpy()), 0, 0, 1, 1, 0, 0, 0);
+    XSetSelectionOwner(dpy(), session, other, CurrentTime);
+    ASSERT_EQ(XGetSelectionOwner(dpy(), session), other);
     xwktest::ClickCenter(d.cascade);
     xwktest::WaitViewable(d.Entry(pane, "Control panel"));
     xwktest::ClickCenter(d.Entry(pane, "Control panel"));
     EXPECT_TRUE(xwktest::PumpUntil([&] {
-        return XGetSelectionOwner(dpy(), XwkGetWindowsInfoAtom(app, Key())) == XtWindow(d.cascade);
+        return XGetSelectionOwner(dpy(), session) == XtWindow(d.cascade);
     }));
+    XDestroyWindow(dpy(), other);
+}
+
+TEST_F(Windows, ARecordOfWindowZeroIsProbedByPidAndParentsTheParentZeroAfterIt)
+{
+    Display_ d;
+    XwkAddWindowProperty(app, Key(), "Session", 0, 0);
+    XwkAddWindowProperty(app, Key(), "Top", XtWindow(d.shell), 0);
+    using V = std::vector<std::string>;
+    ASSERT_TRUE(xwktest::PumpUntil([&] {
+        return d.Rows() == V{"Session", "  Top"} &&
+               d.Entries(d.Pane(d.cascade)) == V{"Control panel", "-", "Session>"};
+    }));
+    XwkAddWindowProperty(app, Key(), "Top 2", XtWindow(d.shell), 0);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return d.Rows() == V{"Session", "  Top 2"}; }));
+    EXPECT_EQ(Table(app, Key()).size(), 2u) << "a live process keeps its record of window 0";
 }
 
 TEST_F(Windows, KilledPeerStaysUntilARaiseMeetsIt)

@@ -105,6 +105,14 @@ TEST_F(Model, EditFieldsQuoteSplitAndAssign)
               "-Ione -I\"two dirs \" -Ithree,four");
     Parse("-Ione -I\"two dirs\" -Ithree");
     EXPECT_STREQ(inc->value, "one\ntwo dirs\nthree");
+    // A lone newline starts the value, so it is a blank behind the prefix.
+    lines = (char *)"\n";
+    ASSERT_TRUE(IDECfgSetValue(tool, "-I", &lines));
+    EXPECT_EQ(Take(IDECfgDivisionToString(tool->divisions[1])), "-I");
+    // An unquoted value stops at a quote; the quoted rest of the word goes.
+    Parse("-DX=\"a b\" -DY='c' -g");
+    EXPECT_STREQ(EditAt(1, 1)->value, "X=\nY=");
+    EXPECT_EQ(Options(), "-g -DX= -DY=");
     // A single-value field keeps the last; integer and float fields.
     Parse("-oa.o -ob.o --jobs=12");
     EXPECT_STREQ(EditAt(1, 3)->value, "b.o");
@@ -199,6 +207,7 @@ TEST_F(Model, ReferencesShareItemsUntilUnlinked)
     IDECfgTool *tools[] = {tool, other};
     IDECfgUnlinkReferencesToTool(tool, tools, 2);
     EXPECT_EQ(other->divisions[0]->reference, nullptr);
+    EXPECT_EQ(code->ref_count, 1);  // the application's count, left alone
     IDECfgStringToTool("-O2", other);
     EXPECT_EQ(Options(), "-O1");
     EXPECT_EQ(Options(other), "-O2");
@@ -206,7 +215,6 @@ TEST_F(Model, ReferencesShareItemsUntilUnlinked)
     IDECfgTool *third = IDECfgNewTool(tool);
     IDECfgFreeDivisionItems(third->divisions[0]);
     third->divisions[0]->reference = code;
-    code->ref_count = 1;
     IDECfgTool *all[] = {third};
     IDECfgDisableReferencesToTool(tool, all, 1);
     EXPECT_EQ(third->divisions[0]->reference, nullptr);

@@ -302,6 +302,21 @@ TEST(ShortHelp, TextIsCleanedAndShownOnlyWhenNew)
     xwkgetshorthelp_(&w, buffer);
     EXPECT_EQ(std::string(buffer), std::string(255, 'x'));
 
+    // The same text again leaves the label alone: a mark painted on it
+    // stays until a new text redraws it.
+    Widget label = xwktest::FindWidgetOfClass(bar.area, xmLabelWidgetClass);
+    Display *dpy = XtDisplay(label);
+    GC gc = XCreateGC(dpy, XtWindow(label), 0, nullptr);
+    XSetForeground(dpy, gc, 0x00ff00);
+    XFillRectangle(dpy, XtWindow(label), gc, 0, 0, 2, 2);
+    XFreeGC(dpy, gc);
+    for (bool same : {true, false}) {
+        XwkSetShortHelp(w, same ? std::string(300, 'x').c_str() : "new");
+        xwktest::Settle();
+        EXPECT_EQ(xwktest::Capture(label).Pixel(0, 0) == 0x00ff00, same);
+    }
+    XwkSetShortHelp(w, std::string(300, 'x').c_str());
+
     EXPECT_TRUE(XwkGetShortHelpSensitive(w));
     XwkSetShortHelpSensitive(w, False);
     EXPECT_FALSE(XwkGetShortHelpSensitive(w));

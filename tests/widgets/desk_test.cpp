@@ -500,6 +500,12 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
     EXPECT_EQ(pear->index, 2);
     XmPrjDeskRenameItem(s.desk, (char *)"banana", nullptr, pear);
     EXPECT_EQ(pear->index, 1);
+    // A rename sorts even while the desk is frozen.
+    XmPrjDeskSetEditable(s.desk, False);
+    XmPrjDeskRenameItem(s.desk, (char *)"aaa", nullptr, pear);
+    EXPECT_EQ(pear->index, 0);
+    XmPrjDeskRenameItem(s.desk, (char *)"banana", nullptr, pear);
+    XmPrjDeskSetEditable(s.desk, True);
     XtVaSetValues(s.desk, XmNsortProc, ByLabelLength, NULL);
     XmPrjDeskSortItems(s.desk);
     EXPECT_EQ(fig->index, 0);
@@ -512,17 +518,18 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
     XmStringExtent(d.fontList, one, &w1, &h1);
     XmStringFree(one);
     XmPrjDeskNode exact = XmPrjDeskAddItem(s.desk, (char *)"abcdefghijkl", nullptr, nullptr);
-    XmPrjDeskNode longer = XmPrjDeskAddItem(s.desk, (char *)"abcdefghijklmnopqrstuvwxyz01", nullptr,
-                                            nullptr);
+    XmPrjDeskNode longer = XmPrjDeskAddItem(s.desk, (char *)"abcdefghijklmnopqrstuvwxyz0123",
+                                            nullptr, nullptr);
     XmPrjDeskNode tail = XmPrjDeskAddItem(s.desk, (char *)"abcdefghijklmno", nullptr, nullptr);
+    XmPrjDeskNode four = XmPrjDeskAddItem(s.desk, (char *)"abcdefghijklmnop", nullptr, nullptr);
     auto item = [](XmPrjDeskNode n) { return (XmPrjDeskItem)n->data; };
     EXPECT_EQ(item(exact)->labelHeight, h1);
-    EXPECT_EQ(item(tail)->labelHeight, h1);  // 3 left over: no break
+    EXPECT_EQ(item(tail)->labelHeight, h1);  // 3 past the limit: no break
+    EXPECT_EQ(item(four)->labelHeight, 2 * h1);
     EXPECT_EQ(item(longer)->labelHeight, 3 * h1);
-    EXPECT_EQ(item(longer)->labelWidth, w1);
-    // The measure agrees with the compound string drawn.
+    // A break comes once more than maxChars characters have gone.
     Dimension sw = 0, sh = 0;
-    XmString drawn = XmStringCreateLtoR((char *)"abcdefghijkl\nmnopqrstuvwx\nyz01",
+    XmString drawn = XmStringCreateLtoR((char *)"abcdefghijklm\nnopqrstuvwxyz\n0123",
                                         (char *)XmSTRING_DEFAULT_CHARSET);
     XmStringExtent(d.fontList, drawn, &sw, &sh);
     XmStringFree(drawn);
@@ -531,7 +538,7 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
 
     // A narrower wrap measures every label again.
     XtVaSetValues(s.desk, XmNmaxChars, 4, NULL);
-    EXPECT_EQ(item(exact)->labelHeight, 3 * h1);
+    EXPECT_EQ(item(exact)->labelHeight, 2 * h1);
     XtVaSetValues(s.desk, XmNmaxChars, 12, NULL);
 
     // Selection counts are kept as given, twice selected counts twice.
@@ -556,7 +563,7 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
     EXPECT_EQ(selected_data, XmPrjDeskGetSelectedItem(s.desk)->data
                                  ? ((XmPrjDeskItem)XmPrjDeskGetSelectedItem(s.desk)->data)->userData
                                  : nullptr);
-    EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 5);
+    EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 6);
     XmPrjDeskDeleteAllItems(s.desk);
     EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 0);
     EXPECT_EQ(XmPrjDeskGetSelectedItem(s.desk), nullptr);
@@ -568,6 +575,8 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
 TEST(DeskClones, ShareItemsWithOwnScroll)
 {
     Desk s(60);
+    XtTranslations own = XtParseTranslationTable("<Key>F5: DeskKbdKey(5)");
+    XtOverrideTranslations(s.desk, own);
     Widget form = XtVaCreatePopupShell("clone", topLevelShellWidgetClass, xwktest::StartApp(),
                                        XmNwidth, 200, XmNheight, 160, NULL);
     Arg args[1];
@@ -583,11 +592,22 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
     ASSERT_EQ(count, 1u);
     EXPECT_EQ(clones[0], clone);
     EXPECT_EQ(XmPrjDeskGetItemsCount(clone), 60);
-    XmPrjDeskNode added = XmPrjDeskAddItem(clone, (char *)"zzz", s.icon, nullptr);
+    // The clone takes its mother's translations.
+    XtTranslations mother_tm = nullptr, clone_tm = nullptr;
+    XtVaGetValues(s.desk, XmNtranslations, &mother_tm, NULL);
+    XtVaGetValues(clone, XmNtranslations, &clone_tm, NULL);
+    EXPECT_EQ(clone_tm, mother_tm);
+    XmPrjDeskNode added = XmPrjDeskAddItem(clone, (char *)"zzz", s.icon, (XtPointer)7);
     EXPECT_EQ(XmPrjDeskGetDeskWidgetFromItem(added), clone);
     EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 61);
     XmPrjDeskSetItem(clone, added);
     EXPECT_EQ(XmPrjDeskGetSelectedItem(s.desk), added);
+    // Both desks answer XmNselected with the current item's data.
+    for (Widget v : {s.desk, clone}) {
+        XtPointer data = nullptr;
+        XtVaGetValues(v, XmNselected, &data, NULL);
+        EXPECT_EQ(data, (XtPointer)7);
+    }
     EXPECT_GT(Part(clone).topRow, 0);
     EXPECT_EQ(Part(s.desk).topRow, 0);
     // Resources set on a clone are its mother's, and size every desk.

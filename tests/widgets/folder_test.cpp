@@ -206,6 +206,16 @@ TEST(Folder, WithoutAutoManageTheCallbackComesBeforeTheChange)
     EXPECT_FALSE(XmFolderSetActivePage(f.folder, 0, True));
     EXPECT_FALSE(XmFolderSetActivePage(f.folder, 999, True));
     EXPECT_EQ(calls.size(), 1u);
+
+    // Ctrl+digit of the page shown activates it again, with notification.
+    ClearCalls();
+    XmProcessTraversal(f.folder, XmTRAVERSE_CURRENT);
+    xwktest::PressKey(XtDisplay(f.folder), XK_1, ControlMask);
+    xwktest::Settle();
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].reason, XmCR_ACTIVATE);
+    EXPECT_EQ(calls[0].fromId, f.id(1));
+    EXPECT_EQ(calls[0].toId, f.id(1));
 }
 
 TEST(Folder, KeysChangeThePageAlsoFromInsideIt)
@@ -302,8 +312,19 @@ TEST(Folder, ResizeKeepsTheRowFullUpToTheLastTab)
 {
     Folder f(30, false, 300);
     XmFolderPart &p = f.part();
+    // A page out of view becomes the first tab, capped by the count of
+    // tabs that fitted before the change; the tabs are not fitted again
+    // to bring it into view.
+    int fitted = p.visibleTabCount;
     XmFolderSetActivePage(f.folder, f.id(30), False);
     xwktest::Settle();
+    EXPECT_EQ(p.topTab, 30 - fitted + 1);
+    for (int i = 0; i < 30 && p.rightArrowShown; i++) {
+        int x, y;
+        f.ArrowCentre(2, &x, &y);
+        f.Press(x, y);
+        f.Release(x, y);
+    }
     ASSERT_TRUE(p.leftArrowShown);
     EXPECT_FALSE(p.rightArrowShown);
     int top = p.topTab;
@@ -331,6 +352,15 @@ TEST(Folder, ThePopupListChoosesAPage)
     ASSERT_NE(p.folderList, nullptr);
     XwkComboBoxPart &combo = ((XwkComboBoxWidget)p.folderList)->combo;
     EXPECT_EQ(combo.comboBoxType, XwkPOPUP_LIST);
+    EXPECT_EQ(combo.itemCount, 20);
+    // A page without a label keeps its entry, so that entries stay in page order.
+    EXPECT_TRUE(XmFolderSetPageLabel(f.folder, f.id(2), nullptr));
+    EXPECT_EQ(XmFolderGetPageLabel(f.folder, f.id(2)), nullptr);
+    EXPECT_EQ(combo.itemCount, 20);
+    EXPECT_TRUE(XmFolderSetPageLabel(f.folder, f.id(2), nullptr));
+    XmString two = XmStringCreate((char *)"Page 2", (char *)XmFONTLIST_DEFAULT_TAG);
+    EXPECT_TRUE(XmFolderSetPageLabel(f.folder, f.id(2), two));
+    XmStringFree(two);
     EXPECT_EQ(combo.itemCount, 20);
 
     f.ClickTab(1, 3);
@@ -491,6 +521,24 @@ TEST(Folder, ChildrenArePagesWhileTheyLive)
     XmStringFree(other);
 }
 
+TEST(Folder, FontResourcesAreFontLists)
+{
+    xwktest::StartApp();
+    XtResourceList list;
+    Cardinal count;
+    XtGetResourceList(xmFolderWidgetClass, &list, &count);
+    int fonts = 0;
+    for (Cardinal i = 0; i < count; i++) {
+        std::string name = list[i].resource_name;
+        if (name == XmNfontList || name == XmNtabFontList || name == XmNactiveTabFontList) {
+            EXPECT_STREQ(list[i].resource_type, XmRFontList) << name;
+            fonts++;
+        }
+    }
+    XtFree((char *)list);
+    EXPECT_EQ(fonts, 3);
+}
+
 TEST(Folder, OperationsOnWrongWidgetsAndUnknownIds)
 {
     Folder f(2, false);
@@ -542,10 +590,11 @@ TEST(Folder, FiveHundredPagesAndAZeroSizedFolder)
     for (int i = 1; i <= 500; i++)
         XmFolderAddPage(f.folder, (char *)("Page " + std::to_string(i)).c_str(), nullptr);
     EXPECT_EQ(XmFolderGetNumPages(f.folder), 500);
+    XmFolderPart &p = f.part();
+    int fitted = p.visibleTabCount;
     EXPECT_TRUE(XmFolderSetActivePage(f.folder, f.id(500), False));
     xwktest::Settle();
-    XmFolderPart &p = f.part();
-    EXPECT_EQ(p.topTab + p.visibleTabCount - 1, 500);
+    EXPECT_EQ(p.topTab, 500 - fitted + 1);
     EXPECT_TRUE(p.leftArrowShown);
     xwktest::PressKey(XtDisplay(f.folder), XK_1, ControlMask);
     for (int i = 0; i < 500; i += 2)

@@ -212,6 +212,53 @@ TEST(Menus, ChosenByMouseAfterShowingShortHelp)
     EXPECT_EQ(ShortHelp(win.area), "Ready");
 }
 
+// Armed by the pointer, then disarmed by leaving the menu with the button
+// still down; the release far away chooses nothing.
+TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
+{
+    Window win;
+    Display *dpy = XtDisplay(win.shell);
+    Widget other = XtVaCreatePopupShell("other", topLevelShellWidgetClass, xwktest::StartApp(), XtNx, 420,
+                                        XtNy, 50, NULL);
+    Widget other_area = XwkCreateMessageArea(other);
+    XtPopup(other, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(other_area));
+    Widget open = win.file[0].widget;
+    const struct {
+        Widget status;
+        bool free_saved;
+        const char *own_armed, *other_armed, *own_after, *other_after;
+    } cases[] = {
+        {other_area, false, "Ready", "Open a file", "Ready", "Ready"},
+        {nullptr, true, "Open a file", "Ready", "Open a file", "Ready"},
+    };
+    for (auto &c : cases) {
+        XwkSetStatusBarForMenu(open, c.status);
+        int x, y;
+        xwktest::RootPosition(win.top[0].widget, &x, &y);
+        xwktest::MovePointer(dpy, x + 5, y + 5);
+        XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+        ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
+        xwktest::RootPosition(open, &x, &y);
+        xwktest::MovePointer(dpy, x + 5, y + 5);
+        Widget shows = c.status ? other_area : win.area;
+        ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(shows) == "Open a file"; }));
+        EXPECT_EQ(ShortHelp(win.area), c.own_armed);
+        EXPECT_EQ(ShortHelp(other_area), c.other_armed);
+        if (c.free_saved)
+            XwkMenuFreeSavedShortHelp(win.form);
+        xwktest::MovePointer(dpy, 1, 1);
+        xwktest::Pump(200);
+        XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+        xwktest::Pump(200);
+        xwktest::Settle();
+        EXPECT_TRUE(choices.empty());
+        EXPECT_EQ(ShortHelp(win.area), c.own_after);
+        EXPECT_EQ(ShortHelp(other_area), c.other_after);
+    }
+    XtDestroyWidget(other);
+}
+
 TEST(Menus, ChosenByMnemonicAndAccelerator)
 {
     const struct {

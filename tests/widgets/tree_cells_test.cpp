@@ -9,7 +9,9 @@
 #include <Xm/List.h>
 #include <Xm/Text.h>
 #include <Xm/Form.h>
+#include <Xm/PushB.h>
 #include <Xm/RowColumn.h>
+#include <Xm/DragDrop.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
@@ -182,6 +184,157 @@ TEST(TreeCells, ComboCellChoice)
         XmStringFree(i);
 }
 
+TEST(TreeCells, EditorChangeTellsOfBothEditors)
+{
+    // Moving from a text cell to a push button cell: the field's going is
+    // told for the cell it left, then the button's coming for the new one.
+    Sheet s;
+    XmPrjTreeSetColumnType(s.tree, 3, XmCELL_PUSH_BUTTON, 0);
+    XmPrjTreeNode a = s.Add("a1|a2|a3");
+    std::vector<int> columns;
+    XtAddCallback(s.tree, XmNcellManageCallback,
+                  [](Widget, XtPointer closure, XtPointer call) {
+                      ((std::vector<int> *)closure)->push_back(
+                          ((XmPrjTreeCallbackStruct *)call)->column);
+                  },
+                  (XtPointer)&columns);
+    s.Up();
+    ASSERT_EQ(s.Column(), 1);
+    s.reasons.clear();
+    columns.clear();
+    ASSERT_TRUE(XmPrjTreeGotoColumn(s.tree, a, 3));
+    EXPECT_EQ(s.Editor(), Part(s.tree).cellPushButton);
+    EXPECT_EQ(s.reasons, (std::vector<int>{XmCR_TREE_CELL_UNMANAGED, XmCR_TREE_CELL_MANAGED}));
+    EXPECT_EQ(columns, (std::vector<int>{1, 3}));
+}
+
+XmPrjTreeNode Nth(Widget tree, int number)
+{
+    XmPrjTreeNode n = XmPrjTreeGetFirstNode(tree);
+    while (n && --number > 0)
+        n = XmPrjTreeGetNextNode(tree, n);
+    return n;
+}
+
+TEST(TreeCells, BlankCellStaysActive)
+{
+    Sheet s;
+    XmPrjTreeNode a = s.Add("a1|a2|a3");
+    XmPrjTreeNode b = s.Add("b1|b2|b3");
+    XmPrjTreeSetColumnLabel(s.tree, b, 2, " ");
+    s.Up();
+    s.ClickCell(b, 2);
+    ASSERT_EQ(s.Node(), b);
+    EXPECT_EQ(s.Column(), 2);
+    // A repaint of the whole list leaves the editor over its cell.
+    XClearArea(XtDisplay(s.tree), XtWindow(s.tree), 0, 0, 0, 0, True);
+    xwktest::Pump(200);
+    ASSERT_NE(s.Editor(), nullptr);
+    EXPECT_TRUE(XtIsManaged(s.Editor()));
+    Position y = (Position)(Part(s.tree).treeMarginHeight + 2 + Part(s.tree).rowHeight);
+    EXPECT_NEAR(s.Editor()->core.y, y, Part(s.tree).rowHeight / 2);
+    // Scrolled off and back, it comes back with its row.
+    for (int i = 0; i < 12; i++)
+        s.Add("x|y|z");
+    XmPrjTreeSetTopItem(s.tree, Nth(s.tree, 9));
+    xwktest::Pump(200);
+    EXPECT_FALSE(XtIsManaged(s.Editor()));
+    XmPrjTreeSetTopItem(s.tree, a);
+    xwktest::Pump(200);
+    EXPECT_TRUE(XtIsManaged(s.Editor()));
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 2), " ");
+}
+
+const char *dot4[] = {"4 4 1 1", "x c #FF0000", "xxxx", "xxxx", "xxxx", "xxxx"};
+
+TEST(TreeCells, CellOperations)
+{
+    Sheet s(XmTABLE_LIST, XmCELL_LABEL);
+    XmPrjTreeNode a = s.Add("a1|a2|a3");
+    XmPrjTreeNode b = s.Add("b1|b2|b3");
+    XwkIcon *icon = XwkIconCreateFromData(s.tree, (char **)dot4);
+    ASSERT_NE(icon, nullptr);
+    // An icon only in an icon cell.
+    EXPECT_EQ(XmPrjTreeSetColumnIcon(s.tree, a, 2, icon), 0);
+    XmPrjTreeSetColumnItem(s.tree, a, 2, XmCELL_TOGGLE_ICON, 9, (XtPointer)icon);
+    EXPECT_EQ(XmPrjTreeGetCellType(s.tree, a, 2), XmCELL_TOGGLE_ICON);
+    EXPECT_EQ(XmPrjTreeGetColumnIcon(s.tree, a, 2), icon);
+    EXPECT_EQ(XmPrjTreeGetColumnIcon(s.tree, a, 3), nullptr);
+    // A label cell takes the text; an edit cell that is not active keeps its own.
+    XmPrjTreeSetColumnItem(s.tree, a, 3, XmCELL_LABEL, 0, (XtPointer) "new");
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, a, 3), "new");
+    XmPrjTreeSetColumnItem(s.tree, b, 3, XmCELL_EDIT_TEXT, 0, (XtPointer) "other");
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 3), "b3");
+    EXPECT_EQ(XmPrjTreeGetCellType(s.tree, b, 9), 255);
+    EXPECT_EQ(XmPrjTreeSetCellType(s.tree, b, 2, XmCELL_EDIT_TEXT), 1);
+    EXPECT_EQ(XmPrjTreeGetCellType(s.tree, b, 2), XmCELL_EDIT_TEXT);
+    // Moving the active cell: up, down, back.
+    s.Up();
+    ASSERT_TRUE(XmPrjTreeGotoColumn(s.tree, b, 3));
+    EXPECT_EQ(XmPrjTreeProcessTraversalCell(s.tree, XmTRAVERSE_PREV), 1);
+    EXPECT_EQ(s.Column(), 2);
+    EXPECT_EQ(XmPrjTreeProcessTraversalCell(s.tree, XmTRAVERSE_UP), 0);
+    XmPrjTreeSetColumnItem(s.tree, b, 2, XmCELL_EDIT_TEXT, 0, (XtPointer) "typed");
+    char *text = XmTextGetString(s.Editor());
+    EXPECT_STREQ(text, "typed");
+    XtFree(text);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 2), "typed");
+    XwkIconFree(s.tree, icon);
+}
+
+int presses[2];
+void Pressed(Widget, XtPointer closure, XtPointer) { presses[(long)closure]++; }
+
+TEST(TreeCells, ReturnStopsAtTheEditorEscapeGoesOn)
+{
+    // In a form with default and cancel buttons: Return in a cell editor
+    // stays there, Escape still cancels.
+    Widget app = xwktest::StartApp();
+    Widget shell = XtVaCreatePopupShell("dialog", topLevelShellWidgetClass, app, XmNwidth, 360,
+                                        XmNheight, 200, NULL);
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Widget ok = XtVaCreateManagedWidget("ok", xmPushButtonWidgetClass, form, XmNbottomAttachment,
+                                        XmATTACH_FORM, NULL);
+    Widget cancel = XtVaCreateManagedWidget("cancel", xmPushButtonWidgetClass, form,
+                                            XmNbottomAttachment, XmATTACH_FORM,
+                                            XmNrightAttachment, XmATTACH_FORM, NULL);
+    XtAddCallback(ok, XmNactivateCallback, Pressed, (XtPointer)0);
+    XtAddCallback(cancel, XmNactivateCallback, Pressed, (XtPointer)1);
+    XtVaSetValues(form, XmNdefaultButton, ok, XmNcancelButton, cancel, NULL);
+    Arg args[6];
+    Cardinal n = 0;
+    XtSetArg(args[n], XmNvisualMode, XmSPREADSHEET); n++;
+    XtSetArg(args[n], XmNnumColumns, 2); n++;
+    XtSetArg(args[n], XmNdelimeter, '|'); n++;
+    XtSetArg(args[n], XmNtitleString, "A|B"); n++;
+    XtSetArg(args[n], XmNtitleItemType, XmCELL_EDIT_TEXT); n++;
+    XtSetArg(args[n], XmNvisibleLines, 3); n++;
+    Widget tree = XmCreateScrolledTreeList(form, (String) "sheet", args, n);
+    XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,
+                  XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNbottomAttachment,
+                  XmATTACH_WIDGET, XmNbottomWidget, ok, NULL);
+    XmPrjTreeAddItem(tree, nullptr, "a|b", nullptr, nullptr, XmSLAM_UNDEFINED, nullptr, nullptr,
+                     nullptr);
+    XtManageChild(tree);
+    XtPopup(shell, XtGrabNone);
+    ASSERT_TRUE(xwktest::WaitViewable(tree));
+    xwktest::Pump(200);
+    XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
+    xwktest::Pump(200);
+    Widget editor = Part(tree).cellActive;
+    ASSERT_NE(editor, nullptr);
+    XmProcessTraversal(editor, XmTRAVERSE_CURRENT);
+    xwktest::Pump(100);
+    xwktest::PressKey(XtDisplay(tree), XK_Return);
+    xwktest::Pump(150);
+    EXPECT_EQ(presses[0], 0);
+    xwktest::PressKey(XtDisplay(tree), XK_Escape);
+    xwktest::Pump(150);
+    EXPECT_EQ(presses[1], 1);
+    XtDestroyWidget(shell);
+    xwktest::Pump(50);
+}
+
 int vetoes = 0;
 void Veto(Widget, XtPointer closure, XtPointer call)
 {
@@ -224,6 +377,14 @@ TEST(TreeCells, TextDraggedFromAnotherWidgetLandsInCell)
                                             "dropped", NULL);
     s.Up();
     xwktest::WaitViewable(source);
+    // The spreadsheet's own text drop site: composite, no drag-under effect.
+    unsigned char site_type = 0, animation = 0xff;
+    Arg site[2];
+    XtSetArg(site[0], XmNdropSiteType, &site_type);
+    XtSetArg(site[1], XmNanimationStyle, &animation);
+    XmDropSiteRetrieve(s.tree, site, 2);
+    EXPECT_EQ(site_type, XmDROP_SITE_COMPOSITE);
+    EXPECT_EQ(animation, XmDRAG_UNDER_NONE);
     XmTextSetSelection(source, 0, 7, CurrentTime);
     xwktest::Pump(100);
     int sx, sy, tx, ty;
@@ -247,20 +408,13 @@ TEST(TreeCells, TextDraggedFromAnotherWidgetLandsInCell)
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 3), "dropped");
 }
 
-XmPrjTreeNode Nth(Widget tree, int number)
-{
-    XmPrjTreeNode n = XmPrjTreeGetFirstNode(tree);
-    while (n && --number > 0)
-        n = XmPrjTreeGetNextNode(tree, n);
-    return n;
-}
 
 TEST(TreeCells, ClonesStayInStep)
 {
     Widget app = xwktest::StartApp();
     Widget shell = XtVaCreatePopupShell("clones", topLevelShellWidgetClass, app, NULL);
     Widget box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
-    Arg args[6];
+    Arg args[7];
     Cardinal n = 0;
     XtSetArg(args[n], XmNvisualMode, XmTABLE_LIST); n++;
     XtSetArg(args[n], XmNnumColumns, 2); n++;
@@ -269,8 +423,11 @@ TEST(TreeCells, ClonesStayInStep)
     XtSetArg(args[n], XmNvisibleLines, 4); n++;
     Widget mother = XmCreateScrolledTreeList(box, (String) "mother", args, n);
     XtSetArg(args[n], XmNmother, mother); n++;
+    XtSetArg(args[n], XmNbackground, mother->core.background_pixel ^ 1); n++;
     Widget clone = XmCreateScrolledTreeList(box, (String) "clone", args, n);
     ASSERT_NE(Part(clone).titleWidget, nullptr);
+    // The clone takes its mother's background.
+    EXPECT_EQ(clone->core.background_pixel, mother->core.background_pixel);
     for (int i = 0; i < 20; i++) {
         char label[32];
         snprintf(label, sizeof label, "k%02d|v%d", i, i);

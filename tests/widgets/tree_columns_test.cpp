@@ -22,6 +22,11 @@ XmPrjTreePart &Part(Widget w)
     return ((XmPrjTreeWidget)w)->tree;
 }
 
+int ColumnGapOf(Widget w)
+{
+    return 2 * Part(w).titleMargin + Part(w).hPad;
+}
+
 // A Motif drag runs a loop of its own until the drop: the whole gesture is
 // queued in the server at once, each step delayed there.
 void QueuedDrag(Display *dpy, int x, int y, int dx, int dy, unsigned button)
@@ -144,6 +149,16 @@ TEST(TreeColumns, TitleItemsAndColumnOperations)
     EXPECT_EQ(dir, XmSORT_ASCENDING);
     EXPECT_EQ(XmPrjTreeSetTitleItemLabel(t.tree, 1, "File"), 0);
     EXPECT_STREQ(XmPrjTreeGetTitleItemLabel(t.tree, 1), "File");
+    // An alignment out of range keeps the one before.
+    XmPrjTreeSetTitleItem(t.tree, 2, XmCELL_LABEL, 2, (XtPointer) "Size");
+    for (int bad : {3, -1})
+        XmPrjTreeSetTitleItem(t.tree, 2, XmCELL_LABEL, bad, (XtPointer) "Size");
+    EXPECT_EQ(t.ColumnRec(2)->alignment, 2);
+    // A column is never narrower than the rows' icon slot.
+    Part(t.tree).iconWidth = 24;
+    EXPECT_EQ(XmPrjTreeSetTitleItemWidth(t.tree, 2, 5), 0);
+    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 2), 24);
+    Part(t.tree).iconWidth = 0;
     // Cells: too many pieces go into the last cell, too few leave empty ones.
     XmPrjTreeNode a = XmPrjTreeAddItem(t.tree, nullptr, "x|1|a|b|c", nullptr, nullptr,
                                        XmSLAM_UNDEFINED, nullptr, nullptr, nullptr);
@@ -187,6 +202,16 @@ TEST(TreeColumns, LayoutStringRoundTrip)
     EXPECT_EQ(XmPrjTreeCheckLayoutString(t.tree, nocomma.data()), 0);
     Table single("Only", 1);
     EXPECT_EQ(single.Layout(), "(null)");
+    // A lone sortable column reaches the bar's right end, its arrow there.
+    XmPrjTreeSetColumnSortable(single.tree, 1, True);
+    single.Up();
+    XmPrjTreeTitleRec *tr = Part(single.tree).title;
+    xwktest::Capture cap(single.title);
+    int right = single.title->core.width - 2 - tr->arrowWidth;
+    int box = tr->arrowWidth * tr->arrowHeight;
+    EXPECT_LT(cap.Count(Part(single.tree).titleBackground, right, tr->arrowY, tr->arrowWidth,
+                        tr->arrowHeight),
+              box);
 }
 
 TEST(TreeColumns, BoundaryDragResizesAndRepaintsGrid)
@@ -194,6 +219,11 @@ TEST(TreeColumns, BoundaryDragResizesAndRepaintsGrid)
     Table t;
     Fill(t.tree);
     t.Up();
+    // The first column starts inside the bar's shadow.
+    XmPrjTreePart &p = Part(t.tree);
+    Dimension bar_shadow = 0;
+    XtVaGetValues(t.title, XmNshadowThickness, &bar_shadow, NULL);
+    EXPECT_EQ(t.ColumnRec(1)->x, bar_shadow + p.hPad + p.treeMarginWidth + p.highlightThickness);
     int before = XmPrjTreeGetTitleItemWidth(t.tree, 1);
     int boundary = t.Boundary(2);
     t.DragTitle(boundary, 30);
@@ -219,6 +249,10 @@ TEST(TreeColumns, SortClickTogglesDirectionAndArrow)
     XmPrjTreeSetAllColumnsSortable(t.tree, True);
     Fill(t.tree);
     t.Up();
+    int rx, ry;
+    xwktest::RootPosition(t.tree, &rx, &ry);
+    xwktest::MovePointer(XtDisplay(t.tree), rx + 40, ry + 60);
+    xwktest::Pump(100);
     xwktest::Capture plain(t.title);
     int x = t.ColumnRec(1)->x + 10;
     xwktest::Click(t.title, x, t.title->core.height / 2);
@@ -240,6 +274,11 @@ TEST(TreeColumns, SortClickTogglesDirectionAndArrow)
         for (int xx = ax; xx < ax + 20; xx++)
             diff += up.Pixel(xx, yy) != down.Pixel(xx, yy);
     EXPECT_GT(diff, 4);
+    // The arrow is drawn in shadows around the bar's background.
+    XmPrjTreeTitleRec *tr = Part(t.tree).title;
+    EXPECT_EQ(down.Count(Part(t.tree).titleForeground, t.ColumnRec(2)->x - tr->arrowWidth,
+                         tr->arrowY, tr->arrowWidth, tr->arrowHeight),
+              0);
     // Another column starts ascending again.
     xwktest::Pump(600);
     xwktest::Click(t.title, t.ColumnRec(2)->x + 12, t.title->core.height / 2);
@@ -265,10 +304,72 @@ TEST(TreeColumns, ScrollArrowsMoveFirstColumn)
     EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 2);
     EXPECT_TRUE(title->canScrollLeft);
     EXPECT_EQ(t.Layout().substr(0, 7), "A:-1,90");
-    xwktest::Click(t.title, title->arrowLeftX + title->arrowWidth / 2,
-                   title->arrowY + title->arrowHeight / 2);
+    // A press on the arrow moves the columns at the release, even away
+    // from the arrow.
+    Display *dpy = XtDisplay(t.title);
+    int rx, ry;
+    xwktest::RootPosition(t.title, &rx, &ry);
+    xwktest::MovePointer(dpy, rx + title->arrowLeftX + title->arrowWidth / 2,
+                         ry + title->arrowY + title->arrowHeight / 2);
+    xwktest::Pump(50);
+    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    xwktest::Pump(80);
+    xwktest::MovePointer(dpy, rx + 20, ry + title->arrowY + title->arrowHeight / 2);
+    xwktest::Pump(80);
+    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
     xwktest::Pump(200);
     EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 1);
+    // The right arrow moves on while a column follows, though all fit.
+    for (int i = 1; i <= 5; i++)
+        XmPrjTreeSetTitleItemWidth(t.tree, i, 8);
+    EXPECT_FALSE(title->canScrollRight);
+    xwktest::Click(t.title, title->arrowRightX + title->arrowWidth / 2,
+                   title->arrowY + title->arrowHeight / 2);
+    xwktest::Pump(200);
+    EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 2);
+}
+
+int title_button_calls;
+XmPrjTreeCallbackStruct title_button_data;
+
+void TitleButton(Widget, XtPointer, XtPointer call)
+{
+    title_button_calls++;
+    title_button_data = *(XmPrjTreeCallbackStruct *)call;
+}
+
+TEST(TreeColumns, TitleButtonCallsItsProcAndLosesItsFrame)
+{
+    static const char *box[] = {"9 9 2 1", "  c None", ". c #000000", ".........", ".       .",
+                                ".       .", ".       .", ".       .", ".       .", ".       .",
+                                ".       .", "........."};
+    Table t;
+    Fill(t.tree);
+    XwkIcon *icon = XwkIconCreateFromData(t.tree, (char **)box);
+    ASSERT_NE(icon, nullptr);
+    EXPECT_EQ(XmPrjTreeSetTitleItemButton(t.tree, 2, icon, TitleButton, nullptr), 0);
+    EXPECT_EQ(XmPrjTreeGetTitleItemButtonIcon(t.tree, 2), icon);
+    t.Up();
+    int rx, ry;
+    xwktest::RootPosition(t.tree, &rx, &ry);
+    xwktest::MovePointer(XtDisplay(t.tree), rx + 40, ry + 60);
+    xwktest::Pump(100);
+    xwktest::Capture plain(t.title);
+    int x = t.ColumnRec(2)->x + ColumnGapOf(t.tree) + 4, h = t.title->core.height;
+    xwktest::Click(t.title, x, h / 2);
+    xwktest::Pump(200);
+    EXPECT_EQ(title_button_calls, 1);
+    EXPECT_EQ(title_button_data.reason, XmCR_TREE_TITLE_ACTIVATE);
+    EXPECT_EQ(title_button_data.column, 2);
+    // The release takes the frame away: the bar is as it was.
+    xwktest::Capture after(t.title);
+    int diff = 0;
+    for (int yy = 0; yy < h; yy++)
+        for (int xx = x - 6; xx < x + 16; xx++)
+            diff += plain.Pixel(xx, yy) != after.Pixel(xx, yy);
+    EXPECT_EQ(diff, 0);
+    XtDestroyWidget(t.tree);
+    XwkIconFree(t.shell, icon);
 }
 
 TEST(TreeColumns, DragTitleOntoAnotherMovesIt)

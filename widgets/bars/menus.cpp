@@ -401,6 +401,8 @@ void XwkMenuButtonDisarmCallback(Widget w, XtPointer, XtPointer)
     XtFree(saved);
 }
 
+// The context itself stays: a new one would strand, unfreed, the texts
+// still saved on other windows.
 void XwkMenuButtonDestroyCallback(Widget w, XtPointer, XtPointer)
 {
     Display *dpy;

@@ -240,7 +240,7 @@ void Realize(Widget w, XtValueMask *mask, XSetWindowAttributes *attributes)
     XmPrjDeskPart &m = M(w);
     if (!m.current && m.items && m.items->first) {
         m.current = m.items->first;
-        m.selected = Item(m.current)->userData;
+        RefreshSelected(w);
     }
 }
 

@@ -68,6 +68,8 @@ void InitClone(Widget w)
     w->core.depth = mother->core.depth;
     w->core.colormap = mother->core.colormap;
     ((XmPrimitiveWidget)w)->primitive.user_data = ((XmPrimitiveWidget)mother)->primitive.user_data;
+    // The clone answers to the same bindings as its mother.
+    w->core.tm.translations = mother->core.tm.translations;
     P(w) = P(mother);
     XmPrjDeskPart &m = P(mother);
     P(w).mother = mother;

@@ -14,9 +14,10 @@ using namespace xwk::desk;
 
 namespace {
 
-// The label as it is drawn: a newline wherever maxChars characters have
-// gone since the last break and more than 3 are still to come.  Lines are
-// cut at character counts, never at words.
+// The label as it is drawn: a newline wherever more than maxChars
+// characters have gone since the last break and more than 2 are still to
+// come, so a label at most 3 past the limit keeps one line.  Lines are cut
+// at character counts, never at words.
 std::string Wrapped(const char *label, int max_chars)
 {
     std::string out;
@@ -24,7 +25,7 @@ std::string Wrapped(const char *label, int max_chars)
     out.reserve(length + length / std::max(max_chars, 1) + 1);
     int run = 0;
     for (int i = 0; i < length; i++) {
-        if (max_chars > 0 && run >= max_chars && length - i > 3) {
+        if (run > max_chars && length - i > 2) {
             out.push_back('\n');
             run = 0;
         }
@@ -36,8 +37,7 @@ std::string Wrapped(const char *label, int max_chars)
 
 bool Wraps(Widget w, const char *label)
 {
-    int max_chars = M(w).maxChars;
-    return max_chars > 0 && (int)strlen(label) > max_chars;
+    return (long)strlen(label) > (long)M(w).maxChars;
 }
 
 XmString MakeString(Widget w, const char *label)
@@ -163,7 +163,7 @@ void FreeItemNode(XwkListNode *node)
         XmPrjDeskPart &m = P(mother);
         if (m.current == node) {
             m.current = nullptr;
-            m.selected = nullptr;
+            RefreshSelected(mother);
         }
         if (m.highlighted == node)
             m.highlighted = nullptr;
@@ -367,7 +367,7 @@ Boolean XmPrjDeskRenameItem(Widget w, const char *label, XwkIcon *icon, XmPrjDes
         item->labelString = nullptr;
         MeasureItem(w, item);
         S(Mother(w)).sorted = false;
-        if (M(w).sortItems && !P(w).dontMove)
+        if (M(w).sortItems)
             Sort(w);
     }
     ExtentsChanged(w);
@@ -385,7 +385,7 @@ void XmPrjDeskDeleteItem(Widget w, XmPrjDeskNode node)
         m.highlighted = nullptr;
     if (m.current == node) {
         m.current = node->prev ? node->prev : node->next;
-        m.selected = m.current ? Item(m.current)->userData : nullptr;
+        RefreshSelected(w);
     }
     // Only an item as large as the largest can lower the cell size.
     XmPrjDeskItem item = Item(node);
@@ -410,7 +410,7 @@ void XmPrjDeskDeleteAllItems(Widget w)
     for (Widget v : Views(w)) {
         XmPrjDeskPart &d = P(v);
         M(v).current = nullptr;
-        M(v).selected = nullptr;
+        d.selected = nullptr;
         d.topRow = 0;
         d.lastTopRow = -1;
         M(v).selectedCount = 0;

@@ -183,10 +183,14 @@ void Notify(Widget view, XEvent *event, XwkListNode *node)
         Call(view, m.defaultActionCallback, XmCR_DEFAULT_ACTION, event, node, true);
 }
 
+// Every desk answers XmNselected from its own field, so the clones' copies
+// follow the mother's.
 void RefreshSelected(Widget w)
 {
     XmPrjDeskPart &m = M(w);
-    m.selected = m.current && Item(m.current) ? Item(m.current)->userData : nullptr;
+    XtPointer selected = m.current && Item(m.current) ? Item(m.current)->userData : nullptr;
+    for (Widget v : Views(w))
+        P(v).selected = selected;
 }
 
 void DeselectAll(Widget view)

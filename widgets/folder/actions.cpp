@@ -150,7 +150,7 @@ void FolderGoto(Widget w, XEvent *event, String *params, Cardinal *num_params)
             OpenList(w, 0, 0);
         return;
     }
-    if (d >= 1 && d <= p.pageCount && d != p.activePage)
+    if (d >= 1 && d <= p.pageCount)
         ActivateByUser(w, d, event, XmCR_ACTIVATE);
 }
 

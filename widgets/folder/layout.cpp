@@ -225,12 +225,6 @@ void ChangePage(Widget w, int n, bool redraw)
     p.topTab = std::min(p.topTab, p.pageCount - p.visibleTabCount + 1);
     p.topTab = std::clamp(p.topTab, 1, p.pageCount);
     FitTabs(w);
-    // Scrolled, the row loses the room of the left arrow: the page's own
-    // tab must still be in it.
-    while (n >= p.topTab + p.visibleTabCount && p.topTab < n) {
-        p.topTab++;
-        FitTabs(w);
-    }
     p.activePage = n;
     if (p.autoManage) {
         Widget shown = ActiveChild(w);

@@ -52,6 +52,19 @@ void Hide(Widget w, Widget child)
     p.flags = (p.flags & ~XmFOLDER_MANAGING) | was;
 }
 
+// The popup list keeps one entry a page, so that positions match page
+// numbers: a page without a label has an empty one there.
+void AddListItem(Widget list, XmString label, int pos)
+{
+    if (label) {
+        XwkComboBoxAddItem(list, label, pos, False);
+        return;
+    }
+    XmString empty = XmStringCreate((char *)"", (char *)XmFONTLIST_DEFAULT_TAG);
+    XwkComboBoxAddItem(list, empty, pos, False);
+    XmStringFree(empty);
+}
+
 void ClearStrip(Widget w, Bool exposures)
 {
     if (!XtIsRealized(w))
@@ -140,8 +153,8 @@ int AppendPage(Widget w, XmString label, XwkIcon *icon, Widget child)
     page.widget = child;
     MeasurePage(w, page);
     p.pageCount++;
-    if (p.folderList && label)
-        XwkComboBoxAddItem(p.folderList, label, 0, False);
+    if (p.folderList)
+        AddListItem(p.folderList, label, 0);
     TabsChanged(w);
     return page.id;
 }
@@ -152,10 +165,8 @@ void SetLabel(Widget w, int index, XmString label, bool free_old)
     XmFolderPage &page = p.pages[index];
     // Deleted and added again: XmList loses memory when it replaces items.
     if (p.folderList) {
-        if (page.label)
-            XwkComboBoxDeletePos(p.folderList, index + 1, False);
-        if (label)
-            XwkComboBoxAddItem(p.folderList, label, index + 1, False);
+        XwkComboBoxDeletePos(p.folderList, index + 1, False);
+        AddListItem(p.folderList, label, index + 1);
     }
     if (free_old && page.label)
         XmStringFree(page.label);
@@ -360,13 +371,13 @@ Boolean XmFolderSetPageLabel(Widget w, int id, XmString label)
     if (index < 0)
         return False;
     XmFolderPage &page = Part(w).pages[index];
-    // Every page has a label, so that the popup list keeps one entry a page.
-    XmString copy = label ? XmStringCopy(label) : XmStringCreate((char *)"", (char *)XmFONTLIST_DEFAULT_TAG);
+    XmString copy = label ? XmStringCopy(label) : nullptr;
+    bool equal = page.label && copy ? XmStringCompare(page.label, copy) : page.label == copy;
     if (LabelOwnedByChild(page)) {
         // The child keeps the label it shows.
         XmFolderConstraintPart &c = Con(page.widget);
         XmString old = c.folderLabelString;
-        if (page.label && XmStringCompare(page.label, copy))
+        if (equal)
             page.label = copy;
         else
             SetLabel(w, index, copy, false);
@@ -374,8 +385,9 @@ Boolean XmFolderSetPageLabel(Widget w, int id, XmString label)
         XmStringFree(old);
         return True;
     }
-    if (page.label && XmStringCompare(page.label, copy)) {
-        XmStringFree(page.label);
+    if (equal) {
+        if (page.label)
+            XmStringFree(page.label);
         page.label = copy;
         return True;
     }

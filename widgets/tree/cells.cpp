@@ -368,10 +368,6 @@ void PaintCells(Widget view, XwkTreeNode *node, int y, GC text)
         XmPrjTreeCellRec *cell = CellOf(node, col->number);
         if (!cell)
             continue;
-        if ((cell->type <= XmCELL_DROP_DOWN_LIST && cell->type != XmCELL_ICON &&
-             cell->type != XmCELL_TOGGLE_ICON) &&
-            cell->text && !strcmp(cell->text, " "))
-            continue;
         XRectangle rect;
         CellRect(view, node, col->number, &rect);
         rect.y = (short)y;
@@ -388,6 +384,10 @@ void PaintCells(Widget view, XwkTreeNode *node, int y, GC text)
             PlaceEditor(view, node, rect);
             continue;
         }
+        if ((cell->type <= XmCELL_DROP_DOWN_LIST && cell->type != XmCELL_ICON &&
+             cell->type != XmCELL_TOGGLE_ICON) &&
+            cell->text && !strcmp(cell->text, " "))
+            continue;
         if (x >= limit)
             continue;
         if (cell->type == XmCELL_ICON || cell->type == XmCELL_TOGGLE_ICON) {

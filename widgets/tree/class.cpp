@@ -324,6 +324,11 @@ void InitClone(Widget w)
     // itself go before her pointers replace them.
     RemoveCallbackLists(w);
     Widget mother = P(w).mother;
+    // A clone paints on its mother's background.  Its depth stays its
+    // parent's: a window of another depth would not be made.
+    w->core.colormap = mother->core.colormap;
+    w->core.background_pixel = mother->core.background_pixel;
+    w->core.background_pixmap = mother->core.background_pixmap;
     XmPrjTreePart keep = P(w);
     P(w) = P(mother);
     XmPrjTreePart &t = P(w);
@@ -746,7 +751,9 @@ void ConstraintDestroy(Widget child)
 Boolean ParentProcess(Widget w, XmParentProcessData data)
 {
     XmPrjTreePart &m = M(w);
-    if (data->any.process_type == XmINPUT_ACTION && m.cellActive && XtIsManaged(m.cellActive))
+    if (data->any.process_type == XmINPUT_ACTION &&
+        data->input_action.action == XmPARENT_ACTIVATE && m.cellActive &&
+        XtIsManaged(m.cellActive))
         return True;
     Widget parent = XtParent(w);
     return XmIsManager(parent) && _XmParentProcess(parent, data);

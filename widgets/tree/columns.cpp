@@ -5,6 +5,7 @@
 #include "frame/XmPrivate.h"
 
 #include <Xm/XmP.h>
+#include <Xm/PrimitiveP.h>
 #include <Xm/RepType.h>
 #include <Xm/ScrolledWP.h>
 #include <Xwk/Text.h>
@@ -61,6 +62,20 @@ void MakeStrings(Widget w, XmPrjTreeColumnRec *c)
     if (!c->width)
         c->width = width;
     c->height = height;
+}
+
+// Columns start inside the bar's own shadow; without a bar, inside the
+// list's.
+int BarShadow(Widget view)
+{
+    Widget tw = P(view).titleWidget;
+    return tw ? ((XmPrimitiveWidget)tw)->primitive.shadow_thickness : Shadow(view);
+}
+
+int ColumnsStart(Widget view)
+{
+    XmPrjTreePart &v = P(view);
+    return BarShadow(view) + M(view).hPad + v.treeMarginWidth + v.highlightThickness;
 }
 
 bool Bad(Widget w)
@@ -192,7 +207,7 @@ void LayOutColumns(Widget view)
         t->firstColumn = m.columns->first;
     t->canScrollLeft = t->firstColumn != m.columns->first;
     t->canScrollRight = False;
-    int x = shadow + m.hPad + v.treeMarginWidth + v.highlightThickness;
+    int x = ColumnsStart(view);
     bool first = true;
     for (XwkListNode *e = t->firstColumn; e; e = e->next) {
         XmPrjTreeColumnRec *c = ColumnOf(e);
@@ -213,7 +228,8 @@ void LayOutColumns(Widget view)
                 last = false;
         int w;
         if (m.columns->count < 2 || m.numColumns < 2) {
-            w = std::max(0, limit - content);
+            // A lone column has the bar to itself: it has no scroll arrows.
+            w = std::max(0, width - BarShadow(view) - content);
         } else if (last) {
             w = std::max(0, limit - content);
             if ((c->flags & 2) && w > 0)
@@ -249,8 +265,7 @@ bool ScrollToColumn(Widget view, int number)
         return false;
     // From the left, the first start from which the columns up to the
     // target fit in the bar.
-    int room = m.title->arrowLeftX - (Shadow(view) + m.hPad + P(view).treeMarginWidth +
-                                      P(view).highlightThickness);
+    int room = m.title->arrowLeftX - ColumnsStart(view);
     XwkListNode *start = m.columns->first;
     for (;;) {
         int sum = 0;
@@ -296,7 +311,7 @@ int XmPrjTreeSetTitleItem(Widget w, int column, int type, int alignment, XtPoint
     if (!c)
         return 255;
     c->itemType = type;
-    if (alignment <= 2)
+    if (alignment >= 0 && alignment <= 2)
         c->alignment = (unsigned char)alignment;
     if (type == XmCELL_ICON || type == XmCELL_TOGGLE_ICON) {
         c->icon = (XwkIcon *)value;
@@ -361,8 +376,8 @@ int XmPrjTreeSetTitleItemWidth(Widget w, int column, int width)
     XmPrjTreeColumnRec *c = Find(w, column);
     if (!c)
         return 255;
-    int icon = c->icon ? IconWidth(c->icon) : 0;
-    c->width = (Dimension)std::clamp(std::max(width, icon), 0, 0xffff);
+    // Never narrower than the icon slot of the rows.
+    c->width = (Dimension)std::clamp(std::max(width, (int)M(w).iconWidth), 0, 0xffff);
     TitleChanged(w);
     RepaintRows(w);
     return 0;

@@ -305,7 +305,7 @@ void RegisterCellDropSite(Widget view)
     XtSetArg(args[n], XmNimportTargets, targets); n++;
     XtSetArg(args[n], XmNnumImportTargets, 3); n++;
     XtSetArg(args[n], XmNdropProc, CellDrop); n++;
-    XtSetArg(args[n], XmNanimationStyle, XmDRAG_UNDER_HIGHLIGHT); n++;
+    XtSetArg(args[n], XmNanimationStyle, XmDRAG_UNDER_NONE); n++;
     XtSetArg(args[n], XmNdropSiteType, XmDROP_SITE_COMPOSITE); n++;
     XmDropSiteRegister(view, args, n);
 }

@@ -341,6 +341,7 @@ bool ActivateCell(Widget view, XwkTreeNode *node, int column, XEvent *event)
     bool spreadsheet = m.visualMode == XmSPREADSHEET;
     Widget old = m.cellActive;
     XwkTreeNode *old_node = m.cellNodeId;
+    int old_column = m.cellColumn;
     if (old) {
         m.cellActive = nullptr;
         unsigned long stamp = Stamp(view);
@@ -380,7 +381,22 @@ bool ActivateCell(Widget view, XwkTreeNode *node, int column, XEvent *event)
         editor = MakeEditor(view, 1);
     }
     if (old && old != editor && XtIsManaged(old)) {
+        // The old cell is noted again for the time, so that change_managed
+        // tells the application which cell's editor went away.
+        unsigned long stamp = Stamp(view);
+        bool noted = old_node && Item(old_node);
+        if (noted) {
+            m.cellActive = old;
+            m.cellNodeId = old_node;
+            m.cellColumn = old_column;
+        }
         XtUnmanageChild(old);
+        if (noted)
+            m.cellActive = nullptr;
+        if (!Alive(view))
+            return false;
+        if (!Live(view, node, stamp))
+            return false;
         if (old_node && Item(old_node))
             UpdateRow(view, old_node);
     }

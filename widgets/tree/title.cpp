@@ -328,7 +328,7 @@ void TitleDisarm(Widget title, XEvent *event, String *, Cardinal *)
         XmPrjTreeColumnRec *c = g.active;
         bool fire = t->buttonState == 2 && c->button;
         if (const State::Shown *sh = ShownOf(view, c))
-            DrawButtonFrame(view, *sh, fire ? 2 : 0);
+            DrawButtonFrame(view, *sh, 0);
         t->buttonState = 0;
         g.active = nullptr;
         g.down = false;
@@ -348,15 +348,14 @@ void TitleDisarm(Widget title, XEvent *event, String *, Cardinal *)
     t->buttonState = 0;
     if (t->armedArrow) {
         int which = t->armedArrow;
-        bool over = t->arrowDown;
         t->armedArrow = 0;
         t->arrowDown = False;
         DrawArrow(view, which, false);
+        // The release moves the columns wherever the pointer went, and the
+        // right arrow moves them while a column follows, live or not.
         XwkListNode *to = nullptr;
-        if (over && t->firstColumn)
+        if (t->firstColumn)
             to = which == 1 ? t->firstColumn->prev : t->firstColumn->next;
-        if (which == 2 && !t->canScrollRight)
-            to = nullptr;
         if (to) {
             t->firstColumn = to;
             RepaintTitles(view);
@@ -641,9 +640,13 @@ void DestroyTitle(Widget view)
             XFreeCursor(XtDisplay(view), v.sashCursor);
         gestures.erase(it);
     }
-    if (v.titleWidget && !v.titleWidget->core.being_destroyed) {
+    // The bar may be on its way out already, its destroy to come after the
+    // list is gone (the list's scrolled window goes with the list): it must
+    // not call back into the list then.
+    if (v.titleWidget) {
         XtRemoveCallback(v.titleWidget, XmNdestroyCallback, TitleGone, (XtPointer)view);
-        XtDestroyWidget(v.titleWidget);
+        if (!v.titleWidget->core.being_destroyed)
+            XtDestroyWidget(v.titleWidget);
     }
     v.titleWidget = nullptr;
 }
@@ -734,7 +737,7 @@ void PaintTitle(Widget view)
                                 : v.sortDirection == XmSORT_DISCENDING ? XmARROW_UP
                                                                        : XmARROW_DOWN;
             XmeDrawArrow(dpy, win, prim->primitive.top_shadow_GC, prim->primitive.bottom_shadow_GC,
-                         v.titleTextGC, (Position)(x + w - t->arrowWidth), t->arrowY,
+                         v.titleEraseGC, (Position)(x + w - t->arrowWidth), t->arrowY,
                          (Dimension)t->arrowWidth, (Dimension)t->arrowHeight, 1, dir);
         }
     }
