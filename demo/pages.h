@@ -17,5 +17,6 @@ Widget demo_page_bars(Widget parent);
 Widget demo_page_windows(Widget parent);
 Widget demo_page_desklist(Widget parent);
 Widget demo_page_tables(Widget parent);
+Widget demo_page_filedesk(Widget parent);
 
 #endif

@@ -48,6 +48,7 @@ static const struct {
     {"Tree list", demo_page_treelist},
     {"Tables", demo_page_tables},
     {"Desk list", demo_page_desklist},
+    {"File selection", demo_page_filedesk},
     {"Processes", demo_page_process},
     {"Family windows", demo_page_windows},
     {"Tool options", demo_page_toolcfg},

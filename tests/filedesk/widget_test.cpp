@@ -1,0 +1,424 @@
+// The file selection desk on a real server and a real file system: the
+// scan into the views, the four representations, filter patterns, refresh,
+// navigation by keys and clicks, the dialog with its buttons.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xwk/FileSDP.h>
+#include <Xm/DialogS.h>
+#include <Xm/Label.h>
+#include <Xm/PushB.h>
+#include <Xm/Text.h>
+#include <X11/keysym.h>
+#include <X11/extensions/XTest.h>
+
+#include <fcntl.h>
+#include <sys/time.h>
+#include <limits.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace {
+
+XmFileSelectionDeskPart &Part(Widget w) { return ((XmFileSelectionDeskWidget)w)->fsd; }
+
+struct Record {
+    int reason;
+    std::string path, directory, name;
+};
+std::vector<Record> records;
+
+void Remember(Widget, XtPointer, XtPointer call)
+{
+    auto *cbs = (FsdCallbackStruct *)call;
+    records.push_back({cbs->reason, cbs->path ? cbs->path : "", cbs->directory ? cbs->directory : "",
+                       cbs->name ? cbs->name : ""});
+}
+
+std::string Cwd()
+{
+    char buf[PATH_MAX];
+    return getcwd(buf, sizeof buf) ? buf : "";
+}
+
+class Desk : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { xwktest::StartApp("XwkFsdTest"); }
+
+    void SetUp() override
+    {
+        start_ = Cwd();
+        char tmpl[] = "/tmp/xwkdeskXXXXXX";
+        ASSERT_NE(mkdtemp(tmpl), nullptr);
+        dir_ = tmpl;
+        for (const char *d : {"alpha", "alpha/inner", "beta", "with space"})
+            ASSERT_EQ(mkdir(P(d).c_str(), 0755), 0);
+        for (const char *f : {"a.c", "b.c", "notes.txt", "z.h"})
+            Touch(f, 0644);
+        Touch("run", 0755);
+        ASSERT_EQ(symlink("alpha", P("to_alpha").c_str()), 0);
+        ASSERT_EQ(symlink("nowhere", P("dangling").c_str()), 0);
+        records.clear();
+    }
+    void TearDown() override
+    {
+        for (Widget shell : shells_)
+            XtDestroyWidget(shell);
+        xwktest::Settle();
+        ASSERT_EQ(chdir(start_.c_str()), 0);
+        std::string cmd = "rm -rf '" + dir_ + "'";
+        ASSERT_EQ(system(cmd.c_str()), 0);
+    }
+    std::string P(const char *name) const { return dir_ + "/" + name; }
+    void Touch(const char *name, mode_t mode)
+    {
+        int fd = open(P(name).c_str(), O_CREAT | O_WRONLY, mode);
+        ASSERT_GE(fd, 0);
+        close(fd);
+        chmod(P(name).c_str(), mode);
+    }
+
+    // A desk in a shell of its own, realized and scanned.
+    Widget MakeDesk(std::vector<Arg> args = {}, int x = 0)
+    {
+        Widget shell = XtVaAppCreateShell("fsd", "Fsd", topLevelShellWidgetClass,
+                                          XtDisplay(xwktest::StartApp()), XmNwidth, 640,
+                                          XmNheight, 420, XmNx, x, XmNy, 0, nullptr);
+        shells_.push_back(shell);
+        Arg arg;
+        XtSetArg(arg, XmNdirectory, dir_.c_str());
+        args.push_back(arg);
+        Widget desk = XmCreateFileSelectionDesk(shell, (String) "desk", args.data(), args.size());
+        XtAddCallback(desk, XmNfileListChangedCallback, Remember, nullptr);
+        XtManageChild(desk);
+        XtRealizeWidget(shell);
+        EXPECT_TRUE(xwktest::WaitViewable(desk));
+        EXPECT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count > 0; }));
+        xwktest::Settle();
+        return desk;
+    }
+    Widget MakeDeskWithoutView(Arg extra)
+    {
+        Widget shell = XtVaAppCreateShell("fsd", "Fsd", topLevelShellWidgetClass,
+                                          XtDisplay(xwktest::StartApp()), XmNwidth, 300,
+                                          XmNheight, 300, nullptr);
+        shells_.push_back(shell);
+        Arg args[2] = {extra};
+        XtSetArg(args[1], XmNdirectory, dir_.c_str());
+        Widget desk = XmCreateFileSelectionDesk(shell, (String) "desk", args, 2);
+        XtManageChild(desk);
+        XtRealizeWidget(shell);
+        EXPECT_TRUE(xwktest::WaitViewable(desk));
+        xwktest::Settle();
+        return desk;
+    }
+    std::string Shown(Widget desk) { return Part(desk).current_dir ? Part(desk).current_dir->path : ""; }
+    int ViewCount(Widget desk)
+    {
+        Widget view = Part(desk).file_view;
+        if (XtIsSubclass(view, xmPrjDeskWidgetClass))
+            return XmPrjDeskGetItemsCount(view);
+        return XmPrjTreeGetItemsCount(view, nullptr);
+    }
+    // A point of the view where the item named name lies, found by asking
+    // the view what is under each point.
+    bool PointOf(Widget desk, Widget view, const char *name, int *x, int *y)
+    {
+        for (int py = 2; py < view->core.height; py += 3)
+            for (int px = 2; px < view->core.width; px += 3) {
+                XtPointer data = view == Part(desk).dir_tree
+                                     ? XmPrjTreeWhichItem(XmTREE_PART_ROW, px, py, view)
+                                     : XmPrjDeskWhichItem(view, px, py);
+                if (!data)
+                    continue;
+                bool tree = view == Part(desk).dir_tree;
+                std::string want = dir_ + "/" + name + "/";
+                if (tree ? want == ((FsdDirNode *)data)->path : ((FsdFileItem *)data)->name == std::string(name)) {
+                    *x = px;
+                    *y = py;
+                    return true;
+                }
+            }
+        return false;
+    }
+
+    std::string start_;
+    std::string dir_;
+    std::vector<Widget> shells_;
+};
+
+// ".." + 4 directories (the link to one counts) + 5 files; the dangling link is never shown.
+constexpr int kAll = 1 + 4 + 5;
+
+TEST_F(Desk, ScanFillsViewTitleAndTree)
+{
+    Widget desk = MakeDesk({});
+    EXPECT_EQ(Shown(desk), dir_ + "/");
+    EXPECT_EQ(Part(desk).item_count, kAll);
+    EXPECT_EQ(ViewCount(desk), kAll);
+    int count = 0;
+    XtVaGetValues(desk, XmNitemCount, &count, nullptr);
+    EXPECT_EQ(count, kAll);
+    char *directory = nullptr;
+    XtVaGetValues(desk, XmNdirectory, &directory, nullptr);
+    EXPECT_STREQ(directory, (dir_ + "/").c_str());
+    XtFree(directory);
+    // The tree holds the directory's sub-directories.
+    auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
+    EXPECT_EQ(XmPrjTreeGetItemsCount(Part(desk).dir_tree, node), 4);  // alpha, beta, with space, to_alpha
+    // The working directory is left at the directory's "..", as documented;
+    // absolute paths the application holds keep working.
+    EXPECT_EQ(Cwd(), dir_.substr(0, dir_.rfind('/')));
+    EXPECT_EQ(access(P("a.c").c_str(), F_OK), 0);
+    ASSERT_FALSE(records.empty());
+    EXPECT_EQ(records.back().reason, XmCR_OK);
+    EXPECT_EQ(records.back().path, dir_ + "/");
+}
+
+TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
+{
+    Widget desk = MakeDesk({});
+    FsdEntry **entries = nullptr;
+    XtVaGetValues(desk, XmNitems, &entries, nullptr);
+    ASSERT_NE(entries, nullptr);
+    struct Case {
+        unsigned char representation;
+        bool desk_list;
+    } cases[] = {{XmREPRESENTATION_DETAIL, false},
+                 {XmREPRESENTATION_NAME_ONLY, true},
+                 {XmREPRESENTATION_SMALL_ICONS, true},
+                 {XmREPRESENTATION_DETAIL, false},
+                 {XmREPRESENTATION_LARGE_ICONS, true}};
+    // A file made now is not seen: nothing is read again.
+    Touch("later.c", 0644);
+    for (const Case &c : cases) {
+        SCOPED_TRACE(int(c.representation));
+        XtVaSetValues(desk, XmNrepresentation, c.representation, nullptr);
+        xwktest::Settle();
+        EXPECT_EQ(XmFileSelectionDeskGetRepresentation(desk), c.representation);
+        Widget view = Part(desk).file_view;
+        EXPECT_EQ(XtIsSubclass(view, xmPrjDeskWidgetClass), c.desk_list);
+        EXPECT_TRUE(XtIsManaged(XtParent(view)));
+        EXPECT_EQ(ViewCount(desk), kAll);
+        FsdEntry **now = nullptr;
+        XtVaGetValues(desk, XmNitems, &now, nullptr);
+        EXPECT_EQ(now, entries);
+    }
+    // The detail text of a file: seven fields; the size column groups digits.
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    Widget list = Part(desk).file_list;
+    XmPrjTreeNode first = XmPrjTreeGetFirstNode(list);
+    ASSERT_NE(first, nullptr);
+    EXPECT_STREQ(XmPrjTreeGetColumnLabel(list, first, 1), "..");
+}
+
+TEST_F(Desk, PatternsFilterFiles)
+{
+    Widget desk = MakeDesk({});
+    struct Case {
+        const char *pattern;
+        int files;
+    } cases[] = {{"*.c", 2}, {"*.c;*.h", 3}, {"n*", 1}, {"[", 0}, {"*", 5}};
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.pattern);
+        XtVaSetValues(desk, XmNpattern, c.pattern, nullptr);
+        xwktest::Settle();
+        EXPECT_EQ(Part(desk).item_count, 5 + c.files);
+        char *pattern = nullptr;
+        XtVaGetValues(desk, XmNpattern, &pattern, nullptr);
+        EXPECT_STREQ(pattern, c.pattern);
+        XtFree(pattern);
+    }
+    // A group of the description is chosen by its row; "All files" comes last.
+    XtVaSetValues(desk, XmNpattern, "", XmNpatternsDescription, "Headers|*.h|Texts|*.txt", nullptr);
+    int position = -1;
+    XtVaSetValues(desk, XmNpatternPosition, 2, nullptr);
+    XmFileSDGetFilterPatternString(desk, &position);
+    EXPECT_EQ(position, 2);
+    EXPECT_EQ(Part(desk).item_count, 5 + 1);
+    EXPECT_EQ(Part(desk).pattern_count, 3);
+    EXPECT_STREQ(Part(desk).patterns[3]->name, "All files");
+    // Out of range after creation reads back as 1.
+    XtVaSetValues(desk, XmNpatternsDescription, "Only|*.c", XmNpatternPosition, 9, nullptr);
+    XtVaGetValues(desk, XmNpatternPosition, &position, nullptr);
+    EXPECT_EQ(position, 2);
+}
+
+TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
+{
+    Widget desk = MakeDesk({});
+    Widget view = Part(desk).file_view;
+    XmPrjDeskNode node = XmPrjDeskFindItem(
+        view, [](XtPointer data, XtPointer want) { return std::strcmp(((FsdFileItem *)data)->name, (char *)want); },
+        (XtPointer) "b.c");
+    ASSERT_NE(node, nullptr);
+    XmPrjDeskSetItem(view, node);
+    Touch("new.c", 0644);
+    unlink(P("z.h").c_str());
+    XmFileSelectionDeskUpdate(desk, 1);
+    xwktest::Settle();
+    EXPECT_EQ(Part(desk).item_count, kAll);
+    auto *current = (FsdFileItem *)XmPrjDeskGetClientDataFromItem(XmPrjDeskGetSelectedItem(view));
+    ASSERT_NE(current, nullptr);
+    EXPECT_STREQ(current->name, "b.c");
+    // A directory removed under the desk: no crash, an empty view.
+    std::string gone = P("beta");
+    XmFileSelectionDeskShowDirectory(desk, gone.c_str());
+    xwktest::PumpUntil([&] { return Shown(desk) == gone + "/"; });
+    rmdir(gone.c_str());
+    XmFileSelectionDeskUpdate(desk, 1);
+    xwktest::Settle();
+    EXPECT_EQ(Part(desk).item_count, 0);
+}
+
+TEST_F(Desk, NavigateByKeysAndClicks)
+{
+    Widget desk = MakeDesk({});
+    Display *dpy = XtDisplay(desk);
+    Widget view = Part(desk).file_view;
+    // Return on a directory descends into it, on ".." climbs back.
+    int x = 0, y = 0;
+    ASSERT_TRUE(PointOf(desk, view, "alpha", &x, &y));
+    xwktest::Click(view, x, y);
+    xwktest::Settle();
+    xwktest::PressKey(dpy, XK_Return);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("alpha") + "/"; }));
+    EXPECT_EQ(Part(desk).item_count, 2);  // "..", inner
+    xwktest::PressKey(dpy, XK_Home);
+    xwktest::PressKey(dpy, XK_Return);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/"; }));
+    // A click in the directory tree shows that directory once the
+    // selection rests.
+    Widget tree = Part(desk).dir_tree;
+    ASSERT_TRUE(PointOf(desk, tree, "beta", &x, &y));
+    xwktest::Click(tree, x, y);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("beta") + "/"; }));
+    EXPECT_EQ(Part(desk).item_count, 1);
+    // A double click on a file is the default action.
+    XtAddCallback(desk, XmNdefaultActionCallback, Remember, nullptr);
+    XmFileSelectionDeskShowDirectory(desk, dir_.c_str());
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/" && Part(desk).item_count == kAll; }));
+    xwktest::Settle();
+    view = Part(desk).file_view;
+    ASSERT_TRUE(PointOf(desk, view, "notes.txt", &x, &y));
+    records.clear();
+    xwktest::Click(view, x, y);
+    xwktest::Click(view, x, y);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+    EXPECT_EQ(records.back().reason, XmCR_DEFAULT_ACTION);
+    EXPECT_EQ(records.back().path, P("notes.txt"));
+}
+
+TEST_F(Desk, TreeOnlyDesk)
+{
+    Arg arg;
+    XtSetArg(arg, XmNuseFileDesk, False);
+    Widget desk = MakeDeskWithoutView(arg);
+    Widget view = nullptr, ok = nullptr, tree = nullptr;
+    XtVaGetValues(desk, XmNfileDesk, &view, XmNokButton, &ok, XmNdirectoryTree, &tree, nullptr);
+    EXPECT_EQ(view, nullptr);
+    EXPECT_EQ(ok, nullptr);
+    ASSERT_EQ(tree, Part(desk).dir_tree);
+    // The directory's node was read and opened, without a view.
+    ASSERT_NE(Part(desk).current_dir, nullptr);
+    EXPECT_EQ(Shown(desk), dir_ + "/");
+    auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
+    EXPECT_EQ(XmPrjTreeGetItemsCount(tree, node), 4);
+}
+
+TEST_F(Desk, DialogButtonsAndSelection)
+{
+    Arg args[6];
+    Cardinal n = 0;
+    XtSetArg(args[n], XmNwidth, 700), n++;
+    XtSetArg(args[n], XmNheight, 500), n++;
+    XtSetArg(args[n], XmNstyle, XmFILE_SELECTION_USE_ACTION_AREA), n++;
+    XtSetArg(args[n], XmNfilterAppearance, XmAPPEARANCE_ABOVE_FILE_DESK), n++;
+    XtSetArg(args[n], XmNselectionAppearance, XmAPPEARANCE_UNDER_DESK), n++;
+    XtSetArg(args[n], XmNdirectory, dir_.c_str()), n++;
+    Widget desk = XmCreateFileSelectionDeskDialog(xwktest::StartApp(), (String) "fsd", args, n);
+    shells_.push_back(XtParent(desk));
+    XtAddCallback(desk, XmNokCallback, Remember, nullptr);
+    XtAddCallback(desk, XmNcancelCallback, Remember, nullptr);
+    XtManageChild(desk);
+    ASSERT_TRUE(xwktest::WaitViewable(desk));
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == kAll; }));
+    xwktest::Settle();
+    // Title, buttons and rows exist; their synthetic resources read them.
+    Widget ok = nullptr, title = nullptr, text = nullptr, filter = nullptr;
+    XtVaGetValues(desk, XmNokButton, &ok, XmNtitle, &title, XmNselectionText, &text,
+                  XmNfilterText, &filter, nullptr);
+    ASSERT_TRUE(ok && title && text && filter);
+    char *label = nullptr;
+    XtVaGetValues(desk, XmNokButtonLabelString, &label, nullptr);
+    EXPECT_STREQ(label, "OK");
+    XtFree(label);
+    XmString shown = nullptr;
+    XtVaGetValues(title, XmNlabelString, &shown, nullptr);
+    char *title_text = (char *)XmStringUnparse(shown, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL);
+    EXPECT_EQ(std::string(title_text), dir_ + "/   (10) Nodes");
+    XtFree(title_text);
+    XmStringFree(shown);
+    // A name typed in the selection field, then OK.
+    XmTextSetString(text, (char *)"  my file.c ");
+    char *selection = nullptr;
+    XtVaGetValues(desk, XmNselectionTextString, &selection, nullptr);
+    EXPECT_STREQ(selection, "myfile.c");
+    XtFree(selection);
+    XmTextSetString(text, (char *)"typed.c");
+    xwktest::ClickCenter(ok);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+    EXPECT_EQ(records.back().reason, XmCR_OK);
+    EXPECT_EQ(records.back().path, P("typed.c"));
+    EXPECT_EQ(records.back().directory, dir_ + "/");
+    // The filter field takes a pattern of the user's.
+    XmTextSetString(filter, (char *)"*.h");
+    XtVaSetValues(filter, XmNeditable, True, nullptr);
+    Widget filter_button = nullptr;
+    XtVaGetValues(desk, XmNfilterButton, &filter_button, nullptr);
+    xwktest::ClickCenter(filter_button);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 6; }));
+    // Info switches between the detail table and the icons.
+    Widget info = nullptr;
+    XtVaGetValues(desk, XmNinfoButton, &info, nullptr);
+    xwktest::ClickCenter(info);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return XmFileSelectionDeskGetRepresentation(desk) == XmREPRESENTATION_DETAIL; }));
+    EXPECT_EQ(Part(desk).file_view, Part(desk).file_list);
+    xwktest::ClickCenter(info);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return XmFileSelectionDeskGetRepresentation(desk) == XmREPRESENTATION_LARGE_ICONS; }));
+    // A dialog brought up again reads a directory that changed meanwhile.
+    XtUnmanageChild(desk);
+    Touch("more.h", 0644);
+    struct timeval later[2] = {{time(nullptr) + 10, 0}, {time(nullptr) + 10, 0}};
+    ASSERT_EQ(utimes(dir_.c_str(), later), 0);
+    XtManageChild(desk);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 7; }));
+    // The window manager's close is Cancel.
+    records.clear();
+    xwktest::SendDeleteWindow(XtParent(desk));
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+    EXPECT_EQ(records.back().reason, XmCR_CANCEL);
+    // What lies under a point of the desk.
+    Widget view = Part(desk).file_view;
+    int x = 0, y = 0;
+    ASSERT_TRUE(PointOf(desk, view, "z.h", &x, &y)) << view->core.width << "x" << view->core.height << " " << XtName(view);
+    Position dx = 0, dy = 0;
+    XtTranslateCoords(view, 0, 0, &dx, &dy);
+    Position ox = 0, oy = 0;
+    XtTranslateCoords(desk, 0, 0, &ox, &oy);
+    Widget hit = nullptr;
+    char *path = XmFileSelectionDeskGetItemByXY(desk, dx - ox + x, dy - oy + y, True, &hit);
+    EXPECT_EQ(hit, view);
+    EXPECT_STREQ(path, P("z.h").c_str());
+    XtFree(path);
+    EXPECT_TRUE(XmFileSelectionDeskUnhighlight(view));
+}
+
+}  // namespace
