@@ -9,6 +9,7 @@
 #include <Xm/Xm.h>
 #include <X11/StringDefs.h>
 
+#include <stdio.h>
 #include <string.h>
 
 #include <functional>
@@ -23,17 +24,43 @@ struct Step {
     std::function<bool()> ready;      // the box is there for the action
     std::function<void()> action;     // the user's input
     bool done = false;
+    // Input through a window manager's frame can miss while the manager is
+    // still settling the frame; when set, the action is repeated if the box
+    // still stands this long after it.
+    int retry_ms = 0;
+    int attempts = 0;
+    XtIntervalId timer = 0;
+    ~Step()
+    {
+        if (timer)
+            XtRemoveTimeOut(timer);
+    }
 };
 
 inline void tick(XtPointer data, XtIntervalId *)
 {
     Step *step = (Step *)data;
+    step->timer = 0;
     if (step->ready()) {
+        if (step->attempts > 0)
+            fprintf(stderr, "boxdriver: the box still stands, acting again\n");
         step->action();
         step->done = true;
+        if (step->retry_ms > 0 && ++step->attempts < 5)
+            step->timer = XtAppAddTimeOut(xwkApp, step->retry_ms, tick, step);
         return;
     }
-    XtAppAddTimeOut(xwkApp, 10, tick, step);
+    if (!step->done)
+        step->timer = XtAppAddTimeOut(xwkApp, 10, tick, step);
+}
+
+inline void start(Step *step)
+{
+    if (step->timer)
+        XtRemoveTimeOut(step->timer);
+    step->done = false;
+    step->attempts = 0;
+    step->timer = XtAppAddTimeOut(xwkApp, 10, tick, step);
 }
 
 inline bool box_up()
@@ -50,8 +77,7 @@ inline void when_up(Step *step, std::function<void()> action)
 {
     step->ready = box_up;
     step->action = std::move(action);
-    step->done = false;
-    XtAppAddTimeOut(xwkApp, 10, tick, step);
+    start(step);
 }
 
 // The n-th (from 1) button of the present box's action row.

@@ -133,6 +133,7 @@ TEST_F(UnderManager, KeyboardCloseOfAFocusedDeskPressesCancel)
 TEST_F(UnderManager, MessageBoxAndPromptCloseByTheManager)
 {
     boxdriver::Step step;
+    step.retry_ms = 2000;
     boxdriver::when_up(&step, [] { xwktest::CloseFromFrame(XtParent(xwkConditWidget)); });
     EXPECT_EQ(XwkShowStdDialog(nullptr, "Close me", "Closed by the ^bmanager^b?", 4), 0);
     EXPECT_TRUE(step.done);
@@ -145,8 +146,7 @@ TEST_F(UnderManager, MessageBoxAndPromptCloseByTheManager)
         return xwktest::FrameOf(shell) != XtWindow(shell);
     };
     step.action = [] { xwktest::CloseFromFrame(XwkGetShell(xwkParentWidget)); };
-    step.done = false;
-    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &step);
+    boxdriver::start(&step);
     char buffer[32] = "kept";
     EXPECT_EQ(inputa(nullptr, "Name", "Name:", buffer, sizeof buffer), 0);
     EXPECT_TRUE(step.done);

@@ -165,7 +165,7 @@ TEST_F(MessageBox, ShortTextAndButtonsStandCentred)
             return top > 0 && left > 0;
         };
         grown.action = [] { click(1); };
-        XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &grown);
+        boxdriver::start(&grown);
     });
     condit(nullptr, "Centred", 4, "One short line", nullptr, 0, 1, 2);
     EXPECT_EQ(top, expected_top);
@@ -541,7 +541,7 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
         static Step next;
         next.ready = [toggle] { return XmToggleButtonGetState(toggle) == True; };
         next.action = [] { click(1); };
-        XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &next);
+        boxdriver::start(&next);
     });
     EXPECT_TRUE(XwkShowDialogWithToggle(nullptr, nullptr, "Note this", nullptr, &flag,
                                         XWK_DIALOG_INFORMATION));
@@ -566,7 +566,7 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
     static Step away;
     away.ready = [] { return boxdriver::box_up(); };
     away.action = [] { del_condit(); };
-    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &away);
+    boxdriver::start(&away);
     int nested = -5;
     std::string text;
     step.ready = [] { return away.done && boxdriver::box_up(); };
@@ -577,7 +577,7 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
         text = box_text();
         click(1);
     };
-    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &step);
+    boxdriver::start(&step);
     EXPECT_TRUE(XwkShowDialogWithToggle(nullptr, nullptr, "Second", nullptr, &flag,
                                         XWK_DIALOG_INFORMATION));
     EXPECT_TRUE(away.done) << "the standing box went first";

@@ -43,7 +43,7 @@ void when_prompt_up(Step *step, std::function<void()> action)
     step->ready = prompt_up;
     step->action = std::move(action);
     step->done = false;
-    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, step);
+    boxdriver::start(step);
 }
 
 // Then, once cond holds (the typing has been handled), the next action.
@@ -52,7 +52,7 @@ void then(Step *step, std::function<bool()> cond, std::function<void()> action)
     step->ready = std::move(cond);
     step->action = std::move(action);
     step->done = false;
-    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, step);
+    boxdriver::start(step);
 }
 
 Widget action_button(int n)

@@ -35,7 +35,7 @@ void when_up(Step *step, std::function<void(Widget)> action)
     step->ready = [] { return list_up() != nullptr; };
     step->action = [action] { action(list_up()); };
     step->done = false;
-    XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, step);
+    boxdriver::start(step);
 }
 
 void click_row(Widget tree, int row, unsigned clicks = 1)
@@ -100,7 +100,7 @@ TEST_F(SelectDialogs, ListWithSelectAllButtonAndCountInTitle)
             return title_after == "Kinds (1 selected)" || ++start > 300;
         };
         next.action = [] { xwktest::ClickCenter(ok_button()); };
-        XtAppAddTimeOut(xwkApp, 10, boxdriver::tick, &next);
+        boxdriver::start(&next);
     });
     XtPointer *list = (XtPointer *)fruit;
     int count = 3;
