@@ -173,6 +173,8 @@ typedef struct _XmPrjTreeItemExtRec {
         *closedIcon,            /**< closed state icon, with "slam_per_row" */
         *fruitlessIcon;         /**< leaf state icon, with "slam_per_row" */
     XwkList *cells;             /**< cell records, one per column, in a table */
+    XmPrjTreeCellRec *cellBlock; /**< the same cells as one block in column order, for lookup by number */
+    int cellCount;              /**< the number of cells in \c cellBlock */
     XmPrjTreeDeleteProc deleteProc; /**< the row's delete procedure, or NULL */
     XtPointer deleteData;       /**< the data of \c deleteProc */
     unsigned int foreground,    /**< label colour, when `colours` is XmTREE_COLOURS_OWN */

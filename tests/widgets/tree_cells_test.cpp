@@ -78,7 +78,7 @@ struct Sheet {
     }
     void ClickCell(XmPrjTreeNode node, int column)
     {
-        XRectangle r;
+        XRectangle r = {0, 0, 0, 0};
         int row = XmPrjTreeGetNodeNumber(tree, node) - 1;
         for (XwkListNode *e = Part(tree).columns->first; e; e = e->next) {
             auto *c = (XmPrjTreeColumnRec *)e->data;

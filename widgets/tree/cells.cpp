@@ -149,10 +149,12 @@ XmPrjTreeCellRec *CellOf(XwkTreeNode *node, int column)
 {
     XmPrjTreeItem item = Item(node);
     XmPrjTreeItemExtRec *ext = item ? ExtOf(item) : nullptr;
-    if (!ext || !ext->cells || column < 1 || !ext->cells->first)
+    if (!ext || !ext->cells || column < 1)
         return nullptr;
-    if (column <= ext->cells->count) {
-        XmPrjTreeCellRec *cell = &CellBlock((XmPrjTreeCellRec *)ext->cells->first->data)[column - 1];
+    // The block avoids a walk through the list: sorting a large table by
+    // an application's comparison looks cells up millions of times.
+    if (ext->cellBlock && column <= ext->cellCount) {
+        XmPrjTreeCellRec *cell = &ext->cellBlock[column - 1];
         if (cell->column == column)
             return cell;
     }
@@ -174,6 +176,8 @@ void ParseCells(Widget w, XwkTreeNode *node, bool first)
         if (ext->cells)
             l_destroy(ext->cells);
         ext->cells = l_create(FreeCell, nullptr);
+        ext->cellBlock = nullptr;
+        ext->cellCount = 0;
         first = true;
     }
     XmPrjTreeItem item = Item(node);
@@ -185,8 +189,11 @@ void ParseCells(Widget w, XwkTreeNode *node, bool first)
     item->height = 0;
     XwkListNode *next = first ? nullptr : ext->cells->first;
     XmPrjTreeCellRec *block = nullptr;
-    if (first)
+    if (first) {
         block = (XmPrjTreeCellRec *)XtCalloc((Cardinal)m.columns->count, sizeof(XmPrjTreeCellRec));
+        ext->cellBlock = block;
+        ext->cellCount = (int)m.columns->count;
+    }
     int p = 1;
     for (XwkListNode *ce = m.columns->first; ce; ce = ce->next, p++) {
         const char *end = ce->next && m.delimeter ? strchr(s, m.delimeter) : nullptr;

@@ -169,6 +169,7 @@ void FreeItem(XmPrjTreeItem item)
         XtFree(ext->label);
         if (ext->cells)
             l_destroy(ext->cells);
+        ext->cellBlock = nullptr;
         XtFree((char *)ext);
     }
     XtFree((char *)item);
