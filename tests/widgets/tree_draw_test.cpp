@@ -560,6 +560,67 @@ TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
     XtDestroyWidget(probe);
 }
 
+// Every row shows its item icon, the current row and the others, with a
+// mask (composed over the background) and without, with columns and
+// without, in core and in Xft fonts: text drawn into a cell must not leave
+// its clip on the icon's way.
+TEST(TreePaint, ItemIconOnEveryRow)
+{
+    struct Case {
+        unsigned char mode;
+        bool xft;
+        const char **data;
+        Pixel colour;
+    } cases[] = {
+        {XmSIMPLE_LIST, false, square, 0x0000FF},
+        {XmSIMPLE_LIST, true, solid9, 0xFF0000},
+        {XmTABLE_LIST, false, solid9, 0xFF0000},
+        {XmTABLE_LIST, true, square, 0x0000FF},
+        {XmTABLE_LIST, true, solid9, 0xFF0000},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(testing::Message() << "mode " << int(c.mode) << (c.xft ? ", Xft" : "")
+                                        << ", icon " << c.data[0]);
+        Widget app = xwktest::StartApp();
+        XmRenderTable fonts = nullptr;
+        if (c.xft) {
+            Arg args[3];
+            XtSetArg(args[0], XmNfontType, XmFONT_IS_XFT);
+            XtSetArg(args[1], XmNfontName, "DejaVu Sans");
+            XtSetArg(args[2], XmNfontSize, 10);
+            XmRendition r = XmRenditionCreate(app, (XmStringTag)XmFONTLIST_DEFAULT_TAG, args, 3);
+            fonts = XmRenderTableAddRenditions(nullptr, &r, 1, XmMERGE_REPLACE);
+            XmRenditionFree(r);
+        }
+        Widget shell = XtVaCreatePopupShell("icons", topLevelShellWidgetClass, app, XmNwidth, 300,
+                                            XmNheight, 200, NULL);
+        Widget tree = XtVaCreateWidget("list", xmPrjTreeWidgetClass, shell, XmNvisualMode, c.mode,
+                                       XmNnumColumns, 2, XmNdelimeter, '|', XmNtitleString,
+                                       "Name|Size", fonts ? XmNfontList : NULL, fonts, NULL);
+        XwkIcon *icon = XwkIconCreateFromData(tree, (char **)c.data);
+        ASSERT_NE(icon, nullptr);
+        for (const char *row : {"one|1", "two|22", "three|333"})
+            XmPrjTreeAddItem(tree, nullptr, row, icon, nullptr, XmSLAM_UNDEFINED, nullptr,
+                             nullptr, nullptr);
+        XtManageChild(tree);
+        XtPopup(shell, XtGrabNone);
+        ASSERT_TRUE(xwktest::WaitViewable(tree));
+        XmPrjTreeSetNode(tree, XmPrjTreeGetItemByPositionFromParent(tree, nullptr, 2));
+        xwktest::Pump(150);
+        xwktest::Settle();
+        XmPrjTreePart &t = Part(tree);
+        int top = t.treeMarginHeight + ((XmManagerWidget)tree)->manager.shadow_thickness;
+        for (int row = 0; row < 3; row++) {
+            auto span = Span(tree, c.colour, top + row * t.rowHeight, t.rowHeight);
+            EXPECT_EQ(span.second - span.first + 1, (int)icon->attributes.width) << "row " << row;
+        }
+        XtDestroyWidget(shell);
+        XwkIconFree(app, icon);
+        if (fonts)
+            XmRenderTableFree(fonts);
+    }
+}
+
 }  // namespace
 
 namespace {
