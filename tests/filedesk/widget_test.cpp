@@ -217,6 +217,18 @@ TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
     XmPrjTreeNode first = XmPrjTreeGetFirstNode(list);
     ASSERT_NE(first, nullptr);
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(list, first, 1), "..");
+    // Shown again, the list's rows are the entries' items, each item's
+    // handle its row; a directory read in between leaves none of them.
+    for (XmPrjTreeNode n = first; n; n = XmPrjTreeGetNextNode(list, n))
+        EXPECT_EQ(((FsdFileItem *)XmPrjTreeGetClientDataFromNode(n))->handle, n);
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_SMALL_ICONS, nullptr);
+    ASSERT_TRUE(XmFileSelectionDeskShowDirectory(desk, P("alpha").c_str()));
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("alpha") + "/"; }));
+    xwktest::Settle();
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    EXPECT_EQ(ViewCount(desk), 2);  // ".." and inner
+    for (XmPrjTreeNode n = XmPrjTreeGetFirstNode(list); n; n = XmPrjTreeGetNextNode(list, n))
+        EXPECT_EQ(((FsdFileItem *)XmPrjTreeGetClientDataFromNode(n))->dir, Part(desk).current_dir);
 }
 
 TEST_F(Desk, PatternsFilterFiles)
