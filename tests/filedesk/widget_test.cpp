@@ -173,6 +173,14 @@ TEST_F(Desk, ScanFillsViewTitleAndTree)
     // The tree holds the directory's sub-directories.
     auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
     EXPECT_EQ(XmPrjTreeGetItemsCount(Part(desk).dir_tree, node), 4);  // alpha, beta, with space, to_alpha
+    // Scroll bars the tree manages as the desk is realized stand beside it.
+    Widget tree = Part(desk).dir_tree;
+    for (const char *name : {"treeVertScrollBar", "treeHorizScrollBar"}) {
+        Widget bar = XtNameToWidget(XtParent(tree), name);
+        if (bar && XtIsManaged(bar))
+            EXPECT_TRUE(bar->core.x >= tree->core.x + tree->core.width ||
+                        bar->core.y >= tree->core.y + tree->core.height) << name;
+    }
     // The working directory is left at the directory's "..", as documented;
     // absolute paths the application holds keep working.
     EXPECT_EQ(Cwd(), dir_.substr(0, dir_.rfind('/')));
