@@ -582,21 +582,19 @@ TEST(TreePaint, ItemIconOnEveryRow)
         SCOPED_TRACE(testing::Message() << "mode " << int(c.mode) << (c.xft ? ", Xft" : "")
                                         << ", icon " << c.data[0]);
         Widget app = xwktest::StartApp();
-        XmRenderTable fonts = nullptr;
-        if (c.xft) {
-            Arg args[3];
-            XtSetArg(args[0], XmNfontType, XmFONT_IS_XFT);
-            XtSetArg(args[1], XmNfontName, "DejaVu Sans");
-            XtSetArg(args[2], XmNfontSize, 10);
-            XmRendition r = XmRenditionCreate(app, (XmStringTag)XmFONTLIST_DEFAULT_TAG, args, 3);
-            fonts = XmRenderTableAddRenditions(nullptr, &r, 1, XmMERGE_REPLACE);
-            XmRenditionFree(r);
-        }
-        Widget shell = XtVaCreatePopupShell("icons", topLevelShellWidgetClass, app, XmNwidth, 300,
-                                            XmNheight, 200, NULL);
+        // The shell's text render table, which a list without fonts of its
+        // own takes.
+        XrmDatabase db = XtDatabase(XtDisplay(app));
+        for (const char *line : {"*iconsXft.textRenderTable: DEFAULT",
+                                 "*iconsXft.textRenderTable.DEFAULT.fontType: FONT_IS_XFT",
+                                 "*iconsXft.textRenderTable.DEFAULT.fontName: DejaVu Sans",
+                                 "*iconsXft.textRenderTable.DEFAULT.fontSize: 10"})
+            XrmPutLineResource(&db, line);
+        Widget shell = XtVaCreatePopupShell(c.xft ? "iconsXft" : "icons", topLevelShellWidgetClass,
+                                            app, XmNwidth, 300, XmNheight, 200, NULL);
         Widget tree = XtVaCreateWidget("list", xmPrjTreeWidgetClass, shell, XmNvisualMode, c.mode,
                                        XmNnumColumns, 2, XmNdelimeter, '|', XmNtitleString,
-                                       "Name|Size", fonts ? XmNfontList : NULL, fonts, NULL);
+                                       "Name|Size", NULL);
         XwkIcon *icon = XwkIconCreateFromData(tree, (char **)c.data);
         ASSERT_NE(icon, nullptr);
         for (const char *row : {"one|1", "two|22", "three|333"})
@@ -616,8 +614,6 @@ TEST(TreePaint, ItemIconOnEveryRow)
         }
         XtDestroyWidget(shell);
         XwkIconFree(app, icon);
-        if (fonts)
-            XmRenderTableFree(fonts);
     }
 }
 
