@@ -22,6 +22,10 @@ struct FsdState {
     XtWorkProcId restore_work = 0;
     Widget restore_text = nullptr;
     std::string initial_selection;
+    // The hidden detail list still holds a row for every item of the
+    // entries, added with this selectionDeskType.
+    bool list_rows_kept = false;
+    unsigned char list_rows_type = 0;
 };
 
 inline XmFileSelectionDeskPart &FsdPart(Widget w)

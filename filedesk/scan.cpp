@@ -16,8 +16,12 @@
 
 namespace {
 
+// Blocks double up to the largest size, which bounds what the last block
+// leaves unused: a bigger one saves no time and costs bytes per entry.  It
+// stays below malloc's usual threshold for a mapping of its own, which
+// would round it up to whole pages.
 constexpr size_t kFirstBlock = 4096;
-constexpr size_t kLargestBlock = size_t(1) << 20;
+constexpr size_t kLargestBlock = (size_t(128) << 10) - 64;
 // readlink buffer: a longer link text is cut to this less one.
 constexpr size_t kLinkBuffer = 4096;
 

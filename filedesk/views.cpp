@@ -13,9 +13,11 @@
 #include <Xwk/Strings.h>
 #include <Xwk/Text.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -386,11 +388,40 @@ Widget CreateDesk(Widget w)
     return desk;
 }
 
-// Makes the view of the wanted representation the file view, empty.
-// True when the list was just made.
-bool PrepareView(Widget w)
+// A change of representation leaves the detail list its rows when it is
+// hidden: deleting a row per entry costs more than the whole switch may,
+// and a switch back finds them ready.  Any read of entries drops them.
+bool KeepListRows(Widget w, Widget shown)
 {
     auto &p = FsdPart(w);
+    auto &state = FsdStateOf(w);
+    if (!(p.flags & FSD_SCAN_REPRESENT_ONLY))
+        return false;
+    if (shown == p.file_list) {
+        state.list_rows_kept = true;
+        return true;
+    }
+    return state.list_rows_kept;
+}
+
+// The kept rows made ready to be shown as a fresh fill would be: nothing
+// selected and the top row first.
+void ReuseListRows(Widget w)
+{
+    Widget list = FsdPart(w).file_list;
+    XmPrjTreeSetEditable(list, False);
+    XmPrjTreeDeselectAllItems(list);
+    XmPrjTreeSetOrigins(list, 0, 0);
+}
+
+// Makes the view of the wanted representation the file view, empty, or
+// the detail list with its kept rows (*reused).  True when the list was
+// just made.
+bool PrepareView(Widget w, bool *reused)
+{
+    auto &p = FsdPart(w);
+    auto &state = FsdStateOf(w);
+    Widget shown = p.file_view;
     if (p.file_view) {
         DetachView(w, p.file_view);
         SetViewEditable(w, False);
@@ -399,16 +430,22 @@ bool PrepareView(Widget w)
     bool created = false;
     Widget &wanted = want_list ? p.file_list : p.file_desk;
     Widget other = want_list ? p.file_desk : p.file_list;
+    bool keep = KeepListRows(w, shown);
+    *reused = want_list && keep && state.list_rows_type == p.selection_desk_type;
     if (other) {
         HideView(other);
-        ClearView(w, other);
+        if (other != p.file_list || !keep)
+            ClearView(w, other);
     }
-    if (wanted) {
+    if (wanted && *reused) {
+        ReuseListRows(w);
+    } else if (wanted) {
         ClearView(w, wanted);
     } else {
         wanted = want_list ? CreateList(w) : CreateDesk(w);
         created = want_list;
     }
+    state.list_rows_kept = !want_list && keep;
     p.file_view = wanted;
     AttachView(w, wanted);
     FsdRegisterDropSite(w, wanted);
@@ -472,6 +509,34 @@ void AddToView(Widget w, FsdFileItem *item, std::string *text)
     if ((p.selection_desk_type == XmSELECT_ONLY_FILES && item->is_dir && !dot_dot) ||
         (p.selection_desk_type == XmSELECT_ONLY_DIRS && !item->is_dir))
         XmPrjDeskSetSelectable(p.file_view, node, False);
+}
+
+// The items, in the order of the passes, into the file view.  The desk
+// list gets them in its own order, so that its sort finds nothing to do;
+// the kept rows of the detail list only give their handles back.
+void FillView(Widget w, const std::vector<FsdFileItem *> &items, bool reused)
+{
+    auto &p = FsdPart(w);
+    if (reused) {
+        Widget list = p.file_view;
+        for (XmPrjTreeNode n = XmPrjTreeGetFirstNode(list); n; n = XmPrjTreeGetNextNode(list, n))
+            if (auto *item = static_cast<FsdFileItem *>(XmPrjTreeGetClientDataFromNode(n)))
+                item->handle = n;
+        return;
+    }
+    std::string text;
+    if (!FsdIsDeskView(w)) {
+        for (FsdFileItem *item : items)
+            AddToView(w, item, &text);
+        FsdStateOf(w).list_rows_type = p.selection_desk_type;
+        return;
+    }
+    std::vector<FsdFileItem *> ordered(items);
+    std::stable_sort(ordered.begin(), ordered.end(), [](FsdFileItem *a, FsdFileItem *b) {
+        return FsdCompareDeskItems(a, b) < 0;
+    });
+    for (FsdFileItem *item : ordered)
+        AddToView(w, item, &text);
 }
 
 void SetCurrentInView(Widget w, XtPointer handle)
@@ -562,8 +627,9 @@ void FsdScan(Widget w)
     if (represent_only && node->last_item && node->last_item->path)
         noted = node->last_item->path;
     bool list_created = false;
+    bool reused = false;
     if (p.use_file_desk)
-        list_created = PrepareView(w);
+        list_created = PrepareView(w, &reused);
     if (list_created) {
         if (p.full_info_layout && *p.full_info_layout)
             XmPrjTreeSetColumnsLayoutString(p.file_view, p.full_info_layout);
@@ -586,7 +652,6 @@ void FsdScan(Widget w)
     auto tree_item = static_cast<XmPrjTreeNode>(node->tree_item);
     bool had_children = XmPrjTreeFindFirstChild(p.dir_tree, tree_item) != nullptr;
     XtPointer first = nullptr;
-    std::string text;
     if (!represent_only) {
         bool sort_by_name = !p.file_view || FsdIsDeskView(w);
         int shown = FsdScanDirectory(node, p.file_view != nullptr, CurrentRow(w), sort_by_name,
@@ -600,6 +665,7 @@ void FsdScan(Widget w)
     FsdEntry **table = store.Table();
     int count = store.Count();
     std::vector<FsdEntry *> new_dirs;
+    std::vector<FsdFileItem *> items;
     for (int pass = 0; pass < 2; pass++) {
         for (int i = 0; i < count; i++) {
             FsdEntry *entry = table[i];
@@ -610,16 +676,18 @@ void FsdScan(Widget w)
             bool dot_dot = std::strcmp(name, "..") == 0;
             if (is_dir && !dot_dot && !represent_only && !ChildNamed(w, tree_item, name))
                 new_dirs.push_back(entry);
-            FsdFileItem *item = entry->item;
-            if (!p.file_view || !item)
-                continue;
-            AddToView(w, item, &text);
-            if (!first)
-                first = item->handle;
-            if (represent_only && !noted.empty() && noted == item->path) {
-                first = item->handle;
-                node->last_item = item;
-            }
+            if (p.file_view && entry->item)
+                items.push_back(entry->item);
+        }
+    }
+    if (p.file_view)
+        FillView(w, items, reused);
+    for (FsdFileItem *item : items) {
+        if (!first)
+            first = item->handle;
+        if (represent_only && !noted.empty() && noted == item->path) {
+            first = item->handle;
+            node->last_item = item;
         }
     }
     if (!p.file_view && !represent_only)

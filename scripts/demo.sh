@@ -6,6 +6,7 @@ set -eu
 cd "$(dirname "$0")/.."
 dir=$(sh scripts/build.sh)
 if [ -z "${DISPLAY:-}" ] && [ "$#" -eq 0 ]; then
-    set -- --screenshot "$dir/xwk-demo.png"
+    # Absolute: the file selection page moves the working directory.
+    set -- --screenshot "$(pwd)/$dir/xwk-demo.png"
 fi
 exec "$dir/demo/xwk-demo" "$@"

@@ -173,6 +173,14 @@ TEST_F(Desk, ScanFillsViewTitleAndTree)
     // The tree holds the directory's sub-directories.
     auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
     EXPECT_EQ(XmPrjTreeGetItemsCount(Part(desk).dir_tree, node), 4);  // alpha, beta, with space, to_alpha
+    // Scroll bars the tree manages as the desk is realized stand beside it.
+    Widget tree = Part(desk).dir_tree;
+    for (const char *name : {"treeVertScrollBar", "treeHorizScrollBar"}) {
+        Widget bar = XtNameToWidget(XtParent(tree), name);
+        if (bar && XtIsManaged(bar))
+            EXPECT_TRUE(bar->core.x >= tree->core.x + tree->core.width ||
+                        bar->core.y >= tree->core.y + tree->core.height) << name;
+    }
     // The working directory is left at the directory's "..", as documented;
     // absolute paths the application holds keep working.
     EXPECT_EQ(Cwd(), dir_.substr(0, dir_.rfind('/')));
@@ -217,6 +225,18 @@ TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
     XmPrjTreeNode first = XmPrjTreeGetFirstNode(list);
     ASSERT_NE(first, nullptr);
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(list, first, 1), "..");
+    // Shown again, the list's rows are the entries' items, each item's
+    // handle its row; a directory read in between leaves none of them.
+    for (XmPrjTreeNode n = first; n; n = XmPrjTreeGetNextNode(list, n))
+        EXPECT_EQ(((FsdFileItem *)XmPrjTreeGetClientDataFromNode(n))->handle, n);
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_SMALL_ICONS, nullptr);
+    ASSERT_TRUE(XmFileSelectionDeskShowDirectory(desk, P("alpha").c_str()));
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("alpha") + "/"; }));
+    xwktest::Settle();
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    EXPECT_EQ(ViewCount(desk), 2);  // ".." and inner
+    for (XmPrjTreeNode n = XmPrjTreeGetFirstNode(list); n; n = XmPrjTreeGetNextNode(list, n))
+        EXPECT_EQ(((FsdFileItem *)XmPrjTreeGetClientDataFromNode(n))->dir, Part(desk).current_dir);
 }
 
 TEST_F(Desk, PatternsFilterFiles)

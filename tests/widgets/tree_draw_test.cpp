@@ -560,6 +560,63 @@ TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
     XtDestroyWidget(probe);
 }
 
+// Every row shows its item icon, the current row and the others, with a
+// mask (composed over the background) and without, with columns and
+// without, in core and in Xft fonts: text drawn into a cell must not leave
+// its clip on the icon's way.
+TEST(TreePaint, ItemIconOnEveryRow)
+{
+    struct Case {
+        unsigned char mode;
+        bool xft;
+        const char **data;
+        Pixel colour;
+    } cases[] = {
+        {XmSIMPLE_LIST, false, square, 0x0000FF},
+        {XmSIMPLE_LIST, true, solid9, 0xFF0000},
+        {XmTABLE_LIST, false, solid9, 0xFF0000},
+        {XmTABLE_LIST, true, square, 0x0000FF},
+        {XmTABLE_LIST, true, solid9, 0xFF0000},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(testing::Message() << "mode " << int(c.mode) << (c.xft ? ", Xft" : "")
+                                        << ", icon " << c.data[0]);
+        Widget app = xwktest::StartApp();
+        // The shell's text render table, which a list without fonts of its
+        // own takes.
+        XrmDatabase db = XtDatabase(XtDisplay(app));
+        for (const char *line : {"*iconsXft.textRenderTable: DEFAULT",
+                                 "*iconsXft.textRenderTable.DEFAULT.fontType: FONT_IS_XFT",
+                                 "*iconsXft.textRenderTable.DEFAULT.fontName: DejaVu Sans",
+                                 "*iconsXft.textRenderTable.DEFAULT.fontSize: 10"})
+            XrmPutLineResource(&db, line);
+        Widget shell = XtVaCreatePopupShell(c.xft ? "iconsXft" : "icons", topLevelShellWidgetClass,
+                                            app, XmNwidth, 300, XmNheight, 200, NULL);
+        Widget tree = XtVaCreateWidget("list", xmPrjTreeWidgetClass, shell, XmNvisualMode, c.mode,
+                                       XmNnumColumns, 2, XmNdelimeter, '|', XmNtitleString,
+                                       "Name|Size", NULL);
+        XwkIcon *icon = XwkIconCreateFromData(tree, (char **)c.data);
+        ASSERT_NE(icon, nullptr);
+        for (const char *row : {"one|1", "two|22", "three|333"})
+            XmPrjTreeAddItem(tree, nullptr, row, icon, nullptr, XmSLAM_UNDEFINED, nullptr,
+                             nullptr, nullptr);
+        XtManageChild(tree);
+        XtPopup(shell, XtGrabNone);
+        ASSERT_TRUE(xwktest::WaitViewable(tree));
+        XmPrjTreeSetNode(tree, XmPrjTreeGetItemByPositionFromParent(tree, nullptr, 2));
+        xwktest::Pump(150);
+        xwktest::Settle();
+        XmPrjTreePart &t = Part(tree);
+        int top = t.treeMarginHeight + ((XmManagerWidget)tree)->manager.shadow_thickness;
+        for (int row = 0; row < 3; row++) {
+            auto span = Span(tree, c.colour, top + row * t.rowHeight, t.rowHeight);
+            EXPECT_EQ(span.second - span.first + 1, (int)icon->attributes.width) << "row " << row;
+        }
+        XtDestroyWidget(shell);
+        XwkIconFree(app, icon);
+    }
+}
+
 }  // namespace
 
 namespace {

@@ -2,6 +2,7 @@
 // extents, sorting, and the lists and lookups of the public interface.
 #include "widgets/desk/desk.h"
 #include "widgets/tree/tree.h"
+#include "frame/sort_private.h"
 
 #include <Xm/XmP.h>
 
@@ -297,7 +298,7 @@ void Sort(Widget w)
     for (XwkListNode *n = m.items->first; n; n = n->next)
         nodes.push_back(n);
     nodes.push_back(nullptr);
-    qsort(nodes.data(), count, sizeof(XwkListNode *), m.sortProc);
+    xwk::QsortUnlessOrdered(nodes.data(), count, sizeof(XwkListNode *), m.sortProc);
     for (int i = 0; i < count; i++) {
         nodes[i]->index = i;
         nodes[i]->prev = i ? nodes[i - 1] : nullptr;

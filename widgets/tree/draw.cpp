@@ -48,6 +48,20 @@ XRectangle Intersect(XRectangle a, int x, int y, int w, int h)
     return r;
 }
 
+// The inner area less the highlight and hPad at either side: where text,
+// icons and the trunk may go.
+XRectangle TextArea(Widget view, int x, int y, int w, int h)
+{
+    XRectangle text = Intersect(InnerArea(view), x, y, w, h);
+    int narrow = P(view).highlightThickness + M(view).hPad;
+    XRectangle base = InnerArea(view);
+    int left = std::max((int)text.x, base.x + narrow);
+    int right = std::min(text.x + (int)text.width, base.x + (int)base.width - narrow);
+    text.x = (short)left;
+    text.width = (unsigned short)std::max(0, right - left);
+    return text;
+}
+
 void SetClips(Widget view, int x, int y, int w, int h)
 {
     XmPrjTreePart &v = P(view);
@@ -58,13 +72,7 @@ void SetClips(Widget view, int x, int y, int w, int h)
                                            (unsigned short)std::max(0, (int)view->core.height - 2 * shadow)},
                                 x, y, w, h);
     XRectangle inner = Intersect(InnerArea(view), x, y, w, h);
-    XRectangle text = inner;
-    int narrow = v.highlightThickness + M(view).hPad;
-    XRectangle base = InnerArea(view);
-    int left = std::max((int)text.x, base.x + narrow);
-    int right = std::min(text.x + (int)text.width, base.x + (int)base.width - narrow);
-    text.x = (short)left;
-    text.width = (unsigned short)std::max(0, right - left);
+    XRectangle text = TextArea(view, x, y, w, h);
     if (v.gridGC)
         XSetClipRectangles(dpy, v.gridGC, 0, 0, &grid, 1, YXBanded);
     for (GC gc : {v.eraseGC, v.highlightGC, v.activeBackgroundGC, v.inactiveBackgroundGC})
@@ -254,8 +262,15 @@ void PaintRow(Widget view, XwkTreeNode *node)
     else
         text = v.hasFocus ? v.activeTextGC : v.inactiveTextGC;
     XmString s = table ? nullptr : RowString(view, node);
-    if (table)
+    if (table) {
         PaintCells(view, node, y, text);
+        // Text in an Xft font leaves its cell's clip on the GC, which the
+        // icon and the trunk below are drawn through.
+        XRectangle area = (v.flags & XmTREE_IN_EXPOSE)
+                              ? TextArea(view, m.redraw.x, m.redraw.y, m.redraw.width, m.redraw.height)
+                              : TextArea(view, 0, 0, view->core.width, view->core.height);
+        XSetClipRectangles(dpy, text, 0, 0, &area, 1, YXBanded);
+    }
     if (s) {
         Pixel fg = ((XmManagerWidget)view)->manager.foreground;
         Pixel own = ForegroundOf(view, item);

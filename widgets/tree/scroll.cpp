@@ -222,6 +222,11 @@ void ConfigureScrollBars(Widget view)
         hm ? XtManageChild(v.hScrollBar) : XtUnmanageChild(v.hScrollBar);
     if (changed && (sw->core.width != sw_width || sw->core.height != sw_height))
         XtResizeWidget(sw, sw_width, sw_height, sw->core.border_width);
+    // Xt lets an unrealized window lay out its managed children once, as the
+    // hierarchy is realized: bars managed after that, from a realize
+    // procedure, would stay where they were made, over the rows.
+    if (changed && !XtIsRealized(sw) && XtIsManaged(sw))
+        (*XtClass(sw)->core_class.resize)(sw);
     CountVisibleRows(view);
     v.topRow = std::max(0, std::min(v.topRow, count - v.visibleRows));
     SetSlider(view);

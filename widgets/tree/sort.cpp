@@ -1,6 +1,7 @@
 // Reordering siblings: sorting, arranging by an order, swapping two rows.
 // Sibling sets are sorted each by itself; the tree is never flattened.
 #include "widgets/tree/tree.h"
+#include "frame/sort_private.h"
 
 #include <Xm/XmP.h>
 
@@ -116,8 +117,8 @@ void SortSet(Widget w, XwkTreeNode *parent)
     for (XwkTreeNode *c = parent->first_child; c && i < n; c = c->next_sibling)
         children[i++] = c;
     if (m.sortProc != XmPrjTreeDefaultSortProc || !SortByKeys(&children[0], n))
-        qsort(&children[0], n, sizeof(XwkTreeNode *),
-              (int (*)(const void *, const void *))m.sortProc);
+        xwk::QsortUnlessOrdered(&children[0], n, sizeof(XwkTreeNode *),
+                                (int (*)(const void *, const void *))m.sortProc);
     Relink(parent, &children[0], n);
 }
 
