@@ -350,10 +350,14 @@ Widget CreateList(Widget w)
     XtSetArg(args[n], XmNuseSort, 1), n++;
     XtSetArg(args[n], XmNsortColumn, p.sort_column), n++;
     XtSetArg(args[n], XmNsortDirection, p.sort_direction), n++;
-    Widget list = XmCreateScrolledTreeList(p.right_sw_form, (String) "fsdFileList", args, n);
-    XtVaSetValues(XtParent(list), XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment,
-                  XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment,
-                  XmATTACH_FORM, XmNshadowThickness, 0, XmNspacing, 0, nullptr);
+    // Both views sit in a scrolled window of the one name "fsdFileDeskSW".
+    Widget sw = XtVaCreateManagedWidget(
+        "fsdFileDeskSW", xmScrolledWindowWidgetClass, p.right_sw_form, XmNscrollingPolicy,
+        XmAPPLICATION_DEFINED, XmNvisualPolicy, XmVARIABLE, XmNscrollBarDisplayPolicy, XmSTATIC,
+        XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment,
+        XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNshadowThickness, 0, XmNspacing, 0,
+        nullptr);
+    Widget list = XtCreateWidget("fsdFileList", xmPrjTreeWidgetClass, sw, args, n);
     XtOverrideTranslations(list, _XmFileSDPanelsTranslts);
     XmPrjTreeSetColumnType(list, 4, XmCELL_LABEL, 2);
     // Widths that show a typical name, owner, size and date whole; a
@@ -593,7 +597,7 @@ void FsdScan(Widget w)
                                      p.file_view ? AcceptFile : nullptr, w, &store);
         p.entries = store.Table();
         p.entry_count = store.Count();
-        node->file_count = p.file_view ? shown : 0;
+        node->file_count = shown;
     }
     // The tree learns of new sub-directories; the view gets the items,
     // directories first.
@@ -622,8 +626,6 @@ void FsdScan(Widget w)
             }
         }
     }
-    if (!p.file_view && !represent_only)
-        node->file_count = 0;
     for (FsdEntry *entry : new_dirs) {
         std::string level = node->path;
         if (level.size() > 1)

@@ -48,6 +48,24 @@ std::string Cwd()
     return getcwd(buf, sizeof buf) ? buf : "";
 }
 
+std::vector<std::string> warnings;
+void CollectWarning(String message) { warnings.push_back(message ? message : ""); }
+
+// Makes every built-in icon but "DeskExec".
+XtPointer IconsButExec(Widget desk, char **data, XtPointer, const char *name)
+{
+    return std::strcmp(name, "DeskExec") == 0 ? nullptr : XwkIconCreateFromData(desk, data);
+}
+
+int ChildIndex(Widget parent, Widget child)
+{
+    CompositeWidget cw = (CompositeWidget)parent;
+    for (Cardinal i = 0; i < cw->composite.num_children; i++)
+        if (cw->composite.children[i] == child)
+            return int(i);
+    return -1;
+}
+
 class Desk : public ::testing::Test {
 protected:
     static void SetUpTestSuite() { xwktest::StartApp("XwkFsdTest"); }
@@ -182,6 +200,55 @@ TEST_F(Desk, ScanFillsViewTitleAndTree)
     EXPECT_EQ(records.back().path, dir_ + "/");
 }
 
+TEST_F(Desk, ResourceClassesColoursAndFallbacks)
+{
+    XtResourceList list = nullptr;
+    Cardinal count = 0;
+    XtGetResourceList(xmFileSelectionDeskWidgetClass, &list, &count);
+    struct Case {
+        const char *name, *cls;
+    } cases[] = {{"okCallback", "OkCallback"},
+                 {"transferDoneCallback", "TransferDoneCallback"},
+                 {"deskDirIcon", "DeskDirIcon"},
+                 {"treeRegularIcon", "TreeRegularIcon"},
+                 {"activeBackground", "Background"},
+                 {"fullInfoLayoutString", "LayoutString"}};
+    for (const Case &c : cases) {
+        const char *cls = nullptr;
+        for (Cardinal i = 0; i < count; i++)
+            if (std::strcmp(list[i].resource_name, c.name) == 0)
+                cls = list[i].resource_class;
+        EXPECT_STREQ(cls, c.cls) << c.name;
+    }
+    XtFree((char *)list);
+    // A failed icon warns through the widget; an invalid representation is 0.
+    XtAppContext app = XtWidgetToApplicationContext(xwktest::StartApp());
+    XtErrorHandler old = XtAppSetWarningHandler(app, CollectWarning);
+    warnings.clear();
+    Arg args[2];
+    XtSetArg(args[0], XmNcreateIconProc, IconsButExec);
+    XtSetArg(args[1], XmNrepresentation, 9);
+    Widget desk = MakeDesk({args[0], args[1]});
+    XtAppSetWarningHandler(app, old);
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_NE(warnings[0].find("Can't create DeskExec icon."), std::string::npos);
+    EXPECT_NE(warnings[0].find("XmFileSelectionDesk"), std::string::npos) << warnings[0];
+    EXPECT_EQ(XmFileSelectionDeskGetRepresentation(desk), XmREPRESENTATION_NAME_ONLY);
+    // Foreground and background go to the views.
+    Pixel red = xwktest::PixelOf(xwktest::StartApp(), XmNbackground) ^ 0xff0000;
+    XtVaSetValues(desk, XmNforeground, red, nullptr);
+    EXPECT_EQ(xwktest::PixelOf(Part(desk).dir_tree, XmNforeground), red);
+    EXPECT_EQ(xwktest::PixelOf(Part(desk).file_view, XmNforeground), red);
+    // The form of the file view takes the background of the tree's window.
+    XrmDatabase db = XtDatabase(XtDisplay(desk));
+    XrmPutStringResource(&db, "fsdtint*fsdDirTreeSW.background", "#00ff00");
+    Widget shell = XtVaAppCreateShell("fsdtint", "Fsd", topLevelShellWidgetClass, XtDisplay(desk), nullptr);
+    shells_.push_back(shell);
+    Widget tinted = XmCreateFileSelectionDesk(shell, (String) "desk", nullptr, 0);
+    EXPECT_NE(Part(tinted).dir_tree_sw->core.background_pixel, Part(tinted).left_form->core.background_pixel);
+    EXPECT_EQ(Part(tinted).right_sw_form->core.background_pixel, Part(tinted).dir_tree_sw->core.background_pixel);
+}
+
 TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
 {
     Widget desk = MakeDesk({});
@@ -206,6 +273,7 @@ TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
         Widget view = Part(desk).file_view;
         EXPECT_EQ(XtIsSubclass(view, xmPrjDeskWidgetClass), c.desk_list);
         EXPECT_TRUE(XtIsManaged(XtParent(view)));
+        EXPECT_STREQ(XtName(XtParent(view)), "fsdFileDeskSW");
         EXPECT_EQ(ViewCount(desk), kAll);
         FsdEntry **now = nullptr;
         XtVaGetValues(desk, XmNitems, &now, nullptr);
@@ -314,6 +382,14 @@ TEST_F(Desk, NavigateByKeysAndClicks)
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
     EXPECT_EQ(records.back().reason, XmCR_DEFAULT_ACTION);
     EXPECT_EQ(records.back().path, P("notes.txt"));
+    // Tab takes the focus to the tree: the focus callback names its directory.
+    XtAddCallback(desk, XmNfocusCallback, Remember, nullptr);
+    records.clear();
+    xwktest::PressKey(dpy, XK_Tab);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+    EXPECT_EQ(records.back().reason, XmCR_FOCUS);
+    EXPECT_EQ(records.back().path, dir_ + "/");
+    EXPECT_EQ(records.back().name, dir_.substr(dir_.rfind('/') + 1));
 }
 
 TEST_F(Desk, TreeOnlyDesk)
@@ -331,6 +407,11 @@ TEST_F(Desk, TreeOnlyDesk)
     EXPECT_EQ(Shown(desk), dir_ + "/");
     auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
     EXPECT_EQ(XmPrjTreeGetItemsCount(tree, node), 4);
+    // A scan without a view counts the sub-directories it shows.
+    XmFileSelectionDeskUpdate(desk, 1);
+    int count = -1;
+    XtVaGetValues(desk, XmNitemCount, &count, nullptr);
+    EXPECT_EQ(count, 4);
 }
 
 TEST_F(Desk, DialogButtonsAndSelection)
@@ -347,6 +428,7 @@ TEST_F(Desk, DialogButtonsAndSelection)
     shells_.push_back(XtParent(desk));
     XtAddCallback(desk, XmNokCallback, Remember, nullptr);
     XtAddCallback(desk, XmNcancelCallback, Remember, nullptr);
+    XtAddCallback(desk, XmNhelpCallback, Remember, nullptr);
     XtManageChild(desk);
     ASSERT_TRUE(xwktest::WaitViewable(desk));
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == kAll; }));
@@ -360,6 +442,22 @@ TEST_F(Desk, DialogButtonsAndSelection)
     XtVaGetValues(desk, XmNokButtonLabelString, &label, nullptr);
     EXPECT_STREQ(label, "OK");
     XtFree(label);
+    // The rows are made before the action area; the first button stands
+    // off the edge; the shell's minimum height counts the title.
+    EXPECT_LT(ChildIndex(desk, text), ChildIndex(desk, Part(desk).action_area));
+    int offset = 0, min_height = 0;
+    XtVaGetValues(ok, XmNleftOffset, &offset, nullptr);
+    EXPECT_EQ(offset, 5);
+    XtVaGetValues(XtParent(desk), XmNminHeight, &min_height, nullptr);
+    EXPECT_GT(min_height, ok->core.height + 8);
+    // Help gets the desk's call data.
+    Widget help = nullptr;
+    XtVaGetValues(desk, XmNhelpButton, &help, nullptr);
+    xwktest::ClickCenter(help);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+    EXPECT_EQ(records.back().reason, XmCR_HELP);
+    EXPECT_EQ(records.back().directory, dir_ + "/");
+    records.clear();
     XmString shown = nullptr;
     XtVaGetValues(title, XmNlabelString, &shown, nullptr);
     char *title_text = (char *)XmStringUnparse(shown, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL);
