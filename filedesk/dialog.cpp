@@ -402,10 +402,8 @@ void DragProc(Widget site, XtPointer, XtPointer call_data)
         CancelAutoScroll(w);
         [[fallthrough]];
     case XmCR_DROP_SITE_MOTION_MESSAGE: {
-        // Away from an item the operation stays the one the drag offers.
-        unsigned char operation = cbs->operation;
+        unsigned char operation = XmDROP_NOOP;
         if (item) {
-            operation = XmDROP_NOOP;
             if (cbs->operations & XmDROP_MOVE)
                 operation = XmDROP_MOVE;
             else if (cbs->operations & XmDROP_COPY)
@@ -414,7 +412,9 @@ void DragProc(Widget site, XtPointer, XtPointer call_data)
                 operation = XmDROP_LINK;
         }
         cbs->operation = operation;
-        bool valid = operation != XmDROP_NOOP && !(item && !fitting);
+        bool valid = !(operation == XmDROP_NOOP && item) && !(item && !fitting);
+        if (operation == XmDROP_NOOP && !item)
+            valid = fitting;
         cbs->dropSiteStatus = valid ? XmVALID_DROP_SITE : XmINVALID_DROP_SITE;
         if (item && fitting && valid)
             HighlightIn(w, site, item);
