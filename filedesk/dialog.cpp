@@ -210,10 +210,11 @@ void TransferValue(Widget transfer, XtPointer client_data, Atom *, Atom *type, X
         open->timer = XtAppAddTimeOut(XtWidgetToApplicationContext(w), 0, DeliverOpen, open);
         p.pending_open = open;
     }
-    if (drop->pending <= 0 && p.pending_open && (drop->operation & XmDROP_MOVE)) {
+    // DELETE and MOVE are not counted: their answers take pending below
+    // zero, so that they are asked for once.
+    if (drop->pending == 0 && p.pending_open && (drop->operation & XmDROP_MOVE)) {
         XmDropTransferEntryRec entries[2] = {{drop, AtomOf(w, "DELETE")}, {drop, AtomOf(w, "MOVE")}};
         XmDropTransferAdd(transfer, entries, 2);
-        drop->pending += 2;
     }
     XtFree(static_cast<char *>(value));
 }

@@ -392,6 +392,59 @@ TEST_F(Desk, NavigateByKeysAndClicks)
     EXPECT_EQ(records.back().name, dir_.substr(dir_.rfind('/') + 1));
 }
 
+struct Dropped {
+    unsigned char operation;
+    std::string directory;
+    std::vector<std::string> files;
+};
+std::vector<Dropped> drops;
+
+void RememberDrop(Widget, XtPointer, XtPointer call)
+{
+    auto *cbs = (FsdTransferDoneCallbackStruct *)call;
+    drops.push_back({cbs->operation, cbs->directory, std::vector<std::string>(cbs->files, cbs->files + cbs->count)});
+}
+
+TEST_F(Desk, MoveDropFromAnotherDesk)
+{
+    Widget from = MakeDesk({});
+    Widget desk = MakeDesk({}, 650);
+    XmFileSelectionDeskShowDirectory(desk, P("alpha").c_str());
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("alpha") + "/" && Part(desk).item_count == 2; }));
+    xwktest::Settle();
+    XtAddCallback(desk, XmNtransferDoneCallback, RememberDrop, nullptr);
+    drops.clear();
+    Widget source = Part(from).file_view, view = Part(desk).file_view;
+    int x = 0, y = 0;
+    ASSERT_TRUE(PointOf(from, source, "notes.txt", &x, &y));
+    int tx = view->core.width - 20, ty = view->core.height - 20;
+    ASSERT_EQ(XmPrjDeskWhichItem(view, tx, ty), nullptr);
+    Display *dpy = XtDisplay(desk);
+    int sx, sy, vx, vy;
+    xwktest::RootPosition(source, &sx, &sy);
+    xwktest::RootPosition(view, &vx, &vy);
+    ASSERT_LT(vx + tx, WidthOfScreen(XtScreen(desk)));
+    // Button 2 drags the file to the other desk's view, beside its items.
+    // The gesture is queued at once on a connection of its own, whose
+    // delays then hold back that connection only, not the drag.
+    Display *input = XOpenDisplay(DisplayString(dpy));
+    ASSERT_NE(input, nullptr);
+    XTestFakeMotionEvent(input, -1, sx + x, sy + y, 0);
+    XTestFakeButtonEvent(input, 2, True, 60);
+    for (int step = 1; step <= 8; step++)
+        XTestFakeMotionEvent(input, -1, sx + x + (vx + tx - sx - x) * step / 8,
+                             sy + y + (vy + ty - sy - y) * step / 8, 80);
+    XTestFakeButtonEvent(input, 2, False, 300);
+    XFlush(input);
+    bool dropped = xwktest::PumpUntil([&] { return !drops.empty(); });
+    XCloseDisplay(input);
+    ASSERT_TRUE(dropped);
+    EXPECT_EQ(drops.back().operation, XmDROP_MOVE);
+    EXPECT_EQ(drops.back().directory, P("alpha"));
+    ASSERT_EQ(drops.back().files.size(), 1u);
+    EXPECT_EQ(drops.back().files[0], P("notes.txt"));
+}
+
 TEST_F(Desk, TreeOnlyDesk)
 {
     Arg arg;
