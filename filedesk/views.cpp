@@ -346,7 +346,7 @@ Widget CreateList(Widget w)
     XtSetArg(args[n], XmNdelimeter, '|'), n++;
     XtSetArg(args[n], XmNcanSlam, 0), n++;
     XtSetArg(args[n], XmNtreeTrunkDrawing, 0), n++;
-    XtSetArg(args[n], XmNselectionPolicy, p.selection_policy == 1 ? XmMULTIPLE_SELECT : XmSINGLE_SELECT), n++;
+    XtSetArg(args[n], XmNselectionPolicy, p.selection_policy), n++;
     XtSetArg(args[n], XmNuseSort, 1), n++;
     XtSetArg(args[n], XmNsortColumn, p.sort_column), n++;
     XtSetArg(args[n], XmNsortDirection, p.sort_direction), n++;
@@ -377,7 +377,7 @@ Widget CreateDesk(Widget w)
     auto &p = FsdPart(w);
     Arg args[4];
     Cardinal n = 0;
-    XtSetArg(args[n], XmNselectionPolicy, p.selection_policy == 1 ? XmMULTIPLE_SELECT : XmSINGLE_SELECT), n++;
+    XtSetArg(args[n], XmNselectionPolicy, p.selection_policy), n++;
     XtSetArg(args[n], XmNsortItems, 0), n++;
     Widget desk = XmCreateScrolledDeskList(p.right_sw_form, (String) "fsdFileDesk", args, n);
     XtVaSetValues(XtParent(desk), XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment,

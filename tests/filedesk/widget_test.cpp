@@ -225,15 +225,19 @@ TEST_F(Desk, ResourceClassesColoursAndFallbacks)
     XtAppContext app = XtWidgetToApplicationContext(xwktest::StartApp());
     XtErrorHandler old = XtAppSetWarningHandler(app, CollectWarning);
     warnings.clear();
-    Arg args[2];
+    Arg args[3];
     XtSetArg(args[0], XmNcreateIconProc, IconsButExec);
     XtSetArg(args[1], XmNrepresentation, 9);
-    Widget desk = MakeDesk({args[0], args[1]});
+    XtSetArg(args[2], XmNselectionPolicy, XmBROWSE_SELECT);
+    Widget desk = MakeDesk({args[0], args[1], args[2]});
     XtAppSetWarningHandler(app, old);
     ASSERT_EQ(warnings.size(), 1u);
     EXPECT_NE(warnings[0].find("Can't create DeskExec icon."), std::string::npos);
     EXPECT_NE(warnings[0].find("XmFileSelectionDesk"), std::string::npos) << warnings[0];
     EXPECT_EQ(XmFileSelectionDeskGetRepresentation(desk), XmREPRESENTATION_NAME_ONLY);
+    unsigned char policy = 0;
+    XtVaGetValues(Part(desk).file_view, XmNselectionPolicy, &policy, nullptr);
+    EXPECT_EQ(policy, XmBROWSE_SELECT);
     // Foreground and background go to the views.
     Pixel red = xwktest::PixelOf(xwktest::StartApp(), XmNbackground) ^ 0xff0000;
     XtVaSetValues(desk, XmNforeground, red, nullptr);
