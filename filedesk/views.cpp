@@ -662,6 +662,8 @@ void FsdScan(Widget w)
                          saved.reason == XmCR_DEFAULT_ACTION;
     if (has_children && open_by_event && (state == 1 || state == 2))
         XmPrjTreeChangeState(p.dir_tree, tree_item, 0);
+    // A tree rebuilt while realized took its levels unsorted.
+    XmPrjTreeSortItems(p.dir_tree, False);
     if (!refresh)
         SetTreeEditable(w, True);
     p.flags &= ~FSD_USER_SELECT;

@@ -344,6 +344,13 @@ TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
     std::string gone = P("beta");
     XmFileSelectionDeskShowDirectory(desk, gone.c_str());
     xwktest::PumpUntil([&] { return Shown(desk) == gone + "/"; });
+    // The rebuilt tree is in order at every level.
+    Widget tree = Part(desk).dir_tree;
+    auto level = XmPrjTreeGetParent(tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item);
+    std::string names;
+    for (int i = 1; i <= 4; i++)
+        names += std::string(XmPrjTreeGetNameItem(tree, XmPrjTreeGetItemByPositionFromParent(tree, level, i))) + ";";
+    EXPECT_EQ(names, "alpha;beta;to_alpha;with space;");
     rmdir(gone.c_str());
     XmFileSelectionDeskUpdate(desk, 1);
     xwktest::Settle();
