@@ -176,8 +176,9 @@ void GetSelectionTextString(Widget w, int, XtArgVal *value)
     if (!FsdIsDesk(w))
         return void(*value = 0);
     auto &p = FsdPart(w);
-    char *text = p.selection_text ? XmTextGetString(p.selection_text)
-                                  : XtNewString(p.selection_text_string ? p.selection_text_string : "");
+    if (!p.selection_text)
+        return void(*value = 0);
+    char *text = XmTextGetString(p.selection_text);
     XwkRemoveAllSpaces(text);
     if (text[0] == '~') {
         char *expanded = XwkExpandTilde(text);

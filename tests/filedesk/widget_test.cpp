@@ -238,6 +238,10 @@ TEST_F(Desk, ResourceClassesColoursAndFallbacks)
     unsigned char policy = 0;
     XtVaGetValues(Part(desk).file_view, XmNselectionPolicy, &policy, nullptr);
     EXPECT_EQ(policy, XmBROWSE_SELECT);
+    // Without a selection row its text reads NULL.
+    char *selection = (char *)"unread";
+    XtVaGetValues(desk, XmNselectionTextString, &selection, nullptr);
+    EXPECT_EQ(selection, nullptr);
     // Foreground and background go to the views.
     Pixel red = xwktest::PixelOf(xwktest::StartApp(), XmNbackground) ^ 0xff0000;
     XtVaSetValues(desk, XmNforeground, red, nullptr);
