@@ -47,8 +47,10 @@ const char *kDefaultInfoLabels[] = {"Brief Info", "Full Info"};
 
 #define RES(name, cls, type, size, field, deftype, def) \
     {(String)name, (String)cls, (String)type, size, D_OFFSET(field), (String)deftype, (XtPointer)(def)}
-#define CB(name, field) RES(name, XmCCallback, XmRCallback, sizeof(XtCallbackList), field, XmRCallback, nullptr)
-#define ICON(name, kind) RES(name, "Pixmap", XmRPointer, sizeof(XtPointer), icons[kind], XmRImmediate, nullptr)
+// Each class is the resource name with a capital first letter, callbacks
+// and icons too.  Icons are XwkIcon handles: no converter may make one.
+#define CB(name, cls, field) RES(name, cls, XmRCallback, sizeof(XtCallbackList), field, XmRCallback, nullptr)
+#define ICON(name, cls, kind) RES(name, cls, XmRPointer, sizeof(XtPointer), icons[kind], XmRImmediate, nullptr)
 #define STR(name, cls, field, def) RES(name, cls, XmRString, sizeof(String), field, XmRString, def)
 
 void DefaultActiveBackground(Widget w, int, XrmValue *value);
@@ -76,18 +78,18 @@ XtResource resources[] = {
     RES(XmNmultipleSelectionDragIcon, "MultipleSelectionDragIcon", XmRPointer, sizeof(XtPointer), drag_icon, XmRImmediate, nullptr),
     RES(XmNuseDenyReadIcon, "UseDenyReadIcon", XmRBoolean, sizeof(Boolean), use_deny_read_icon, XmRImmediate, True),
     RES(XmNuseDenyWriteIcon, "UseDenyWriteIcon", XmRBoolean, sizeof(Boolean), use_deny_write_icon, XmRImmediate, False),
-    ICON(XmNdeskRegularIcon, FSD_ICON_DESK_REGULAR),
-    ICON(XmNdeskExecIcon, FSD_ICON_DESK_EXEC),
-    ICON(XmNdeskDirIcon, FSD_ICON_DESK_DIR),
-    ICON(XmNdeskDirDenyReadIcon, FSD_ICON_DESK_DIR_DENY_READ),
-    ICON(XmNdeskDirDenyWriteIcon, FSD_ICON_DESK_DIR_DENY_WRITE),
-    ICON(XmNdeskDirUpIcon, FSD_ICON_DESK_DIR_UP),
-    ICON(XmNtreeDirIcon, FSD_ICON_TREE_DIR),
-    ICON(XmNtreeDirUpIcon, FSD_ICON_TREE_DIR_UP),
-    ICON(XmNtreeDirOpenIcon, FSD_ICON_TREE_DIR_OPEN),
-    ICON(XmNtreeDirDenyReadIcon, FSD_ICON_TREE_DIR_DENY_READ),
-    ICON(XmNtreeDirDenyWriteIcon, FSD_ICON_TREE_DIR_DENY_WRITE),
-    ICON(XmNtreeRegularIcon, FSD_ICON_TREE_REGULAR),
+    ICON(XmNdeskRegularIcon, "DeskRegularIcon", FSD_ICON_DESK_REGULAR),
+    ICON(XmNdeskExecIcon, "DeskExecIcon", FSD_ICON_DESK_EXEC),
+    ICON(XmNdeskDirIcon, "DeskDirIcon", FSD_ICON_DESK_DIR),
+    ICON(XmNdeskDirDenyReadIcon, "DeskDirDenyReadIcon", FSD_ICON_DESK_DIR_DENY_READ),
+    ICON(XmNdeskDirDenyWriteIcon, "DeskDirDenyWriteIcon", FSD_ICON_DESK_DIR_DENY_WRITE),
+    ICON(XmNdeskDirUpIcon, "DeskDirUpIcon", FSD_ICON_DESK_DIR_UP),
+    ICON(XmNtreeDirIcon, "TreeDirIcon", FSD_ICON_TREE_DIR),
+    ICON(XmNtreeDirUpIcon, "TreeDirUpIcon", FSD_ICON_TREE_DIR_UP),
+    ICON(XmNtreeDirOpenIcon, "TreeDirOpenIcon", FSD_ICON_TREE_DIR_OPEN),
+    ICON(XmNtreeDirDenyReadIcon, "TreeDirDenyReadIcon", FSD_ICON_TREE_DIR_DENY_READ),
+    ICON(XmNtreeDirDenyWriteIcon, "TreeDirDenyWriteIcon", FSD_ICON_TREE_DIR_DENY_WRITE),
+    ICON(XmNtreeRegularIcon, "TreeRegularIcon", FSD_ICON_TREE_REGULAR),
     STR(XmNokButtonLabelString, "OkButtonLabelString", ok.label, "OK"),
     STR(XmNcancelButtonLabelString, "CancelButtonLabelString", cancel.label, "Cancel"),
     STR(XmNfilterButtonLabelString, "FilterButtonLabelString", filter.label, "Filter"),
@@ -105,18 +107,18 @@ XtResource resources[] = {
     RES(XmNuseBusyCursor, "UseBusyCursor", XmRBoolean, sizeof(Boolean), use_busy_cursor, XmRImmediate, False),
     RES(XmNuseNewFileButton, "UseNewFileButton", XmRBoolean, sizeof(Boolean), use_new_file_button, XmRImmediate, False),
     RES(XmNscanDirOnSubDirs, "ScanDirOnSubDirs", XmRBoolean, sizeof(Boolean), scan_dir_on_sub_dirs, XmRImmediate, False),
-    CB(XmNokCallback, ok.callback),
-    CB(XmNcancelCallback, cancel.callback),
-    CB(XmNnoMatchCallback, no_match_callback),
-    CB(XmNfilterCallback, filter.callback),
-    CB(XmNinfoCallback, info_callback),
-    CB(XmNnewFileCallback, new_file.callback),
-    CB(XmNfileListChangedCallback, file_list_changed_callback),
-    CB(XmNsingleSelectionCallback, single_selection_callback),
-    CB(XmNmultipleSelectionCallback, multiple_selection_callback),
-    CB(XmNdefaultActionCallback, default_action_callback),
-    CB(XmNfocusCallback, focus_callback),
-    CB(XmNtransferDoneCallback, transfer_done_callback),
+    CB(XmNokCallback, "OkCallback", ok.callback),
+    CB(XmNcancelCallback, "CancelCallback", cancel.callback),
+    CB(XmNnoMatchCallback, "NoMatchCallback", no_match_callback),
+    CB(XmNfilterCallback, "FilterCallback", filter.callback),
+    CB(XmNinfoCallback, "InfoCallback", info_callback),
+    CB(XmNnewFileCallback, "NewFileCallback", new_file.callback),
+    CB(XmNfileListChangedCallback, "FileListChangedCallback", file_list_changed_callback),
+    CB(XmNsingleSelectionCallback, "SingleSelectionCallback", single_selection_callback),
+    CB(XmNmultipleSelectionCallback, "MultipleSelectionCallback", multiple_selection_callback),
+    CB(XmNdefaultActionCallback, "DefaultActionCallback", default_action_callback),
+    CB(XmNfocusCallback, "FocusCallback", focus_callback),
+    CB(XmNtransferDoneCallback, "TransferDoneCallback", transfer_done_callback),
     RES(XmNcreateIconProc, XmCCreateIconProc, XmRPointer, sizeof(XtPointer), create_icon_proc, XmRImmediate, nullptr),
     RES(XmNgetIconProc, "GetIconProc", XmRPointer, sizeof(XtPointer), get_icon_proc, XmRImmediate, nullptr),
     STR(XmNfullInfoLayoutString, XmCLayoutString, full_info_layout, ""),
@@ -174,8 +176,9 @@ void GetSelectionTextString(Widget w, int, XtArgVal *value)
     if (!FsdIsDesk(w))
         return void(*value = 0);
     auto &p = FsdPart(w);
-    char *text = p.selection_text ? XmTextGetString(p.selection_text)
-                                  : XtNewString(p.selection_text_string ? p.selection_text_string : "");
+    if (!p.selection_text)
+        return void(*value = 0);
+    char *text = XmTextGetString(p.selection_text);
     XwkRemoveAllSpaces(text);
     if (text[0] == '~') {
         char *expanded = XwkExpandTilde(text);
@@ -420,7 +423,7 @@ void CreateIcons(Widget w)
         if (!p.icons[kind]) {
             char message[80];
             snprintf(message, sizeof message, "Can't create %s icon.", builtin.name);
-            XtAppWarning(XtWidgetToApplicationContext(w), message);
+            XmeWarning(w, message);
         }
     }
 }
@@ -428,7 +431,9 @@ void CreateIcons(Widget w)
 Widget MakeButton(Widget w, Widget area, const char *name, const char *label, int id);
 void ButtonActivated(Widget button, XtPointer client_data, XtPointer call_data);
 void BuildActionArea(Widget w);
-void BuildRows(Widget w);
+void CreateRows(Widget w, XmString *names);
+void SetDefaultButtons(Widget w);
+void PlaceRows(Widget w);
 
 Widget CreateTitle(Widget w, Widget *frame_out)
 {
@@ -489,7 +494,7 @@ void Initialize(Widget, Widget w, ArgList, Cardinal *)
     if (!p.get_icon_proc)
         p.get_icon_proc = DefaultGetIcon;
     if (p.representation > XmREPRESENTATION_DETAIL)
-        p.representation = XmREPRESENTATION_LARGE_ICONS;
+        p.representation = XmREPRESENTATION_NAME_ONLY;
     CreateIcons(w);
 
     if (p.style > 1)
@@ -556,7 +561,7 @@ void Initialize(Widget, Widget w, ArgList, Cardinal *)
         p.right_form = XtVaCreateManagedWidget("fsdRightForm", xmFormWidgetClass, p.paned_window,
                                                XmNwidth, 400, nullptr);
         Pixel background = 0;
-        XtVaGetValues(XtParent(p.dir_tree_sw), XmNbackground, &background, nullptr);
+        XtVaGetValues(XtParent(p.dir_tree), XmNbackground, &background, nullptr);
         p.right_sw_form = XtVaCreateManagedWidget(
             "fsdRightSWForm", xmFormWidgetClass, p.right_form, XmNtopAttachment, XmATTACH_FORM,
             XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
@@ -566,12 +571,10 @@ void Initialize(Widget, Widget w, ArgList, Cardinal *)
     if (p.style == 0 && p.use_file_desk) {
         Widget title_frame = nullptr;
         p.title_label = CreateTitle(w, &title_frame);
-        if (p.filter_appearance != XmAPPEARANCE_NONE) {
-            // Rows and the action area are built below.
-        }
+        CreateRows(w, names);
         BuildActionArea(w);
-        BuildRows(w);
-        (void)title_frame;
+        SetDefaultButtons(w);
+        PlaceRows(w);
     }
     if (names) {
         for (int i = 0; i < p.pattern_count; i++)
@@ -678,7 +681,7 @@ void BuildActionArea(Widget w)
             longest = std::max(longest, std::strlen(label));
         XtFree(label);
         if (i == 0)
-            XtVaSetValues(buttons[i], XmNleftAttachment, XmATTACH_FORM, nullptr);
+            XtVaSetValues(buttons[i], XmNleftAttachment, XmATTACH_FORM, XmNleftOffset, 5, nullptr);
         else
             XtVaSetValues(buttons[i], XmNleftAttachment, XmATTACH_WIDGET, XmNleftWidget,
                           buttons[i - 1], XmNleftOffset, 5, nullptr);
@@ -695,7 +698,12 @@ void BuildActionArea(Widget w)
         int min_height = -1;
         XtVaGetValues(parent, XmNminWidth, &min_width, XmNminHeight, &min_height, nullptr);
         int want_width = (width + 5) * int(buttons.size()) + 10;
-        int want_height = height + 8;
+        // The title frame is not sized yet: its height is the one it asks for.
+        Widget title = XtParent(p.title_label);
+        XtWidgetGeometry preferred{};
+        XtQueryGeometry(title, nullptr, &preferred);
+        int title_height = preferred.request_mode & CWHeight ? preferred.height : title->core.height;
+        int want_height = height + 8 + title_height;
         if (min_width < want_width)
             XtVaSetValues(parent, XmNminWidth, want_width, nullptr);
         if (min_height < want_height)
@@ -792,10 +800,30 @@ void PlaceRow(Widget w, Widget label, Widget control, unsigned char appearance, 
         XtVaSetValues(p.paned_window, XmNsashIndent, -int(control_height), nullptr);
 }
 
-void BuildRows(Widget w)
+// The filter row, then the selection row; placed by PlaceRows once the
+// action area and its separators exist.
+void CreateRows(Widget w, XmString *names)
 {
     auto &p = FsdPart(w);
-    Widget selection_control = nullptr;
+    if (p.filter_appearance != XmAPPEARANCE_NONE) {
+        Widget parent = RowParent(w, p.filter_appearance);
+        XmString text = XmStringCreateLocalized(smi18n_gettext(p.filter_label_string));
+        p.filter_label = XtVaCreateManagedWidget("fsdFilterLabel", xmLabelWidgetClass, parent,
+                                                 XmNlabelString, text, nullptr);
+        XmStringFree(text);
+        p.filter_combo = XtVaCreateManagedWidget(
+            "fsdFilterComboBox", xwkComboBoxWidgetClass, parent, XmNcomboBoxType, 2, XmNitems,
+            names, XmNitemCount, names ? p.pattern_count : 0, XmNselectedPosition,
+            p.pattern_position > 0 ? p.pattern_position : 1, XmNshadowType, XmSHADOW_IN,
+            XmNleftAttachment, XmATTACH_WIDGET, XmNleftWidget, p.filter_label, nullptr);
+        p.filter_text = XwkComboBoxGetText(p.filter_combo);
+        Widget shell = XwkComboBoxGetShell(p.filter_combo);
+        if (shell)
+            XtAddCallback(shell, XmNpopdownCallback, ComboPoppedDown, w);
+        XtOverrideTranslations(p.filter_text, _XmFileSDComboBoxTextTranslts);
+        XtAddCallback(p.filter_combo, XmNselectionCallback, ComboSelected, w);
+        XtAddCallback(p.filter_combo, XmNlosingFocusCallback, ComboLosingFocus, w);
+    }
     if (p.selection_appearance != XmAPPEARANCE_NONE) {
         Widget parent = RowParent(w, p.selection_appearance);
         XmString text = XmStringCreateLocalized(smi18n_gettext(p.selection_label_string));
@@ -805,40 +833,32 @@ void BuildRows(Widget w)
         p.selection_text = XtVaCreateManagedWidget(
             "fsdSelectionText", xmTextWidgetClass, parent, XmNvalue,
             p.selection_text_string ? p.selection_text_string : "", XmNeditable, True, XmNrows, 1,
-            XmNeditMode, XmSINGLE_LINE_EDIT, nullptr);
+            XmNeditMode, XmSINGLE_LINE_EDIT, XmNleftAttachment, XmATTACH_WIDGET, XmNleftWidget,
+            p.selection_label, nullptr);
         XmTextSetInsertionPosition(p.selection_text, XmTextGetLastPosition(p.selection_text));
-        XtAddCallback(p.selection_text, XmNfocusCallback, MakeDefault, p.ok.button);
-        PlaceRow(w, p.selection_label, p.selection_text, p.selection_appearance, nullptr);
-        selection_control = p.selection_text;
     }
-    if (p.filter_appearance != XmAPPEARANCE_NONE) {
-        Widget parent = RowParent(w, p.filter_appearance);
-        XmString text = XmStringCreateLocalized(smi18n_gettext(p.filter_label_string));
-        p.filter_label = XtVaCreateManagedWidget("fsdFilterLabel", xmLabelWidgetClass, parent,
-                                                 XmNlabelString, text, nullptr);
-        XmStringFree(text);
-        XmString *names = nullptr;
-        XmFileSDCreateFilterPatternsData(w, &names);
-        p.filter_combo = XtVaCreateManagedWidget(
-            "fsdFilterComboBox", xwkComboBoxWidgetClass, parent, XmNcomboBoxType, 2, XmNitems,
-            names, XmNitemCount, p.pattern_count, XmNselectedPosition,
-            p.pattern_position > 0 ? p.pattern_position : 1, XmNshadowType, XmSHADOW_IN, nullptr);
-        for (int i = 0; i < p.pattern_count; i++)
-            XmStringFree(names[i]);
-        XtFree(reinterpret_cast<char *>(names));
-        p.filter_text = XwkComboBoxGetText(p.filter_combo);
-        Widget shell = XwkComboBoxGetShell(p.filter_combo);
-        if (shell)
-            XtAddCallback(shell, XmNpopdownCallback, ComboPoppedDown, w);
-        XtOverrideTranslations(p.filter_text, _XmFileSDComboBoxTextTranslts);
-        XtAddCallback(p.filter_combo, XmNselectionCallback, ComboSelected, w);
-        XtAddCallback(p.filter_combo, XmNlosingFocusCallback, ComboLosingFocus, w);
+}
+
+void SetDefaultButtons(Widget w)
+{
+    auto &p = FsdPart(w);
+    if (p.filter_combo)
         XtAddCallback(p.filter_combo, XmNfocusCallback, MakeDefault, p.filter.button);
-        bool same_place = selection_control && p.selection_appearance == p.filter_appearance;
-        PlaceRow(w, p.filter_label, p.filter_combo, p.filter_appearance,
-                 same_place ? selection_control : nullptr);
-    }
+    if (p.selection_text)
+        XtAddCallback(p.selection_text, XmNfocusCallback, MakeDefault, p.ok.button);
     XtAddCallback(p.dir_tree, XmNactivateCallback, MakeDefault, p.filter.button);
+}
+
+void PlaceRows(Widget w)
+{
+    auto &p = FsdPart(w);
+    if (p.selection_text)
+        PlaceRow(w, p.selection_label, p.selection_text, p.selection_appearance, nullptr);
+    if (p.filter_combo) {
+        bool same_place = p.selection_text && p.selection_appearance == p.filter_appearance;
+        PlaceRow(w, p.filter_label, p.filter_combo, p.filter_appearance,
+                 same_place ? p.selection_text : nullptr);
+    }
 }
 
 // ---- Destroy, set values, children --------------------------------------
@@ -930,11 +950,13 @@ Boolean SetValues(Widget old_w, Widget, Widget w, ArgList, Cardinal *)
                        p.active_background != old.active_background))
         XtVaSetValues(p.dir_tree, XmNactiveForeground, p.active_foreground, XmNactiveBackground,
                       p.active_background, nullptr);
+    Pixel foreground = reinterpret_cast<XmManagerWidget>(w)->manager.foreground;
     if (w->core.background_pixel != old_w->core.background_pixel ||
-        p.normal_foreground != old.normal_foreground) {
+        foreground != reinterpret_cast<XmManagerWidget>(old_w)->manager.foreground) {
         for (Widget child : {p.dir_tree_sw, p.dir_tree, p.file_view})
             if (child)
-                XtVaSetValues(child, XmNbackground, w->core.background_pixel, nullptr);
+                XtVaSetValues(child, XmNbackground, w->core.background_pixel, XmNforeground,
+                              foreground, nullptr);
     }
     if (TakeText(&p.patterns_description, old.patterns_description)) {
         XmString *names = nullptr;

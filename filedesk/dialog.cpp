@@ -59,6 +59,7 @@ void DeleteWindow(Widget, XtPointer client_data, XtPointer)
 struct DragData {
     Widget desk;
     FsdFileItem *item;
+    Widget icon;
 };
 
 Boolean ConvertDrag(Widget drag_context, Atom *selection, Atom *target, Atom *type, XtPointer *value,
@@ -121,6 +122,11 @@ void DragFinished(Widget drag_context, XtPointer client_data, XtPointer)
     if (data && FsdPart(data->desk).scroll_timer) {
         XtRemoveTimeOut(FsdPart(data->desk).scroll_timer);
         FsdPart(data->desk).scroll_timer = 0;
+    }
+    // The drag icon is made for each drag: it goes when the drag is over.
+    if (data && data->icon) {
+        XtDestroyWidget(data->icon);
+        data->icon = nullptr;
     }
     (void)drag_context;
 }
@@ -210,10 +216,11 @@ void TransferValue(Widget transfer, XtPointer client_data, Atom *, Atom *type, X
         open->timer = XtAppAddTimeOut(XtWidgetToApplicationContext(w), 0, DeliverOpen, open);
         p.pending_open = open;
     }
-    if (drop->pending <= 0 && p.pending_open && (drop->operation & XmDROP_MOVE)) {
+    // DELETE and MOVE are not counted: their answers take pending below
+    // zero, so that they are asked for once.
+    if (drop->pending == 0 && p.pending_open && (drop->operation & XmDROP_MOVE)) {
         XmDropTransferEntryRec entries[2] = {{drop, AtomOf(w, "DELETE")}, {drop, AtomOf(w, "MOVE")}};
         XmDropTransferAdd(transfer, entries, 2);
-        drop->pending += 2;
     }
     XtFree(static_cast<char *>(value));
 }
@@ -483,7 +490,7 @@ void FsdStartDrag(Widget view, XtPointer client_data, XtPointer call_data)
     targets[0] = AtomOf(w, "COMPOUND_TEXT");
     targets[1] = AtomOf(w, "FILE_NAME");
     targets[2] = AtomOf(w, "_XWK_FILE_NAMES");
-    auto *data = new DragData{w, item};
+    auto *data = new DragData{w, item, icon};
     Screen *screen = XtScreen(w);
     Arg args[10];
     Cardinal n = 0;
@@ -498,6 +505,8 @@ void FsdStartDrag(Widget view, XtPointer client_data, XtPointer call_data)
         XtSetArg(args[n], XmNsourcePixmapIcon, icon), n++;
     Widget context = XmDragStart(view, event, args, n);
     if (!context) {
+        if (icon)
+            XtDestroyWidget(icon);
         delete data;
         return;
     }

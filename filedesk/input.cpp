@@ -72,7 +72,8 @@ void TreeFocus(Widget tree, XtPointer client_data, XtPointer)
     XtPointer data = nullptr;
     XtVaGetValues(tree, XmNselected, &data, nullptr);
     auto *node = static_cast<FsdDirNode *>(data);
-    CallFocus(w, node ? node->path : nullptr, nullptr, node ? &node->stat : nullptr);
+    const char *name = node ? XmPrjTreeGetNameItem(tree, static_cast<XmPrjTreeNode>(node->tree_item)) : nullptr;
+    CallFocus(w, node ? node->path : nullptr, name, node ? &node->stat : nullptr);
 }
 
 FsdFileItem *ItemOfCall(Widget w, XtPointer call_data)
@@ -219,11 +220,9 @@ void FsdActivateButton(Widget w, int id, XEvent *event)
         return FsdCallCallbacks(w, p.info_callback, 48, event, path, dir->path, name, st);
     case 19:
         return FsdCallCallbacks(w, p.new_file.callback, 49, event, path, dir->path, name, st);
-    case 7: {
-        XmAnyCallbackStruct cbs{XmCR_HELP, event};
-        XtCallCallbacks(w, XmNhelpCallback, &cbs);
-        return;
-    }
+    case 7:
+        return FsdCallCallbacks(w, reinterpret_cast<XmManagerWidget>(w)->manager.help_callback,
+                                XmCR_HELP, event, path, dir->path, name, st);
     default:
         break;
     }

@@ -348,14 +348,18 @@ Widget CreateList(Widget w)
     XtSetArg(args[n], XmNdelimeter, '|'), n++;
     XtSetArg(args[n], XmNcanSlam, 0), n++;
     XtSetArg(args[n], XmNtreeTrunkDrawing, 0), n++;
-    XtSetArg(args[n], XmNselectionPolicy, p.selection_policy == 1 ? XmMULTIPLE_SELECT : XmSINGLE_SELECT), n++;
+    XtSetArg(args[n], XmNselectionPolicy, p.selection_policy), n++;
     XtSetArg(args[n], XmNuseSort, 1), n++;
     XtSetArg(args[n], XmNsortColumn, p.sort_column), n++;
     XtSetArg(args[n], XmNsortDirection, p.sort_direction), n++;
-    Widget list = XmCreateScrolledTreeList(p.right_sw_form, (String) "fsdFileList", args, n);
-    XtVaSetValues(XtParent(list), XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment,
-                  XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM, XmNrightAttachment,
-                  XmATTACH_FORM, XmNshadowThickness, 0, XmNspacing, 0, nullptr);
+    // Both views sit in a scrolled window of the one name "fsdFileDeskSW".
+    Widget sw = XtVaCreateManagedWidget(
+        "fsdFileDeskSW", xmScrolledWindowWidgetClass, p.right_sw_form, XmNscrollingPolicy,
+        XmAPPLICATION_DEFINED, XmNvisualPolicy, XmVARIABLE, XmNscrollBarDisplayPolicy, XmSTATIC,
+        XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment,
+        XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNshadowThickness, 0, XmNspacing, 0,
+        nullptr);
+    Widget list = XtCreateWidget("fsdFileList", xmPrjTreeWidgetClass, sw, args, n);
     XtOverrideTranslations(list, _XmFileSDPanelsTranslts);
     XmPrjTreeSetColumnType(list, 4, XmCELL_LABEL, 2);
     // Widths that show a typical name, owner, size and date whole; a
@@ -375,7 +379,7 @@ Widget CreateDesk(Widget w)
     auto &p = FsdPart(w);
     Arg args[4];
     Cardinal n = 0;
-    XtSetArg(args[n], XmNselectionPolicy, p.selection_policy == 1 ? XmMULTIPLE_SELECT : XmSINGLE_SELECT), n++;
+    XtSetArg(args[n], XmNselectionPolicy, p.selection_policy), n++;
     XtSetArg(args[n], XmNsortItems, 0), n++;
     Widget desk = XmCreateScrolledDeskList(p.right_sw_form, (String) "fsdFileDesk", args, n);
     XtVaSetValues(XtParent(desk), XmNtopAttachment, XmATTACH_FORM, XmNbottomAttachment,
@@ -658,7 +662,7 @@ void FsdScan(Widget w)
                                      p.file_view ? AcceptFile : nullptr, w, &store);
         p.entries = store.Table();
         p.entry_count = store.Count();
-        node->file_count = p.file_view ? shown : 0;
+        node->file_count = shown;
     }
     // The tree learns of new sub-directories; the view gets the items,
     // directories first.
@@ -690,8 +694,6 @@ void FsdScan(Widget w)
             node->last_item = item;
         }
     }
-    if (!p.file_view && !represent_only)
-        node->file_count = 0;
     for (FsdEntry *entry : new_dirs) {
         std::string level = node->path;
         if (level.size() > 1)
@@ -728,6 +730,8 @@ void FsdScan(Widget w)
                          saved.reason == XmCR_DEFAULT_ACTION;
     if (has_children && open_by_event && (state == 1 || state == 2))
         XmPrjTreeChangeState(p.dir_tree, tree_item, 0);
+    // A tree rebuilt while realized took its levels unsorted.
+    XmPrjTreeSortItems(p.dir_tree, False);
     if (!refresh)
         SetTreeEditable(w, True);
     p.flags &= ~FSD_USER_SELECT;

@@ -211,7 +211,7 @@ char *XwkRemoveAllSpaces(char *text);
 #define XmNnewFileButtonLabelString ((char *)"newFileButtonLabelString")
 /** Resource \c helpButtonLabelString: String: label of the Help button (default "Help"). */
 #define XmNhelpButtonLabelString ((char *)"helpButtonLabelString")
-/** Resource \c selectionTextString: String: text of the selection field; read back without white space, a leading tilde expanded. */
+/** Resource \c selectionTextString: String: text of the selection field; read back without white space, a leading tilde expanded (a copy the caller frees; NULL without the field). */
 #define XmNselectionTextString ((char *)"selectionTextString")
 /** Resource \c filterAppearance: Appearance: where the filter row stands (XmAPPEARANCE_ values; default none). */
 #define XmNfilterAppearance ((char *)"filterAppearance")

@@ -48,6 +48,24 @@ std::string Cwd()
     return getcwd(buf, sizeof buf) ? buf : "";
 }
 
+std::vector<std::string> warnings;
+void CollectWarning(String message) { warnings.push_back(message ? message : ""); }
+
+// Makes every built-in icon but "DeskExec".
+XtPointer IconsButExec(Widget desk, char **data, XtPointer, const char *name)
+{
+    return std::strcmp(name, "DeskExec") == 0 ? nullptr : XwkIconCreateFromData(desk, data);
+}
+
+int ChildIndex(Widget parent, Widget child)
+{
+    CompositeWidget cw = (CompositeWidget)parent;
+    for (Cardinal i = 0; i < cw->composite.num_children; i++)
+        if (cw->composite.children[i] == child)
+            return int(i);
+    return -1;
+}
+
 class Desk : public ::testing::Test {
 protected:
     static void SetUpTestSuite() { xwktest::StartApp("XwkFsdTest"); }
@@ -190,6 +208,63 @@ TEST_F(Desk, ScanFillsViewTitleAndTree)
     EXPECT_EQ(records.back().path, dir_ + "/");
 }
 
+TEST_F(Desk, ResourceClassesColoursAndFallbacks)
+{
+    XtResourceList list = nullptr;
+    Cardinal count = 0;
+    XtGetResourceList(xmFileSelectionDeskWidgetClass, &list, &count);
+    struct Case {
+        const char *name, *cls;
+    } cases[] = {{"okCallback", "OkCallback"},
+                 {"transferDoneCallback", "TransferDoneCallback"},
+                 {"deskDirIcon", "DeskDirIcon"},
+                 {"treeRegularIcon", "TreeRegularIcon"},
+                 {"activeBackground", "Background"},
+                 {"fullInfoLayoutString", "LayoutString"}};
+    for (const Case &c : cases) {
+        const char *cls = nullptr;
+        for (Cardinal i = 0; i < count; i++)
+            if (std::strcmp(list[i].resource_name, c.name) == 0)
+                cls = list[i].resource_class;
+        EXPECT_STREQ(cls, c.cls) << c.name;
+    }
+    XtFree((char *)list);
+    // A failed icon warns through the widget; an invalid representation is 0.
+    XtAppContext app = XtWidgetToApplicationContext(xwktest::StartApp());
+    XtErrorHandler old = XtAppSetWarningHandler(app, CollectWarning);
+    warnings.clear();
+    Arg args[3];
+    XtSetArg(args[0], XmNcreateIconProc, IconsButExec);
+    XtSetArg(args[1], XmNrepresentation, 9);
+    XtSetArg(args[2], XmNselectionPolicy, XmBROWSE_SELECT);
+    Widget desk = MakeDesk({args[0], args[1], args[2]});
+    XtAppSetWarningHandler(app, old);
+    ASSERT_EQ(warnings.size(), 1u);
+    EXPECT_NE(warnings[0].find("Can't create DeskExec icon."), std::string::npos);
+    EXPECT_NE(warnings[0].find("XmFileSelectionDesk"), std::string::npos) << warnings[0];
+    EXPECT_EQ(XmFileSelectionDeskGetRepresentation(desk), XmREPRESENTATION_NAME_ONLY);
+    unsigned char policy = 0;
+    XtVaGetValues(Part(desk).file_view, XmNselectionPolicy, &policy, nullptr);
+    EXPECT_EQ(policy, XmBROWSE_SELECT);
+    // Without a selection row its text reads NULL.
+    char *selection = (char *)"unread";
+    XtVaGetValues(desk, XmNselectionTextString, &selection, nullptr);
+    EXPECT_EQ(selection, nullptr);
+    // Foreground and background go to the views.
+    Pixel red = xwktest::PixelOf(xwktest::StartApp(), XmNbackground) ^ 0xff0000;
+    XtVaSetValues(desk, XmNforeground, red, nullptr);
+    EXPECT_EQ(xwktest::PixelOf(Part(desk).dir_tree, XmNforeground), red);
+    EXPECT_EQ(xwktest::PixelOf(Part(desk).file_view, XmNforeground), red);
+    // The form of the file view takes the background of the tree's window.
+    XrmDatabase db = XtDatabase(XtDisplay(desk));
+    XrmPutStringResource(&db, "fsdtint*fsdDirTreeSW.background", "#00ff00");
+    Widget shell = XtVaAppCreateShell("fsdtint", "Fsd", topLevelShellWidgetClass, XtDisplay(desk), nullptr);
+    shells_.push_back(shell);
+    Widget tinted = XmCreateFileSelectionDesk(shell, (String) "desk", nullptr, 0);
+    EXPECT_NE(Part(tinted).dir_tree_sw->core.background_pixel, Part(tinted).left_form->core.background_pixel);
+    EXPECT_EQ(Part(tinted).right_sw_form->core.background_pixel, Part(tinted).dir_tree_sw->core.background_pixel);
+}
+
 TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
 {
     Widget desk = MakeDesk({});
@@ -214,6 +289,7 @@ TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
         Widget view = Part(desk).file_view;
         EXPECT_EQ(XtIsSubclass(view, xmPrjDeskWidgetClass), c.desk_list);
         EXPECT_TRUE(XtIsManaged(XtParent(view)));
+        EXPECT_STREQ(XtName(XtParent(view)), "fsdFileDeskSW");
         EXPECT_EQ(ViewCount(desk), kAll);
         FsdEntry **now = nullptr;
         XtVaGetValues(desk, XmNitems, &now, nullptr);
@@ -292,6 +368,13 @@ TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
     std::string gone = P("beta");
     XmFileSelectionDeskShowDirectory(desk, gone.c_str());
     xwktest::PumpUntil([&] { return Shown(desk) == gone + "/"; });
+    // The rebuilt tree is in order at every level.
+    Widget tree = Part(desk).dir_tree;
+    auto level = XmPrjTreeGetParent(tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item);
+    std::string names;
+    for (int i = 1; i <= 4; i++)
+        names += std::string(XmPrjTreeGetNameItem(tree, XmPrjTreeGetItemByPositionFromParent(tree, level, i))) + ";";
+    EXPECT_EQ(names, "alpha;beta;to_alpha;with space;");
     rmdir(gone.c_str());
     XmFileSelectionDeskUpdate(desk, 1);
     xwktest::Settle();
@@ -334,6 +417,67 @@ TEST_F(Desk, NavigateByKeysAndClicks)
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
     EXPECT_EQ(records.back().reason, XmCR_DEFAULT_ACTION);
     EXPECT_EQ(records.back().path, P("notes.txt"));
+    // Tab takes the focus to the tree: the focus callback names its directory.
+    XtAddCallback(desk, XmNfocusCallback, Remember, nullptr);
+    records.clear();
+    xwktest::PressKey(dpy, XK_Tab);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+    EXPECT_EQ(records.back().reason, XmCR_FOCUS);
+    EXPECT_EQ(records.back().path, dir_ + "/");
+    EXPECT_EQ(records.back().name, dir_.substr(dir_.rfind('/') + 1));
+}
+
+struct Dropped {
+    unsigned char operation;
+    std::string directory;
+    std::vector<std::string> files;
+};
+std::vector<Dropped> drops;
+
+void RememberDrop(Widget, XtPointer, XtPointer call)
+{
+    auto *cbs = (FsdTransferDoneCallbackStruct *)call;
+    drops.push_back({cbs->operation, cbs->directory, std::vector<std::string>(cbs->files, cbs->files + cbs->count)});
+}
+
+TEST_F(Desk, MoveDropFromAnotherDesk)
+{
+    Widget from = MakeDesk({});
+    Widget desk = MakeDesk({}, 650);
+    XmFileSelectionDeskShowDirectory(desk, P("alpha").c_str());
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("alpha") + "/" && Part(desk).item_count == 2; }));
+    xwktest::Settle();
+    XtAddCallback(desk, XmNtransferDoneCallback, RememberDrop, nullptr);
+    drops.clear();
+    Widget source = Part(from).file_view, view = Part(desk).file_view;
+    int x = 0, y = 0;
+    ASSERT_TRUE(PointOf(from, source, "notes.txt", &x, &y));
+    int tx = view->core.width - 20, ty = view->core.height - 20;
+    ASSERT_EQ(XmPrjDeskWhichItem(view, tx, ty), nullptr);
+    Display *dpy = XtDisplay(desk);
+    int sx, sy, vx, vy;
+    xwktest::RootPosition(source, &sx, &sy);
+    xwktest::RootPosition(view, &vx, &vy);
+    ASSERT_LT(vx + tx, WidthOfScreen(XtScreen(desk)));
+    // Button 2 drags the file to the other desk's view, beside its items.
+    // The gesture is queued at once on a connection of its own, whose
+    // delays then hold back that connection only, not the drag.
+    Display *input = XOpenDisplay(DisplayString(dpy));
+    ASSERT_NE(input, nullptr);
+    XTestFakeMotionEvent(input, -1, sx + x, sy + y, 0);
+    XTestFakeButtonEvent(input, 2, True, 60);
+    for (int step = 1; step <= 8; step++)
+        XTestFakeMotionEvent(input, -1, sx + x + (vx + tx - sx - x) * step / 8,
+                             sy + y + (vy + ty - sy - y) * step / 8, 80);
+    XTestFakeButtonEvent(input, 2, False, 300);
+    XFlush(input);
+    bool dropped = xwktest::PumpUntil([&] { return !drops.empty(); });
+    XCloseDisplay(input);
+    ASSERT_TRUE(dropped);
+    EXPECT_EQ(drops.back().operation, XmDROP_MOVE);
+    EXPECT_EQ(drops.back().directory, P("alpha"));
+    ASSERT_EQ(drops.back().files.size(), 1u);
+    EXPECT_EQ(drops.back().files[0], P("notes.txt"));
 }
 
 TEST_F(Desk, TreeOnlyDesk)
@@ -351,6 +495,11 @@ TEST_F(Desk, TreeOnlyDesk)
     EXPECT_EQ(Shown(desk), dir_ + "/");
     auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
     EXPECT_EQ(XmPrjTreeGetItemsCount(tree, node), 4);
+    // A scan without a view counts the sub-directories it shows.
+    XmFileSelectionDeskUpdate(desk, 1);
+    int count = -1;
+    XtVaGetValues(desk, XmNitemCount, &count, nullptr);
+    EXPECT_EQ(count, 4);
 }
 
 TEST_F(Desk, DialogButtonsAndSelection)
@@ -367,6 +516,7 @@ TEST_F(Desk, DialogButtonsAndSelection)
     shells_.push_back(XtParent(desk));
     XtAddCallback(desk, XmNokCallback, Remember, nullptr);
     XtAddCallback(desk, XmNcancelCallback, Remember, nullptr);
+    XtAddCallback(desk, XmNhelpCallback, Remember, nullptr);
     XtManageChild(desk);
     ASSERT_TRUE(xwktest::WaitViewable(desk));
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == kAll; }));
@@ -380,6 +530,22 @@ TEST_F(Desk, DialogButtonsAndSelection)
     XtVaGetValues(desk, XmNokButtonLabelString, &label, nullptr);
     EXPECT_STREQ(label, "OK");
     XtFree(label);
+    // The rows are made before the action area; the first button stands
+    // off the edge; the shell's minimum height counts the title.
+    EXPECT_LT(ChildIndex(desk, text), ChildIndex(desk, Part(desk).action_area));
+    int offset = 0, min_height = 0;
+    XtVaGetValues(ok, XmNleftOffset, &offset, nullptr);
+    EXPECT_EQ(offset, 5);
+    XtVaGetValues(XtParent(desk), XmNminHeight, &min_height, nullptr);
+    EXPECT_GT(min_height, ok->core.height + 8);
+    // Help gets the desk's call data.
+    Widget help = nullptr;
+    XtVaGetValues(desk, XmNhelpButton, &help, nullptr);
+    xwktest::ClickCenter(help);
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+    EXPECT_EQ(records.back().reason, XmCR_HELP);
+    EXPECT_EQ(records.back().directory, dir_ + "/");
+    records.clear();
     XmString shown = nullptr;
     XtVaGetValues(title, XmNlabelString, &shown, nullptr);
     char *title_text = (char *)XmStringUnparse(shown, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL);
