@@ -138,6 +138,7 @@ struct DropTransfer {
     unsigned char operation;
     std::string directory;
     int pending;
+    bool delete_asked;  // the source is told once to remove what it gave
 };
 
 struct PendingOpen {
@@ -210,7 +211,8 @@ void TransferValue(Widget transfer, XtPointer client_data, Atom *, Atom *type, X
         open->timer = XtAppAddTimeOut(XtWidgetToApplicationContext(w), 0, DeliverOpen, open);
         p.pending_open = open;
     }
-    if (drop->pending <= 0 && p.pending_open && (drop->operation & XmDROP_MOVE)) {
+    if (drop->pending <= 0 && p.pending_open && (drop->operation & XmDROP_MOVE) && !drop->delete_asked) {
+        drop->delete_asked = true;
         XmDropTransferEntryRec entries[2] = {{drop, AtomOf(w, "DELETE")}, {drop, AtomOf(w, "MOVE")}};
         XmDropTransferAdd(transfer, entries, 2);
         drop->pending += 2;
@@ -259,7 +261,7 @@ void DropProc(Widget site, XtPointer, XtPointer call_data)
         if (data)
             directory = static_cast<FsdDirNode *>(data)->path;
     }
-    auto *drop = new DropTransfer{w, site, cbs->operation, directory, 0};
+    auto *drop = new DropTransfer{w, site, cbs->operation, directory, 0, false};
     static XmDropTransferEntryRec entries[2];
     int entry_count = 0;
     if (want_name)

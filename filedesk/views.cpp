@@ -647,9 +647,11 @@ void FsdScan(Widget w)
         if (!refresh)
             SetCurrentInView(w, first);
         p.flags &= ~FSD_SELECTING_PROGRAMMATICALLY;
+        // In a multiple selection being current does not select.
+        bool multiple = p.selection_policy == XmMULTIPLE_SELECT;
         for (int i = 0; i < count; i++) {
             FsdFileItem *item = table[i]->item;
-            if (item && item->selected && item->handle != first)
+            if (item && item->selected && (item->handle != first || multiple))
                 SelectInView(w, item->handle);
         }
     }

@@ -1,6 +1,7 @@
 // The file selection desk on a real server and a real file system: the
 // scan into the views, the four representations, filter patterns, refresh,
-// navigation by keys and clicks, the dialog with its buttons.
+// navigation by keys and clicks, the dialog with its buttons, selections of
+// several files, and files dragged from one desk to another.
 #include <gtest/gtest.h>
 
 #include <Xwk/Xwk.h>
@@ -9,6 +10,8 @@
 #include <Xm/Label.h>
 #include <Xm/PushB.h>
 #include <Xm/Text.h>
+#include <Xm/DragDrop.h>
+#include <Xm/DrawingA.h>
 #include <X11/keysym.h>
 #include <X11/extensions/XTest.h>
 
@@ -17,9 +20,11 @@
 #include <limits.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -40,6 +45,48 @@ void Remember(Widget, XtPointer, XtPointer call)
     auto *cbs = (FsdCallbackStruct *)call;
     records.push_back({cbs->reason, cbs->path ? cbs->path : "", cbs->directory ? cbs->directory : "",
                        cbs->name ? cbs->name : ""});
+}
+
+struct Drop {
+    int reason;
+    unsigned char operation;
+    std::string directory;
+    std::vector<std::string> files;
+};
+std::vector<Drop> drops;
+
+void Dropped(Widget, XtPointer, XtPointer call)
+{
+    auto *cbs = (FsdTransferDoneCallbackStruct *)call;
+    drops.push_back({cbs->reason, cbs->operation, cbs->directory, {cbs->files, cbs->files + cbs->count}});
+}
+
+// A plain drop site of another program's kind: it asks for every target
+// the desk exports and keeps the texts by their type.
+std::map<std::string, std::string> probed;
+
+void ProbeValue(Widget w, XtPointer, Atom *, Atom *type, XtPointer value, unsigned long *length, int *format)
+{
+    if (value && *format == 8) {
+        char *name = XGetAtomName(XtDisplay(w), *type);
+        probed[name] = std::string((char *)value, *length);
+        XFree(name);
+    }
+    XtFree((char *)value);
+}
+
+void ProbeDrop(Widget w, XtPointer, XtPointer call)
+{
+    auto *cbs = (XmDropProcCallbackStruct *)call;
+    static XmDropTransferEntryRec entries[3];
+    const char *names[] = {"FILE_NAME", "COMPOUND_TEXT", "_XWK_FILE_NAMES"};
+    for (int i = 0; i < 3; i++)
+        entries[i] = {nullptr, XInternAtom(XtDisplay(w), names[i], False)};
+    Arg args[3];
+    XtSetArg(args[0], XmNdropTransfers, entries);
+    XtSetArg(args[1], XmNnumDropTransfers, 3);
+    XtSetArg(args[2], XmNtransferProc, ProbeValue);
+    XmDropTransferStart(cbs->dragContext, args, 3);
 }
 
 std::string Cwd()
@@ -66,6 +113,8 @@ protected:
         ASSERT_EQ(symlink("alpha", P("to_alpha").c_str()), 0);
         ASSERT_EQ(symlink("nowhere", P("dangling").c_str()), 0);
         records.clear();
+        drops.clear();
+        probed.clear();
     }
     void TearDown() override
     {
@@ -133,13 +182,15 @@ protected:
     {
         for (int py = 2; py < view->core.height; py += 3)
             for (int px = 2; px < view->core.width; px += 3) {
-                XtPointer data = view == Part(desk).dir_tree
-                                     ? XmPrjTreeWhichItem(XmTREE_PART_ROW, px, py, view)
-                                     : XmPrjDeskWhichItem(view, px, py);
+                // On a row of the detail list only its label takes a click.
+                int part = view == Part(desk).dir_tree ? XmTREE_PART_ROW : XmTREE_PART_LABEL;
+                XtPointer data = XtIsSubclass(view, xmPrjDeskWidgetClass)
+                                     ? XmPrjDeskWhichItem(view, px, py)
+                                     : XmPrjTreeWhichItem(part, px, py, view);
                 if (!data)
                     continue;
                 bool tree = view == Part(desk).dir_tree;
-                std::string want = dir_ + "/" + name + "/";
+                std::string want = *name ? dir_ + "/" + name + "/" : dir_ + "/";
                 if (tree ? want == ((FsdDirNode *)data)->path : ((FsdFileItem *)data)->name == std::string(name)) {
                     *x = px;
                     *y = py;
@@ -147,6 +198,51 @@ protected:
                 }
             }
         return false;
+    }
+
+    // Root position of the item named name in a view (or tree) of a desk.
+    void RootPointOf(Widget desk, Widget view, const char *name, int *x, int *y)
+    {
+        int px = 0, py = 0;
+        ASSERT_TRUE(PointOf(desk, view, name, &px, &py)) << name;
+        xwktest::RootPosition(view, x, y);
+        *x += px;
+        *y += py;
+    }
+    void ClickItem(Widget desk, const char *name, unsigned modifiers = 0)
+    {
+        Widget view = Part(desk).file_view;
+        int x = 0, y = 0;
+        ASSERT_TRUE(PointOf(desk, view, name, &x, &y)) << name;
+        Display *dpy = XtDisplay(view);
+        KeyCode control = XKeysymToKeycode(dpy, XK_Control_L);
+        if (modifiers)
+            XTestFakeKeyEvent(dpy, control, True, CurrentTime);
+        xwktest::Click(view, x, y);
+        if (modifiers)
+            XTestFakeKeyEvent(dpy, control, False, CurrentTime);
+        xwktest::Settle();
+    }
+    std::vector<std::string> Selected(Widget desk)
+    {
+        char **paths = nullptr;
+        int count = XmFileSelectionDeskGetSelectedItems(desk, &paths);
+        std::vector<std::string> out;
+        for (int i = 0; i < count; i++) {
+            out.push_back(paths[i] ? paths[i] : "(null)");
+            XtFree(paths[i]);
+        }
+        XtFree((char *)paths);
+        std::sort(out.begin(), out.end());
+        return out;
+    }
+    std::string SelectionText(Widget desk)
+    {
+        char *text = nullptr;
+        XtVaGetValues(desk, XmNselectionTextString, &text, nullptr);
+        std::string out = text ? text : "";
+        XtFree(text);
+        return out;
     }
 
     std::string start_;
@@ -421,4 +517,127 @@ TEST_F(Desk, DialogButtonsAndSelection)
     EXPECT_TRUE(XmFileSelectionDeskUnhighlight(view));
 }
 
+// Several files picked with Control in the detail list; the selection
+// text follows the click and another representation keeps the selection.
+// Then a real drag with button 2 onto another desk, its tree, the desk's
+// own view and a drop site of another kind.
+TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
+{
+    Arg args[4];
+    XtSetArg(args[0], XmNstyle, XmFILE_SELECTION_USE_ACTION_AREA);
+    XtSetArg(args[1], XmNselectionAppearance, XmAPPEARANCE_UNDER_DESK);
+    XtSetArg(args[2], XmNselectionPolicy, 1);
+    XtSetArg(args[3], XmNrepresentation, XmREPRESENTATION_DETAIL);
+    Widget source = MakeDesk({args, args + 4}, 0);
+    XtAddCallback(source, XmNtransferDoneCallback, Dropped, nullptr);
+    ClickItem(source, "a.c");
+    EXPECT_EQ(SelectionText(source), P("a.c"));
+    ClickItem(source, "notes.txt", ControlMask);
+    EXPECT_EQ(SelectionText(source), P("notes.txt"));
+    const std::vector<std::string> both = {P("a.c"), P("notes.txt")};
+    EXPECT_EQ(Selected(source), both);
+    XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
+    xwktest::Settle();
+    EXPECT_EQ(Selected(source), both);
+    XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    xwktest::Settle();
+    EXPECT_EQ(Selected(source), both);
+
+    Widget target = MakeDesk({}, 660);
+    XtAddCallback(target, XmNtransferDoneCallback, Dropped, nullptr);
+    XmFileSelectionDeskShowDirectory(target, P("beta").c_str());
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(target) == P("beta") + "/"; }));
+    Widget shell = XtVaAppCreateShell("probe", "Probe", topLevelShellWidgetClass, XtDisplay(source),
+                                      XmNx, 660, XmNy, 500, XmNwidth, 200, XmNheight, 100, nullptr);
+    shells_.push_back(shell);
+    Widget probe = XmCreateDrawingArea(shell, (String) "probe", nullptr, 0);
+    XtManageChild(probe);
+    XtRealizeWidget(shell);
+    ASSERT_TRUE(xwktest::WaitViewable(probe));
+    Atom targets[3] = {XInternAtom(XtDisplay(probe), "FILE_NAME", False),
+                       XInternAtom(XtDisplay(probe), "COMPOUND_TEXT", False),
+                       XInternAtom(XtDisplay(probe), "_XWK_FILE_NAMES", False)};
+    Arg site[4];
+    XtSetArg(site[0], XmNimportTargets, targets);
+    XtSetArg(site[1], XmNnumImportTargets, 3);
+    XtSetArg(site[2], XmNdropSiteOperations, XmDROP_MOVE | XmDROP_COPY | XmDROP_LINK);
+    XtSetArg(site[3], XmNdropProc, ProbeDrop);
+    XmDropSiteRegister(probe, site, 4);
+    xwktest::Settle();
+    // A file the source still shows but that is gone from the disk.
+    unlink(P("z.h").c_str());
+
+    enum Site { kTargetView, kTargetTree, kOwnView, kProbe };
+    struct Case {
+        const char *item;  // dragged from the source; nullptr: icons, and no item selected
+        Site site;
+        std::vector<std::string> files;  // what the desk receives, relative to dir_
+        const char *directory;           // where, relative to dir_; "" is dir_
+        std::map<std::string, std::string> values;  // what the probe receives
+    } cases[] = {
+        {"notes.txt", kTargetView, {"a.c", "notes.txt"}, "beta", {}},
+        {"notes.txt", kProbe, {}, nullptr,
+         {{"FILE_NAME", "notes.txt"}, {"COMPOUND_TEXT", "notes.txt"}, {"_XWK_FILE_NAMES", "a.c|notes.txt"}}},
+        {"b.c", kOwnView, {}, nullptr, {}},
+        {nullptr, kTargetView, {}, nullptr, {}},
+        {"a.c", kTargetView, {"a.c"}, "beta", {}},
+        {"alpha", kTargetTree, {"alpha"}, "", {}},  // the tree's row of dir_, above beta
+        {"z.h", kTargetView, {}, nullptr, {}},
+        {"alpha", kProbe, {}, nullptr,
+         {{"FILE_NAME", "alpha/"}, {"COMPOUND_TEXT", "alpha/"}, {"_XWK_FILE_NAMES", "alpha"}}},
+    };
+    for (const Case &c : cases) {
+        if (!c.item) {
+            XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
+            xwktest::Settle();
+            ClickItem(source, "notes.txt", ControlMask);
+            ClickItem(source, "a.c", ControlMask);
+            EXPECT_EQ(XmFileSelectionDeskGetSelectedItemsCount(source), 0);
+            continue;
+        }
+        SCOPED_TRACE(std::string(c.item) + " to " + std::to_string(c.site));
+        drops.clear();
+        probed.clear();
+        int x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+        RootPointOf(source, Part(source).file_view, c.item, &x0, &y0);
+        if (c.site == kTargetView)
+            RootPointOf(target, Part(target).file_view, "..", &x1, &y1);
+        else if (c.site == kTargetTree)  // the middle of the row, clear of the edge
+            RootPointOf(target, Part(target).dir_tree, "", &x1, &y1), x1 += 40;
+        else if (c.site == kOwnView)
+            RootPointOf(source, Part(source).file_view, "b.c", &x1, &y1);
+        else
+            xwktest::RootPosition(probe, &x1, &y1), x1 += 50, y1 += 50;
+        xwktest::DragPointer(source, x0, y0, x1, y1);
+        if (c.site == kProbe) {
+            ASSERT_TRUE(xwktest::PumpUntil([&] { return probed.size() == 3; }));
+            for (auto &[target_name, value] : c.values) {
+                std::string want;
+                for (size_t at = 0; at <= value.size();) {
+                    size_t bar = std::min(value.find('|', at), value.size());
+                    want += (want.empty() ? "" : "|") + P(value.substr(at, bar - at).c_str());
+                    at = bar + 1;
+                }
+                EXPECT_EQ(probed[target_name], want) << target_name;
+            }
+            continue;
+        }
+        if (c.files.empty()) {
+            xwktest::Pump(300);
+            EXPECT_TRUE(drops.empty());
+            continue;
+        }
+        ASSERT_TRUE(xwktest::PumpUntil([&] { return !drops.empty(); }));
+        ASSERT_EQ(drops.size(), 1u);
+        EXPECT_EQ(drops[0].reason, XmCR_OK);
+        EXPECT_EQ(drops[0].operation, XmDROP_MOVE);
+        EXPECT_EQ(drops[0].directory, *c.directory ? P(c.directory) : dir_);
+        std::vector<std::string> want;
+        for (const std::string &f : c.files)
+            want.push_back(P(f.c_str()));
+        EXPECT_EQ(drops[0].files, want);
+    }
+}
+
 }  // namespace
+

@@ -260,6 +260,41 @@ void PressKey(Display *dpy, KeySym sym, unsigned modifiers_mask)
     XSync(dpy, False);
 }
 
+namespace {
+struct Gesture {
+    Display *dpy;
+    int x0, y0, x1, y1;
+    unsigned button;
+    int steps, step_ms, step;
+    bool done;
+};
+
+void GestureStep(XtPointer closure, XtIntervalId *)
+{
+    auto *g = static_cast<Gesture *>(closure);
+    if (++g->step <= g->steps) {
+        XTestFakeMotionEvent(g->dpy, 0, g->x0 + (g->x1 - g->x0) * g->step / g->steps,
+                             g->y0 + (g->y1 - g->y0) * g->step / g->steps, CurrentTime);
+        XtAppAddTimeOut(App(), g->step_ms, GestureStep, g);
+    } else {
+        XTestFakeButtonEvent(g->dpy, g->button, False, CurrentTime);
+        g->done = true;
+    }
+    XFlush(g->dpy);
+}
+}  // namespace
+
+void DragPointer(Widget w, int x0, int y0, int x1, int y1, unsigned button, int steps, int step_ms)
+{
+    Gesture g{XtDisplay(w), x0, y0, x1, y1, button, steps, step_ms, 0, false};
+    PointerTo(g.dpy, XtScreen(w), x0, y0);
+    XTestFakeButtonEvent(g.dpy, button, True, CurrentTime);
+    XFlush(g.dpy);
+    XtAppAddTimeOut(App(), step_ms, GestureStep, &g);
+    PumpUntil([&] { return g.done; }, (steps + 2) * step_ms + 5000);
+    Settle();
+}
+
 void TypeText(Display *dpy, const char *text)
 {
     for (const char *p = text; *p; p++) {
