@@ -200,6 +200,23 @@ protected:
         return false;
     }
 
+    // A directory of count names, hard links of one file made beside it:
+    // quick to make and to remove.
+    std::string LinkMany(const std::string &where, int count)
+    {
+        std::string one = where + ".one";
+        close(open(one.c_str(), O_CREAT | O_WRONLY, 0644));
+        EXPECT_EQ(mkdir(where.c_str(), 0755), 0);
+        char name[32];
+        for (int i = 0; i < count; i++) {
+            snprintf(name, sizeof name, "/f%06d.c", i);
+            if (link(one.c_str(), (where + name).c_str()) != 0) {
+                ADD_FAILURE() << where + name;
+                break;
+            }
+        }
+        return where;
+    }
     // Root position of the item named name in a view (or tree) of a desk.
     void RootPointOf(Widget desk, Widget view, const char *name, int *x, int *y)
     {
@@ -639,5 +656,62 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     }
 }
 
-}  // namespace
+// A directory of 10,000 files in the detail list and in icons: all shown,
+// the end reached by keys scrolls the view and selects the last file.
+TEST_F(Desk, TenThousandFilesShownScrolledAndSelected)
+{
+    std::string big = LinkMany(P("big"), 10000);
+    Arg arg;
+    XtSetArg(arg, XmNrepresentation, XmREPRESENTATION_DETAIL);
+    Widget desk = MakeDesk({arg});
+    XtAddCallback(desk, XmNsingleSelectionCallback, Remember, nullptr);
+    XmFileSelectionDeskShowDirectory(desk, big.c_str());
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == big + "/"; }, 20000));
+    for (unsigned char representation : {XmREPRESENTATION_DETAIL, XmREPRESENTATION_SMALL_ICONS}) {
+        SCOPED_TRACE(int(representation));
+        XtVaSetValues(desk, XmNrepresentation, representation, nullptr);
+        xwktest::Settle();
+        EXPECT_EQ(Part(desk).item_count, 10001);
+        EXPECT_EQ(ViewCount(desk), 10001);
+        Widget view = Part(desk).file_view;
+        if (representation == XmREPRESENTATION_DETAIL)
+            ClickItem(desk, "..");  // the keyboard goes to the view, and stays with it
+        xwktest::PressKey(XtDisplay(desk), XK_Home, ControlMask);
+        xwktest::Settle();
+        records.clear();
+        xwktest::PressKey(XtDisplay(desk), XK_End, ControlMask);
+        ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+        EXPECT_EQ(records.back().reason, XmCR_SINGLE_SELECT);
+        EXPECT_EQ(records.back().path, big + "/f009999.c");
+        int x = 0, y = 0;
+        if (XtIsSubclass(view, xmPrjDeskWidgetClass))
+            XmPrjDeskGetOrigins(view, &x, &y);
+        else
+            XmPrjTreeGetOrigins(view, &x, &y);
+        EXPECT_GT(x + y, 0);
+    }
+}
 
+// 200,000 entries: read, shown and switched to the detail list without a
+// fault.  Made on a memory file system when there is one.
+TEST_F(Desk, TwoHundredThousandEntries)
+{
+    std::string base = access("/dev/shm", W_OK) == 0 ? "/dev/shm/xwkhugeXXXXXX" : dir_ + "/hugeXXXXXX";
+    std::vector<char> tmpl(base.begin(), base.end());
+    tmpl.push_back(0);
+    ASSERT_NE(mkdtemp(tmpl.data()), nullptr);
+    std::string top = tmpl.data();
+    std::string huge = LinkMany(top + "/huge", 200000);
+    Widget desk = MakeDesk({});
+    XmFileSelectionDeskShowDirectory(desk, huge.c_str());
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 200001; }, 60000));
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    xwktest::Settle();
+    EXPECT_EQ(ViewCount(desk), 200001);
+    XmFileSelectionDeskShowDirectory(desk, dir_.c_str());
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/"; }, 20000));
+    std::string cmd = "rm -rf '" + top + "'";
+    EXPECT_EQ(system(cmd.c_str()), 0);
+}
+
+}  // namespace
