@@ -6,6 +6,7 @@
 
 #include <Xwk/Xwk.h>
 #include <Xwk/FileSDP.h>
+#include <Xwk/PrjTreeP.h>
 #include <Xm/DialogS.h>
 #include <Xm/Label.h>
 #include <Xm/PushB.h>
@@ -712,6 +713,67 @@ TEST_F(Desk, TwoHundredThousandEntries)
     EXPECT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/"; }, 20000));
     std::string cmd = "rm -rf '" + top + "'";
     EXPECT_EQ(system(cmd.c_str()), 0);
+}
+
+// Root reads and writes everything: the icons are chosen for another user
+// and group, set in the library's globals.
+TEST_F(Desk, IconsFollowTheUsersPermissions)
+{
+    ASSERT_EQ(mkdir(P("locked").c_str(), 0700), 0);
+    ASSERT_EQ(mkdir(P("open").c_str(), 0777), 0);
+    ASSERT_EQ(chmod(P("open").c_str(), 0777), 0);
+    struct AnotherUser {
+        int uid = xwkUID, count = xwkNumGIDs, *gids = xwkGIDs, mine[1] = {4242};
+        AnotherUser() { xwkUID = 4242, xwkGIDs = mine, xwkNumGIDs = 1; }
+        ~AnotherUser() { xwkUID = uid, xwkGIDs = gids, xwkNumGIDs = count; }
+    } another_user;
+    Arg arg;
+    XtSetArg(arg, XmNuseDenyWriteIcon, True);
+    Widget desk = MakeDesk({arg});
+    auto item = [&](const char *name) -> FsdFileItem * {
+        for (int i = 0; i < Part(desk).entry_count; i++)
+            if (FsdFileItem *it = Part(desk).entries[i]->item; it && std::strcmp(it->name, name) == 0)
+                return it;
+        ADD_FAILURE() << name;
+        return nullptr;
+    };
+    auto icon = [&](const char *resource) {
+        XtPointer value = nullptr;
+        XtVaGetValues(desk, resource, &value, nullptr);
+        EXPECT_NE(value, nullptr) << resource;
+        return value;
+    };
+    struct Case {
+        const char *name;
+        const char *large, *small;  // the icon resources of the icon views and of the detail list
+    } cases[] = {
+        {"locked", XmNdeskDirDenyReadIcon, XmNtreeDirDenyReadIcon},
+        {"alpha", XmNdeskDirDenyWriteIcon, XmNtreeDirDenyWriteIcon},
+        {"open", XmNdeskDirIcon, XmNtreeDirIcon},
+        {"..", XmNdeskDirUpIcon, XmNtreeDirUpIcon},
+        {"run", XmNdeskExecIcon, XmNtreeRegularIcon},
+        {"a.c", XmNdeskRegularIcon, XmNtreeRegularIcon},
+    };
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    xwktest::Settle();
+    for (const Case &c : cases) {
+        FsdFileItem *it = item(c.name);
+        ASSERT_NE(it, nullptr);
+        EXPECT_EQ(it->large_icon, icon(c.large)) << c.name;
+        EXPECT_EQ(it->small_icon, icon(c.small)) << c.name;
+    }
+    // The unreadable directory cannot be chosen in the tree, nor entered
+    // from the view.
+    XmPrjTreeNode locked = XmPrjTreeFindItemOneLevel(
+        Part(desk).dir_tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item, "locked");
+    ASSERT_NE(locked, nullptr);
+    EXPECT_FALSE(((XmPrjTreeItem)locked->data)->flags & XmTREE_ITEM_SELECTABLE);
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
+    xwktest::Settle();
+    ClickItem(desk, "locked");
+    ClickItem(desk, "locked");
+    xwktest::Pump(300);
+    EXPECT_EQ(Shown(desk), dir_ + "/");
 }
 
 }  // namespace
