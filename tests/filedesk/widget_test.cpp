@@ -776,4 +776,36 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
     EXPECT_EQ(Shown(desk), dir_ + "/");
 }
 
+// The keys of both panels: Tab flips between view and tree in a desk that
+// is a shell's child, Ctrl+U swaps the panels, Ctrl+O turns the paned
+// window; the focus stays where it was.
+TEST_F(Desk, PanelKeys)
+{
+    Widget desk = MakeDesk({});
+    Display *dpy = XtDisplay(desk);
+    Widget left = Part(desk).left_form, right = Part(desk).right_form, paned = Part(desk).paned_window;
+    Widget view = Part(desk).file_view, tree = Part(desk).dir_tree;
+    ClickItem(desk, "a.c");
+    ASSERT_EQ(XmGetFocusWidget(desk), view);
+    EXPECT_LT(left->core.x, right->core.x);
+    xwktest::PressKey(dpy, XK_Tab);
+    xwktest::Settle();
+    EXPECT_EQ(XmGetFocusWidget(desk), tree);
+    xwktest::PressKey(dpy, XK_u, ControlMask);
+    xwktest::Settle();
+    EXPECT_GT(left->core.x, right->core.x);
+    EXPECT_EQ(XmGetFocusWidget(desk), tree);
+    xwktest::PressKey(dpy, XK_Tab);
+    xwktest::Settle();
+    EXPECT_EQ(XmGetFocusWidget(desk), view);
+    unsigned char before = 0, after = 0;
+    XtVaGetValues(paned, XmNorientation, &before, nullptr);
+    xwktest::PressKey(dpy, XK_o, ControlMask);
+    xwktest::Settle();
+    XtVaGetValues(paned, XmNorientation, &after, nullptr);
+    EXPECT_NE(after, before);
+    EXPECT_EQ(XmGetFocusWidget(desk), view);
+    EXPECT_GT(left->core.y, right->core.y);  // the swapped panels, now one above the other
+}
+
 }  // namespace
