@@ -98,8 +98,9 @@ void SetTextToEnd(Widget text, const char *value)
 
 // The item's selected byte follows the view, so that another representation
 // shows the same selection.  A tree list's call data tell the state before
-// a press, so its row is asked.  A press without Ctrl or Shift leaves only
-// the pressed item selected, and the view reports no other row.
+// a press, so its row is asked.  An item selected alone, in a single
+// selection or by a press without Ctrl or Shift in a multiple one, leaves
+// the others unselected, and the view reports no other row.
 void FollowSelection(Widget w, FsdFileItem *item, XtPointer call_data)
 {
     auto &p = FsdPart(w);
@@ -111,7 +112,9 @@ void FollowSelection(Widget w, FsdFileItem *item, XtPointer call_data)
         item->selected = row && (row->flags & XmTREE_ITEM_SELECTED);
     }
     XEvent *event = EventOfCall(call_data);
-    if (!event || event->type != ButtonPress || (event->xbutton.state & (ControlMask | ShiftMask)))
+    bool alone = p.selection_policy != XmMULTIPLE_SELECT ||
+                 (event && event->type == ButtonPress && !(event->xbutton.state & (ControlMask | ShiftMask)));
+    if (!alone || !item->selected)
         return;
     for (int i = 0; i < p.entry_count; i++) {
         FsdFileItem *other = p.entries[i]->item;
