@@ -59,6 +59,7 @@ void DeleteWindow(Widget, XtPointer client_data, XtPointer)
 struct DragData {
     Widget desk;
     FsdFileItem *item;
+    Widget icon;  // the drag icon made for this drag, destroyed with it
 };
 
 Boolean ConvertDrag(Widget drag_context, Atom *selection, Atom *target, Atom *type, XtPointer *value,
@@ -127,7 +128,10 @@ void DragFinished(Widget drag_context, XtPointer client_data, XtPointer)
 
 void FreeDragData(Widget, XtPointer client_data, XtPointer)
 {
-    delete static_cast<DragData *>(client_data);
+    auto *data = static_cast<DragData *>(client_data);
+    if (data->icon)
+        XtDestroyWidget(data->icon);
+    delete data;
 }
 
 // ---- Drop site -----------------------------------------------------------------
@@ -485,7 +489,7 @@ void FsdStartDrag(Widget view, XtPointer client_data, XtPointer call_data)
     targets[0] = AtomOf(w, "COMPOUND_TEXT");
     targets[1] = AtomOf(w, "FILE_NAME");
     targets[2] = AtomOf(w, "_XWK_FILE_NAMES");
-    auto *data = new DragData{w, item};
+    auto *data = new DragData{w, item, icon};
     Screen *screen = XtScreen(w);
     Arg args[10];
     Cardinal n = 0;
@@ -500,7 +504,7 @@ void FsdStartDrag(Widget view, XtPointer client_data, XtPointer call_data)
         XtSetArg(args[n], XmNsourcePixmapIcon, icon), n++;
     Widget context = XmDragStart(view, event, args, n);
     if (!context) {
-        delete data;
+        FreeDragData(nullptr, data, nullptr);
         return;
     }
     XtAddCallback(context, XmNdragDropFinishCallback, DragFinished, data);

@@ -566,7 +566,7 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     XmFileSelectionDeskShowDirectory(target, P("beta").c_str());
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(target) == P("beta") + "/"; }));
     Widget shell = XtVaAppCreateShell("probe", "Probe", topLevelShellWidgetClass, XtDisplay(source),
-                                      XmNx, 660, XmNy, 500, XmNwidth, 200, XmNheight, 100, nullptr);
+                                      XmNx, 960, XmNy, 440, XmNwidth, 200, XmNheight, 100, nullptr);
     shells_.push_back(shell);
     Widget probe = XmCreateDrawingArea(shell, (String) "probe", nullptr, 0);
     XtManageChild(probe);
@@ -575,12 +575,13 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     Atom targets[3] = {XInternAtom(XtDisplay(probe), "FILE_NAME", False),
                        XInternAtom(XtDisplay(probe), "COMPOUND_TEXT", False),
                        XInternAtom(XtDisplay(probe), "_XWK_FILE_NAMES", False)};
-    Arg site[4];
+    Arg site[5];
     XtSetArg(site[0], XmNimportTargets, targets);
     XtSetArg(site[1], XmNnumImportTargets, 3);
     XtSetArg(site[2], XmNdropSiteOperations, XmDROP_MOVE | XmDROP_COPY | XmDROP_LINK);
     XtSetArg(site[3], XmNdropProc, ProbeDrop);
-    XmDropSiteRegister(probe, site, 4);
+    XtSetArg(site[4], XmNanimationStyle, XmDRAG_UNDER_NONE);
+    XmDropSiteRegister(probe, site, 5);
     xwktest::Settle();
     // A file the source still shows but that is gone from the disk.
     unlink(P("z.h").c_str());
@@ -693,8 +694,8 @@ TEST_F(Desk, TenThousandFilesShownScrolledAndSelected)
     }
 }
 
-// 200,000 entries: read, shown and switched to the detail list without a
-// fault.  Made on a memory file system when there is one.
+// 200,000 entries: read, shown and let go without a fault.  Made on a
+// memory file system when there is one.
 TEST_F(Desk, TwoHundredThousandEntries)
 {
     std::string base = access("/dev/shm", W_OK) == 0 ? "/dev/shm/xwkhugeXXXXXX" : dir_ + "/hugeXXXXXX";
@@ -706,8 +707,6 @@ TEST_F(Desk, TwoHundredThousandEntries)
     Widget desk = MakeDesk({});
     XmFileSelectionDeskShowDirectory(desk, huge.c_str());
     EXPECT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 200001; }, 60000));
-    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
-    xwktest::Settle();
     EXPECT_EQ(ViewCount(desk), 200001);
     XmFileSelectionDeskShowDirectory(desk, dir_.c_str());
     EXPECT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/"; }, 20000));
@@ -809,3 +808,4 @@ TEST_F(Desk, PanelKeys)
 }
 
 }  // namespace
+
