@@ -227,18 +227,19 @@ protected:
         *x += px;
         *y += py;
     }
+    // A click on an item of the file view, with Ctrl or Shift (a mask) held.
     void ClickItem(Widget desk, const char *name, unsigned modifiers = 0)
     {
         Widget view = Part(desk).file_view;
         int x = 0, y = 0;
         ASSERT_TRUE(PointOf(desk, view, name, &x, &y)) << name;
         Display *dpy = XtDisplay(view);
-        KeyCode control = XKeysymToKeycode(dpy, XK_Control_L);
+        KeyCode key = XKeysymToKeycode(dpy, modifiers == ShiftMask ? XK_Shift_L : XK_Control_L);
         if (modifiers)
-            XTestFakeKeyEvent(dpy, control, True, CurrentTime);
+            XTestFakeKeyEvent(dpy, key, True, CurrentTime);
         xwktest::Click(view, x, y);
         if (modifiers)
-            XTestFakeKeyEvent(dpy, control, False, CurrentTime);
+            XTestFakeKeyEvent(dpy, key, False, CurrentTime);
         xwktest::Settle();
     }
     std::vector<std::string> Selected(Widget desk)
@@ -535,8 +536,9 @@ TEST_F(Desk, DialogButtonsAndSelection)
     EXPECT_TRUE(XmFileSelectionDeskUnhighlight(view));
 }
 
-// Several files picked with Control in the detail list; the selection
-// text follows the click and another representation keeps the selection.
+// Several files picked with Shift and Control in the detail list; the
+// selection text follows the click and another representation keeps the
+// selection.
 // Then a real drag with button 2 onto another desk, its tree, the desk's
 // own view and a drop site of another kind.
 TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
@@ -550,8 +552,12 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     XtAddCallback(source, XmNtransferDoneCallback, Dropped, nullptr);
     ClickItem(source, "a.c");
     EXPECT_EQ(SelectionText(source), P("a.c"));
-    ClickItem(source, "notes.txt", ControlMask);
+    ClickItem(source, "notes.txt", ShiftMask);
     EXPECT_EQ(SelectionText(source), P("notes.txt"));
+    const std::vector<std::string> three = {P("a.c"), P("b.c"), P("notes.txt")};
+    EXPECT_EQ(Selected(source), three);
+    ClickItem(source, "b.c", ControlMask);
+    EXPECT_EQ(SelectionText(source), P("b.c"));
     const std::vector<std::string> both = {P("a.c"), P("notes.txt")};
     EXPECT_EQ(Selected(source), both);
     XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
@@ -808,4 +814,5 @@ TEST_F(Desk, PanelKeys)
 }
 
 }  // namespace
+
 
