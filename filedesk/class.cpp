@@ -338,9 +338,13 @@ void SwapPanels(Widget w, XEvent *, String *, Cardinal *)
     }
     if (second < 0)
         return;
+    // Unmanaging the panels takes the focus from them: it goes back after.
+    Widget focus = XmGetFocusWidget(desk);
     XtUnmanageChildren(cw->composite.children, cw->composite.num_children);
     std::swap(cw->composite.children[first], cw->composite.children[second]);
     XtManageChildren(cw->composite.children, cw->composite.num_children);
+    if (focus)
+        XmProcessTraversal(focus, XmTRAVERSE_CURRENT);
 }
 
 void ChangeOrientation(Widget w, XEvent *, String *, Cardinal *)

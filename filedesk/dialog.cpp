@@ -59,7 +59,7 @@ void DeleteWindow(Widget, XtPointer client_data, XtPointer)
 struct DragData {
     Widget desk;
     FsdFileItem *item;
-    Widget icon;
+    Widget icon;  // the drag icon made for this drag, destroyed with it
 };
 
 Boolean ConvertDrag(Widget drag_context, Atom *selection, Atom *target, Atom *type, XtPointer *value,
@@ -133,7 +133,10 @@ void DragFinished(Widget drag_context, XtPointer client_data, XtPointer)
 
 void FreeDragData(Widget, XtPointer client_data, XtPointer)
 {
-    delete static_cast<DragData *>(client_data);
+    auto *data = static_cast<DragData *>(client_data);
+    if (data->icon)
+        XtDestroyWidget(data->icon);
+    delete data;
 }
 
 // ---- Drop site -----------------------------------------------------------------
@@ -144,6 +147,7 @@ struct DropTransfer {
     unsigned char operation;
     std::string directory;
     int pending;
+    bool delete_asked;  // the source is told once to remove what it gave
 };
 
 struct PendingOpen {
@@ -216,9 +220,8 @@ void TransferValue(Widget transfer, XtPointer client_data, Atom *, Atom *type, X
         open->timer = XtAppAddTimeOut(XtWidgetToApplicationContext(w), 0, DeliverOpen, open);
         p.pending_open = open;
     }
-    // DELETE and MOVE are not counted: their answers take pending below
-    // zero, so that they are asked for once.
-    if (drop->pending == 0 && p.pending_open && (drop->operation & XmDROP_MOVE)) {
+    if (drop->pending <= 0 && p.pending_open && (drop->operation & XmDROP_MOVE) && !drop->delete_asked) {
+        drop->delete_asked = true;
         XmDropTransferEntryRec entries[2] = {{drop, AtomOf(w, "DELETE")}, {drop, AtomOf(w, "MOVE")}};
         XmDropTransferAdd(transfer, entries, 2);
     }
@@ -266,7 +269,7 @@ void DropProc(Widget site, XtPointer, XtPointer call_data)
         if (data)
             directory = static_cast<FsdDirNode *>(data)->path;
     }
-    auto *drop = new DropTransfer{w, site, cbs->operation, directory, 0};
+    auto *drop = new DropTransfer{w, site, cbs->operation, directory, 0, false};
     static XmDropTransferEntryRec entries[2];
     int entry_count = 0;
     if (want_name)
@@ -505,9 +508,7 @@ void FsdStartDrag(Widget view, XtPointer client_data, XtPointer call_data)
         XtSetArg(args[n], XmNsourcePixmapIcon, icon), n++;
     Widget context = XmDragStart(view, event, args, n);
     if (!context) {
-        if (icon)
-            XtDestroyWidget(icon);
-        delete data;
+        FreeDragData(nullptr, data, nullptr);
         return;
     }
     XtAddCallback(context, XmNdragDropFinishCallback, DragFinished, data);

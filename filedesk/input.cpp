@@ -5,6 +5,7 @@
 
 #include <Xm/Text.h>
 #include <Xwk/ComboBox.h>
+#include <Xwk/PrjTreeP.h>
 #include <Xwk/Strings.h>
 
 #include <cstring>
@@ -96,6 +97,33 @@ void SetTextToEnd(Widget text, const char *value)
     XmTextSetInsertionPosition(text, XmTextGetLastPosition(text));
 }
 
+// The item's selected byte follows the view, so that another representation
+// shows the same selection.  A tree list's call data tell the state before
+// a press, so its row is asked.  An item selected alone, in a single
+// selection or by a press without Ctrl or Shift in a multiple one, leaves
+// the others unselected, and the view reports no other row.
+void FollowSelection(Widget w, FsdFileItem *item, XtPointer call_data)
+{
+    auto &p = FsdPart(w);
+    if (FsdIsDeskView(w)) {
+        item->selected = static_cast<XmPrjDeskCallbackStruct *>(call_data)->selected;
+    } else {
+        XmPrjTreeNode node = static_cast<XmPrjTreeCallbackStruct *>(call_data)->node;
+        auto *row = node ? static_cast<XmPrjTreeItem>(node->data) : nullptr;
+        item->selected = row && (row->flags & XmTREE_ITEM_SELECTED);
+    }
+    XEvent *event = EventOfCall(call_data);
+    bool alone = p.selection_policy != XmMULTIPLE_SELECT ||
+                 (event && event->type == ButtonPress && !(event->xbutton.state & (ControlMask | ShiftMask)));
+    if (!alone || !item->selected)
+        return;
+    for (int i = 0; i < p.entry_count; i++) {
+        FsdFileItem *other = p.entries[i]->item;
+        if (other && other != item)
+            other->selected = False;
+    }
+}
+
 }  // namespace
 
 void FsdSetDefaultButtonFor(Widget w, FsdFileItem *item)
@@ -131,16 +159,11 @@ void FsdViewSelection(Widget, XtPointer client_data, XtPointer call_data)
     Widget w = static_cast<Widget>(client_data);
     auto &p = FsdPart(w);
     FsdFileItem *item = ItemOfCall(w, call_data);
-    if (item) {
-        // The item's selected byte follows the view, so that another
-        // representation shows the same selection.
-        if (FsdIsDeskView(w))
-            item->selected = static_cast<XmPrjDeskCallbackStruct *>(call_data)->selected;
-        else
-            item->selected = static_cast<XmPrjTreeCallbackStruct *>(call_data)->selected;
-    }
+    // The current item set by a scan is no change of the selection: the
+    // bytes stay for the scan to select again.
     if ((p.flags & FSD_SELECTING_PROGRAMMATICALLY) || !item)
         return;
+    FollowSelection(w, item, call_data);
     if (p.selection_text)
         SetTextToEnd(p.selection_text, item->path);
     if (item->dir)

@@ -717,10 +717,19 @@ void FsdScan(Widget w)
         if (!refresh)
             SetCurrentInView(w, first);
         p.flags &= ~FSD_SELECTING_PROGRAMMATICALLY;
+        // In a multiple selection being current does not select: the new
+        // view gets the selection as it was, its current item included.
+        bool multiple = p.selection_policy == XmMULTIPLE_SELECT;
         for (int i = 0; i < count; i++) {
             FsdFileItem *item = table[i]->item;
-            if (item && item->selected && item->handle != first)
+            if (!item)
+                continue;
+            if (item->selected && (item->handle != first || multiple)) {
                 SelectInView(w, item->handle);
+            } else if (multiple && represent_only && item->handle == first && !FsdIsDeskView(w)) {
+                XmPrjTreeDeselectItem(p.file_view, static_cast<XmPrjTreeNode>(first));
+                XmPrjTreeUpdateNode(p.file_view, static_cast<XmPrjTreeNode>(first));
+            }
         }
     }
     int state = XmPrjTreeGetState(p.dir_tree, tree_item);

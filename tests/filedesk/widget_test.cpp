@@ -1,14 +1,18 @@
 // The file selection desk on a real server and a real file system: the
 // scan into the views, the four representations, filter patterns, refresh,
-// navigation by keys and clicks, the dialog with its buttons.
+// navigation by keys and clicks, the dialog with its buttons, selections of
+// several files, and files dragged from one desk to another.
 #include <gtest/gtest.h>
 
 #include <Xwk/Xwk.h>
 #include <Xwk/FileSDP.h>
+#include <Xwk/PrjTreeP.h>
 #include <Xm/DialogS.h>
 #include <Xm/Label.h>
 #include <Xm/PushB.h>
 #include <Xm/Text.h>
+#include <Xm/DragDrop.h>
+#include <Xm/DrawingA.h>
 #include <X11/keysym.h>
 #include <X11/extensions/XTest.h>
 
@@ -17,9 +21,11 @@
 #include <limits.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -40,6 +46,48 @@ void Remember(Widget, XtPointer, XtPointer call)
     auto *cbs = (FsdCallbackStruct *)call;
     records.push_back({cbs->reason, cbs->path ? cbs->path : "", cbs->directory ? cbs->directory : "",
                        cbs->name ? cbs->name : ""});
+}
+
+struct Drop {
+    int reason;
+    unsigned char operation;
+    std::string directory;
+    std::vector<std::string> files;
+};
+std::vector<Drop> drops;
+
+void Dropped(Widget, XtPointer, XtPointer call)
+{
+    auto *cbs = (FsdTransferDoneCallbackStruct *)call;
+    drops.push_back({cbs->reason, cbs->operation, cbs->directory, {cbs->files, cbs->files + cbs->count}});
+}
+
+// A plain drop site of another program's kind: it asks for every target
+// the desk exports and keeps the texts by their type.
+std::map<std::string, std::string> probed;
+
+void ProbeValue(Widget w, XtPointer, Atom *, Atom *type, XtPointer value, unsigned long *length, int *format)
+{
+    if (value && *format == 8) {
+        char *name = XGetAtomName(XtDisplay(w), *type);
+        probed[name] = std::string((char *)value, *length);
+        XFree(name);
+    }
+    XtFree((char *)value);
+}
+
+void ProbeDrop(Widget w, XtPointer, XtPointer call)
+{
+    auto *cbs = (XmDropProcCallbackStruct *)call;
+    static XmDropTransferEntryRec entries[3];
+    const char *names[] = {"FILE_NAME", "COMPOUND_TEXT", "_XWK_FILE_NAMES"};
+    for (int i = 0; i < 3; i++)
+        entries[i] = {nullptr, XInternAtom(XtDisplay(w), names[i], False)};
+    Arg args[3];
+    XtSetArg(args[0], XmNdropTransfers, entries);
+    XtSetArg(args[1], XmNnumDropTransfers, 3);
+    XtSetArg(args[2], XmNtransferProc, ProbeValue);
+    XmDropTransferStart(cbs->dragContext, args, 3);
 }
 
 std::string Cwd()
@@ -84,6 +132,8 @@ protected:
         ASSERT_EQ(symlink("alpha", P("to_alpha").c_str()), 0);
         ASSERT_EQ(symlink("nowhere", P("dangling").c_str()), 0);
         records.clear();
+        drops.clear();
+        probed.clear();
     }
     void TearDown() override
     {
@@ -151,13 +201,15 @@ protected:
     {
         for (int py = 2; py < view->core.height; py += 3)
             for (int px = 2; px < view->core.width; px += 3) {
-                XtPointer data = view == Part(desk).dir_tree
-                                     ? XmPrjTreeWhichItem(XmTREE_PART_ROW, px, py, view)
-                                     : XmPrjDeskWhichItem(view, px, py);
+                // On a row of the detail list only its label takes a click.
+                int part = view == Part(desk).dir_tree ? XmTREE_PART_ROW : XmTREE_PART_LABEL;
+                XtPointer data = XtIsSubclass(view, xmPrjDeskWidgetClass)
+                                     ? XmPrjDeskWhichItem(view, px, py)
+                                     : XmPrjTreeWhichItem(part, px, py, view);
                 if (!data)
                     continue;
                 bool tree = view == Part(desk).dir_tree;
-                std::string want = dir_ + "/" + name + "/";
+                std::string want = *name ? dir_ + "/" + name + "/" : dir_ + "/";
                 if (tree ? want == ((FsdDirNode *)data)->path : ((FsdFileItem *)data)->name == std::string(name)) {
                     *x = px;
                     *y = py;
@@ -165,6 +217,69 @@ protected:
                 }
             }
         return false;
+    }
+
+    // A directory of count names, hard links of one file made beside it:
+    // quick to make and to remove.
+    std::string LinkMany(const std::string &where, int count)
+    {
+        std::string one = where + ".one";
+        close(open(one.c_str(), O_CREAT | O_WRONLY, 0644));
+        EXPECT_EQ(mkdir(where.c_str(), 0755), 0);
+        char name[32];
+        for (int i = 0; i < count; i++) {
+            snprintf(name, sizeof name, "/f%06d.c", i);
+            if (link(one.c_str(), (where + name).c_str()) != 0) {
+                ADD_FAILURE() << where + name;
+                break;
+            }
+        }
+        return where;
+    }
+    // Root position of the item named name in a view (or tree) of a desk.
+    void RootPointOf(Widget desk, Widget view, const char *name, int *x, int *y)
+    {
+        int px = 0, py = 0;
+        ASSERT_TRUE(PointOf(desk, view, name, &px, &py)) << name;
+        xwktest::RootPosition(view, x, y);
+        *x += px;
+        *y += py;
+    }
+    // A click on an item of the file view, with Ctrl or Shift (a mask) held.
+    void ClickItem(Widget desk, const char *name, unsigned modifiers = 0)
+    {
+        Widget view = Part(desk).file_view;
+        int x = 0, y = 0;
+        ASSERT_TRUE(PointOf(desk, view, name, &x, &y)) << name;
+        Display *dpy = XtDisplay(view);
+        KeyCode key = XKeysymToKeycode(dpy, modifiers == ShiftMask ? XK_Shift_L : XK_Control_L);
+        if (modifiers)
+            XTestFakeKeyEvent(dpy, key, True, CurrentTime);
+        xwktest::Click(view, x, y);
+        if (modifiers)
+            XTestFakeKeyEvent(dpy, key, False, CurrentTime);
+        xwktest::Settle();
+    }
+    std::vector<std::string> Selected(Widget desk)
+    {
+        char **paths = nullptr;
+        int count = XmFileSelectionDeskGetSelectedItems(desk, &paths);
+        std::vector<std::string> out;
+        for (int i = 0; i < count; i++) {
+            out.push_back(paths[i] ? paths[i] : "(null)");
+            XtFree(paths[i]);
+        }
+        XtFree((char *)paths);
+        std::sort(out.begin(), out.end());
+        return out;
+    }
+    std::string SelectionText(Widget desk)
+    {
+        char *text = nullptr;
+        XtVaGetValues(desk, XmNselectionTextString, &text, nullptr);
+        std::string out = text ? text : "";
+        XtFree(text);
+        return out;
     }
 
     std::string start_;
@@ -195,9 +310,10 @@ TEST_F(Desk, ScanFillsViewTitleAndTree)
     Widget tree = Part(desk).dir_tree;
     for (const char *name : {"treeVertScrollBar", "treeHorizScrollBar"}) {
         Widget bar = XtNameToWidget(XtParent(tree), name);
-        if (bar && XtIsManaged(bar))
+        if (bar && XtIsManaged(bar)) {
             EXPECT_TRUE(bar->core.x >= tree->core.x + tree->core.width ||
                         bar->core.y >= tree->core.y + tree->core.height) << name;
+        }
     }
     // The working directory is left at the directory's "..", as documented;
     // absolute paths the application holds keep working.
@@ -427,59 +543,6 @@ TEST_F(Desk, NavigateByKeysAndClicks)
     EXPECT_EQ(records.back().name, dir_.substr(dir_.rfind('/') + 1));
 }
 
-struct Dropped {
-    unsigned char operation;
-    std::string directory;
-    std::vector<std::string> files;
-};
-std::vector<Dropped> drops;
-
-void RememberDrop(Widget, XtPointer, XtPointer call)
-{
-    auto *cbs = (FsdTransferDoneCallbackStruct *)call;
-    drops.push_back({cbs->operation, cbs->directory, std::vector<std::string>(cbs->files, cbs->files + cbs->count)});
-}
-
-TEST_F(Desk, MoveDropFromAnotherDesk)
-{
-    Widget from = MakeDesk({});
-    Widget desk = MakeDesk({}, 650);
-    XmFileSelectionDeskShowDirectory(desk, P("alpha").c_str());
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("alpha") + "/" && Part(desk).item_count == 2; }));
-    xwktest::Settle();
-    XtAddCallback(desk, XmNtransferDoneCallback, RememberDrop, nullptr);
-    drops.clear();
-    Widget source = Part(from).file_view, view = Part(desk).file_view;
-    int x = 0, y = 0;
-    ASSERT_TRUE(PointOf(from, source, "notes.txt", &x, &y));
-    int tx = view->core.width - 20, ty = view->core.height - 20;
-    ASSERT_EQ(XmPrjDeskWhichItem(view, tx, ty), nullptr);
-    Display *dpy = XtDisplay(desk);
-    int sx, sy, vx, vy;
-    xwktest::RootPosition(source, &sx, &sy);
-    xwktest::RootPosition(view, &vx, &vy);
-    ASSERT_LT(vx + tx, WidthOfScreen(XtScreen(desk)));
-    // Button 2 drags the file to the other desk's view, beside its items.
-    // The gesture is queued at once on a connection of its own, whose
-    // delays then hold back that connection only, not the drag.
-    Display *input = XOpenDisplay(DisplayString(dpy));
-    ASSERT_NE(input, nullptr);
-    XTestFakeMotionEvent(input, -1, sx + x, sy + y, 0);
-    XTestFakeButtonEvent(input, 2, True, 60);
-    for (int step = 1; step <= 8; step++)
-        XTestFakeMotionEvent(input, -1, sx + x + (vx + tx - sx - x) * step / 8,
-                             sy + y + (vy + ty - sy - y) * step / 8, 80);
-    XTestFakeButtonEvent(input, 2, False, 300);
-    XFlush(input);
-    bool dropped = xwktest::PumpUntil([&] { return !drops.empty(); });
-    XCloseDisplay(input);
-    ASSERT_TRUE(dropped);
-    EXPECT_EQ(drops.back().operation, XmDROP_MOVE);
-    EXPECT_EQ(drops.back().directory, P("alpha"));
-    ASSERT_EQ(drops.back().files.size(), 1u);
-    EXPECT_EQ(drops.back().files[0], P("notes.txt"));
-}
-
 TEST_F(Desk, TreeOnlyDesk)
 {
     Arg arg;
@@ -607,4 +670,283 @@ TEST_F(Desk, DialogButtonsAndSelection)
     EXPECT_TRUE(XmFileSelectionDeskUnhighlight(view));
 }
 
+// Several files picked with Shift and Control in the detail list; the
+// selection text follows the click and another representation keeps the
+// selection.
+// Then a real drag with button 2 onto another desk, its tree, the desk's
+// own view and a drop site of another kind.
+TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
+{
+    Arg args[4];
+    XtSetArg(args[0], XmNstyle, XmFILE_SELECTION_USE_ACTION_AREA);
+    XtSetArg(args[1], XmNselectionAppearance, XmAPPEARANCE_UNDER_DESK);
+    XtSetArg(args[2], XmNselectionPolicy, 1);
+    XtSetArg(args[3], XmNrepresentation, XmREPRESENTATION_DETAIL);
+    Widget source = MakeDesk({args, args + 4}, 0);
+    XtAddCallback(source, XmNtransferDoneCallback, Dropped, nullptr);
+    ClickItem(source, "a.c");
+    EXPECT_EQ(SelectionText(source), P("a.c"));
+    ClickItem(source, "notes.txt", ShiftMask);
+    EXPECT_EQ(SelectionText(source), P("notes.txt"));
+    const std::vector<std::string> three = {P("a.c"), P("b.c"), P("notes.txt")};
+    EXPECT_EQ(Selected(source), three);
+    ClickItem(source, "b.c", ControlMask);
+    EXPECT_EQ(SelectionText(source), P("b.c"));
+    const std::vector<std::string> both = {P("a.c"), P("notes.txt")};
+    EXPECT_EQ(Selected(source), both);
+    XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
+    xwktest::Settle();
+    EXPECT_EQ(Selected(source), both);
+    XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    xwktest::Settle();
+    EXPECT_EQ(Selected(source), both);
+
+    Widget target = MakeDesk({}, 660);
+    XtAddCallback(target, XmNtransferDoneCallback, Dropped, nullptr);
+    XmFileSelectionDeskShowDirectory(target, P("beta").c_str());
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(target) == P("beta") + "/"; }));
+    Widget shell = XtVaAppCreateShell("probe", "Probe", topLevelShellWidgetClass, XtDisplay(source),
+                                      XmNx, 960, XmNy, 440, XmNwidth, 200, XmNheight, 100, nullptr);
+    shells_.push_back(shell);
+    Widget probe = XmCreateDrawingArea(shell, (String) "probe", nullptr, 0);
+    XtManageChild(probe);
+    XtRealizeWidget(shell);
+    ASSERT_TRUE(xwktest::WaitViewable(probe));
+    Atom targets[3] = {XInternAtom(XtDisplay(probe), "FILE_NAME", False),
+                       XInternAtom(XtDisplay(probe), "COMPOUND_TEXT", False),
+                       XInternAtom(XtDisplay(probe), "_XWK_FILE_NAMES", False)};
+    Arg site[5];
+    XtSetArg(site[0], XmNimportTargets, targets);
+    XtSetArg(site[1], XmNnumImportTargets, 3);
+    XtSetArg(site[2], XmNdropSiteOperations, XmDROP_MOVE | XmDROP_COPY | XmDROP_LINK);
+    XtSetArg(site[3], XmNdropProc, ProbeDrop);
+    XtSetArg(site[4], XmNanimationStyle, XmDRAG_UNDER_NONE);
+    XmDropSiteRegister(probe, site, 5);
+    xwktest::Settle();
+    // A file the source still shows but that is gone from the disk.
+    unlink(P("z.h").c_str());
+
+    enum Site { kTargetView, kTargetTree, kOwnView, kProbe };
+    struct Case {
+        const char *item;  // dragged from the source; nullptr: icons, and no item selected
+        Site site;
+        std::vector<std::string> files;  // what the desk receives, relative to dir_
+        const char *directory;           // where, relative to dir_; "" is dir_
+        std::map<std::string, std::string> values;  // what the probe receives
+    } cases[] = {
+        {"notes.txt", kTargetView, {"a.c", "notes.txt"}, "beta", {}},
+        {"notes.txt", kProbe, {}, nullptr,
+         {{"FILE_NAME", "notes.txt"}, {"COMPOUND_TEXT", "notes.txt"}, {"_XWK_FILE_NAMES", "a.c|notes.txt"}}},
+        {"b.c", kOwnView, {}, nullptr, {}},
+        {nullptr, kTargetView, {}, nullptr, {}},
+        {"a.c", kTargetView, {"a.c"}, "beta", {}},
+        {"alpha", kTargetTree, {"alpha"}, "", {}},  // the tree's row of dir_, above beta
+        {"z.h", kTargetView, {}, nullptr, {}},
+        {"alpha", kProbe, {}, nullptr,
+         {{"FILE_NAME", "alpha/"}, {"COMPOUND_TEXT", "alpha/"}, {"_XWK_FILE_NAMES", "alpha"}}},
+    };
+    for (const Case &c : cases) {
+        if (!c.item) {
+            XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
+            xwktest::Settle();
+            ClickItem(source, "notes.txt", ControlMask);
+            ClickItem(source, "a.c", ControlMask);
+            EXPECT_EQ(XmFileSelectionDeskGetSelectedItemsCount(source), 0);
+            continue;
+        }
+        SCOPED_TRACE(std::string(c.item) + " to " + std::to_string(c.site));
+        drops.clear();
+        probed.clear();
+        int x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+        RootPointOf(source, Part(source).file_view, c.item, &x0, &y0);
+        if (c.site == kTargetView)
+            RootPointOf(target, Part(target).file_view, "..", &x1, &y1);
+        else if (c.site == kTargetTree)  // the middle of the row, clear of the edge
+            RootPointOf(target, Part(target).dir_tree, "", &x1, &y1), x1 += 40;
+        else if (c.site == kOwnView)
+            RootPointOf(source, Part(source).file_view, "b.c", &x1, &y1);
+        else
+            xwktest::RootPosition(probe, &x1, &y1), x1 += 50, y1 += 50;
+        xwktest::DragPointer(source, x0, y0, x1, y1);
+        if (c.site == kProbe) {
+            ASSERT_TRUE(xwktest::PumpUntil([&] { return probed.size() == 3; }));
+            for (auto &[target_name, value] : c.values) {
+                std::string want;
+                for (size_t at = 0; at <= value.size();) {
+                    size_t bar = std::min(value.find('|', at), value.size());
+                    want += (want.empty() ? "" : "|") + P(value.substr(at, bar - at).c_str());
+                    at = bar + 1;
+                }
+                EXPECT_EQ(probed[target_name], want) << target_name;
+            }
+            continue;
+        }
+        if (c.files.empty()) {
+            xwktest::Pump(300);
+            EXPECT_TRUE(drops.empty());
+            continue;
+        }
+        ASSERT_TRUE(xwktest::PumpUntil([&] { return !drops.empty(); }));
+        ASSERT_EQ(drops.size(), 1u);
+        EXPECT_EQ(drops[0].reason, XmCR_OK);
+        EXPECT_EQ(drops[0].operation, XmDROP_MOVE);
+        EXPECT_EQ(drops[0].directory, *c.directory ? P(c.directory) : dir_);
+        std::vector<std::string> want;
+        for (const std::string &f : c.files)
+            want.push_back(P(f.c_str()));
+        EXPECT_EQ(drops[0].files, want);
+    }
+}
+
+// A directory of 10,000 files in the detail list and in icons: all shown,
+// the end reached by keys scrolls the view and selects the last file.
+TEST_F(Desk, TenThousandFilesShownScrolledAndSelected)
+{
+    std::string big = LinkMany(P("big"), 10000);
+    Arg arg;
+    XtSetArg(arg, XmNrepresentation, XmREPRESENTATION_DETAIL);
+    Widget desk = MakeDesk({arg});
+    XtAddCallback(desk, XmNsingleSelectionCallback, Remember, nullptr);
+    XmFileSelectionDeskShowDirectory(desk, big.c_str());
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == big + "/"; }, 20000));
+    for (unsigned char representation : {XmREPRESENTATION_DETAIL, XmREPRESENTATION_SMALL_ICONS}) {
+        SCOPED_TRACE(int(representation));
+        XtVaSetValues(desk, XmNrepresentation, representation, nullptr);
+        xwktest::Settle();
+        EXPECT_EQ(Part(desk).item_count, 10001);
+        EXPECT_EQ(ViewCount(desk), 10001);
+        Widget view = Part(desk).file_view;
+        if (representation == XmREPRESENTATION_DETAIL)
+            ClickItem(desk, "..");  // the keyboard goes to the view, and stays with it
+        xwktest::PressKey(XtDisplay(desk), XK_Home, ControlMask);
+        xwktest::Settle();
+        records.clear();
+        xwktest::PressKey(XtDisplay(desk), XK_End, ControlMask);
+        ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+        EXPECT_EQ(records.back().reason, XmCR_SINGLE_SELECT);
+        EXPECT_EQ(records.back().path, big + "/f009999.c");
+        int x = 0, y = 0;
+        if (XtIsSubclass(view, xmPrjDeskWidgetClass))
+            XmPrjDeskGetOrigins(view, &x, &y);
+        else
+            XmPrjTreeGetOrigins(view, &x, &y);
+        EXPECT_GT(x + y, 0);
+    }
+}
+
+// 200,000 entries: read, shown and let go without a fault.  Made on a
+// memory file system when there is one.
+TEST_F(Desk, TwoHundredThousandEntries)
+{
+    std::string base = access("/dev/shm", W_OK) == 0 ? "/dev/shm/xwkhugeXXXXXX" : dir_ + "/hugeXXXXXX";
+    std::vector<char> tmpl(base.begin(), base.end());
+    tmpl.push_back(0);
+    ASSERT_NE(mkdtemp(tmpl.data()), nullptr);
+    std::string top = tmpl.data();
+    std::string huge = LinkMany(top + "/huge", 200000);
+    Widget desk = MakeDesk({});
+    XmFileSelectionDeskShowDirectory(desk, huge.c_str());
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 200001; }, 60000));
+    EXPECT_EQ(ViewCount(desk), 200001);
+    XmFileSelectionDeskShowDirectory(desk, dir_.c_str());
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/"; }, 20000));
+    std::string cmd = "rm -rf '" + top + "'";
+    EXPECT_EQ(system(cmd.c_str()), 0);
+}
+
+// Root reads and writes everything: the icons are chosen for another user
+// and group, set in the library's globals.
+TEST_F(Desk, IconsFollowTheUsersPermissions)
+{
+    ASSERT_EQ(mkdir(P("locked").c_str(), 0700), 0);
+    ASSERT_EQ(mkdir(P("open").c_str(), 0777), 0);
+    ASSERT_EQ(chmod(P("open").c_str(), 0777), 0);
+    struct AnotherUser {
+        int uid = xwkUID, count = xwkNumGIDs, *gids = xwkGIDs, mine[1] = {4242};
+        AnotherUser() { xwkUID = 4242, xwkGIDs = mine, xwkNumGIDs = 1; }
+        ~AnotherUser() { xwkUID = uid, xwkGIDs = gids, xwkNumGIDs = count; }
+    } another_user;
+    Arg arg;
+    XtSetArg(arg, XmNuseDenyWriteIcon, True);
+    Widget desk = MakeDesk({arg});
+    auto item = [&](const char *name) -> FsdFileItem * {
+        for (int i = 0; i < Part(desk).entry_count; i++)
+            if (FsdFileItem *it = Part(desk).entries[i]->item; it && std::strcmp(it->name, name) == 0)
+                return it;
+        ADD_FAILURE() << name;
+        return nullptr;
+    };
+    auto icon = [&](const char *resource) {
+        XtPointer value = nullptr;
+        XtVaGetValues(desk, resource, &value, nullptr);
+        EXPECT_NE(value, nullptr) << resource;
+        return value;
+    };
+    struct Case {
+        const char *name;
+        const char *large, *small;  // the icon resources of the icon views and of the detail list
+    } cases[] = {
+        {"locked", XmNdeskDirDenyReadIcon, XmNtreeDirDenyReadIcon},
+        {"alpha", XmNdeskDirDenyWriteIcon, XmNtreeDirDenyWriteIcon},
+        {"open", XmNdeskDirIcon, XmNtreeDirIcon},
+        {"..", XmNdeskDirUpIcon, XmNtreeDirUpIcon},
+        {"run", XmNdeskExecIcon, XmNtreeRegularIcon},
+        {"a.c", XmNdeskRegularIcon, XmNtreeRegularIcon},
+    };
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    xwktest::Settle();
+    for (const Case &c : cases) {
+        FsdFileItem *it = item(c.name);
+        ASSERT_NE(it, nullptr);
+        EXPECT_EQ(it->large_icon, icon(c.large)) << c.name;
+        EXPECT_EQ(it->small_icon, icon(c.small)) << c.name;
+    }
+    // The unreadable directory cannot be chosen in the tree, nor entered
+    // from the view.
+    XmPrjTreeNode locked = XmPrjTreeFindItemOneLevel(
+        Part(desk).dir_tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item, "locked");
+    ASSERT_NE(locked, nullptr);
+    EXPECT_FALSE(((XmPrjTreeItem)locked->data)->flags & XmTREE_ITEM_SELECTABLE);
+    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
+    xwktest::Settle();
+    ClickItem(desk, "locked");
+    ClickItem(desk, "locked");
+    xwktest::Pump(300);
+    EXPECT_EQ(Shown(desk), dir_ + "/");
+}
+
+// The keys of both panels: Tab flips between view and tree in a desk that
+// is a shell's child, Ctrl+U swaps the panels, Ctrl+O turns the paned
+// window; the focus stays where it was.
+TEST_F(Desk, PanelKeys)
+{
+    Widget desk = MakeDesk({});
+    Display *dpy = XtDisplay(desk);
+    Widget left = Part(desk).left_form, right = Part(desk).right_form, paned = Part(desk).paned_window;
+    Widget view = Part(desk).file_view, tree = Part(desk).dir_tree;
+    ClickItem(desk, "a.c");
+    ASSERT_EQ(XmGetFocusWidget(desk), view);
+    EXPECT_LT(left->core.x, right->core.x);
+    xwktest::PressKey(dpy, XK_Tab);
+    xwktest::Settle();
+    EXPECT_EQ(XmGetFocusWidget(desk), tree);
+    xwktest::PressKey(dpy, XK_u, ControlMask);
+    xwktest::Settle();
+    EXPECT_GT(left->core.x, right->core.x);
+    EXPECT_EQ(XmGetFocusWidget(desk), tree);
+    xwktest::PressKey(dpy, XK_Tab);
+    xwktest::Settle();
+    EXPECT_EQ(XmGetFocusWidget(desk), view);
+    unsigned char before = 0, after = 0;
+    XtVaGetValues(paned, XmNorientation, &before, nullptr);
+    xwktest::PressKey(dpy, XK_o, ControlMask);
+    xwktest::Settle();
+    XtVaGetValues(paned, XmNorientation, &after, nullptr);
+    EXPECT_NE(after, before);
+    EXPECT_EQ(XmGetFocusWidget(desk), view);
+    EXPECT_GT(left->core.y, right->core.y);  // the swapped panels, now one above the other
+}
+
 }  // namespace
+
+

@@ -260,6 +260,47 @@ void PressKey(Display *dpy, KeySym sym, unsigned modifiers_mask)
     XSync(dpy, False);
 }
 
+namespace {
+struct Gesture {
+    Display *dpy;
+    int screen;
+    int x0, y0, x1, y1;
+    unsigned button;
+    int steps, step_ms, step;
+    bool done;
+    XtIntervalId timer;
+};
+
+void GestureStep(XtPointer closure, XtIntervalId *)
+{
+    auto *g = static_cast<Gesture *>(closure);
+    if (++g->step <= g->steps) {
+        XTestFakeMotionEvent(g->dpy, g->screen, g->x0 + (g->x1 - g->x0) * g->step / g->steps,
+                             g->y0 + (g->y1 - g->y0) * g->step / g->steps, CurrentTime);
+        g->timer = XtAppAddTimeOut(App(), g->step_ms, GestureStep, g);
+    } else {
+        XTestFakeButtonEvent(g->dpy, g->button, False, CurrentTime);
+        g->done = true;
+        g->timer = 0;
+    }
+    XFlush(g->dpy);
+}
+}  // namespace
+
+void DragPointer(Widget w, int x0, int y0, int x1, int y1, unsigned button, int steps, int step_ms)
+{
+    Gesture g{XtDisplay(w), XScreenNumberOfScreen(XtScreen(w)), x0, y0, x1, y1, button, steps, step_ms, 0, false, 0};
+    PointerTo(g.dpy, XtScreen(w), x0, y0);
+    XTestFakeButtonEvent(g.dpy, button, True, CurrentTime);
+    XFlush(g.dpy);
+    g.timer = XtAppAddTimeOut(App(), step_ms, GestureStep, &g);
+    if (!PumpUntil([&] { return g.done; }, (steps + 2) * step_ms + 5000)) {
+        XtRemoveTimeOut(g.timer);
+        XTestFakeButtonEvent(g.dpy, button, False, CurrentTime);
+    }
+    Settle();
+}
+
 void TypeText(Display *dpy, const char *text)
 {
     for (const char *p = text; *p; p++) {

@@ -46,6 +46,14 @@ void MovePointer(Display *dpy, int root_x, int root_y);
 void Click(Widget w, int x, int y, unsigned button = 1);
 void ClickCenter(Widget w, unsigned button = 1);
 void PressKey(Display *dpy, KeySym sym, unsigned modifiers_mask = 0);
+// A drag with the button: down at (x0, y0) in root coordinates, then the
+// pointer moves in steps of step_ms to (x1, y1), and the button comes up.
+// Each step is sent from a timer on the widget's own connection, so that a
+// modal loop the press starts (a Motif drag, which may grab the server)
+// plays the gesture as it comes.  Returns when the button is up and the
+// events are handled.
+void DragPointer(Widget w, int x0, int y0, int x1, int y1, unsigned button = 2, int steps = 10,
+                 int step_ms = 30);
 void TypeText(Display *dpy, const char *text);
 
 // A second client: can it take the pointer and the keyboard right now?
