@@ -239,8 +239,10 @@ protected:
     // Root position of the item named name in a view (or tree) of a desk.
     void RootPointOf(Widget desk, Widget view, const char *name, int *x, int *y)
     {
+        // After a drop the views refresh from a timer: wait for the item.
         int px = 0, py = 0;
-        ASSERT_TRUE(PointOf(desk, view, name, &px, &py)) << name;
+        ASSERT_TRUE(xwktest::PumpUntil([&] { return PointOf(desk, view, name, &px, &py); }))
+            << name;
         xwktest::RootPosition(view, x, y);
         *x += px;
         *y += py;
