@@ -7,8 +7,11 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
+#include <Xwk/Graphics.h>
+
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace xwktest {
 
@@ -79,6 +82,52 @@ void ClickTitle(Widget shell);
 bool HasFocus(Widget shell);
 // Position of a top-level window among the root's children, bottom first.
 int StackingIndex(Display *dpy, Window top);
+
+// ---- Shared pieces of the widget tests ----
+// A top-level pop-up shell of the application StartApp made.
+Widget Shell(const char *name, int width, int height);
+// Manages w, pops its shell up and waits until w is on the screen.
+void Show(Widget w, Widget shell, int pump_ms = 150);
+// Pumps past the multi-click time, so that the next click is a first one.
+void PastMultiClick(Widget w);
+// Holds down (or lets go of) the modifier keys of the mask through XTest.
+void HoldModifiers(Display *dpy, unsigned mask, bool down);
+// Button pressed (held) and released with the pointer at a place of the
+// widget; MoveTo moves the pointer there.  Each pumps for ms after.
+void MoveTo(Widget w, int x, int y, int ms = 50);
+void Press(Widget w, int x, int y, unsigned button = 1, int ms = 50);
+void Release(Widget w, unsigned button = 1, int ms = 50);
+// A click with modifier keys held.
+void ClickWith(Widget w, int x, int y, unsigned modifiers, unsigned button = 1);
+// An icon of one colour (an XPM colour name or #RRGGBB), width x height.
+XwkIcon *SolidIcon(Widget w, int width, int height, const char *colour);
+
+// The Xt warnings and X errors that come while it stands.
+class Warnings {
+public:
+    Warnings();
+    ~Warnings();
+    Warnings(const Warnings &) = delete;
+    Warnings &operator=(const Warnings &) = delete;
+    std::vector<std::string> texts;
+    int XErrors();  // after a round trip
+};
+
+// A private temporary directory, removed with all it holds.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir &) = delete;
+    TempDir &operator=(const TempDir &) = delete;
+    // The directory itself, or a name in it.
+    std::string Path(const std::string &name = "") const;
+    // Writes (replaces) a file in it and returns its path; reads one back.
+    std::string Write(const std::string &name, const std::string &text) const;
+    std::string Read(const std::string &name) const;
+private:
+    std::string dir_;
+};
 
 // Pixels read back from the server.
 class Capture {

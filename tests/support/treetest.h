@@ -1,0 +1,73 @@
+// Shared pieces of the tree list tests: the instance part, rows added in
+// one call, and a list on a shell of its own.
+#ifndef XWK_TREE_TEST_H
+#define XWK_TREE_TEST_H
+
+#include <Xwk/Xwk.h>
+#include <Xwk/PrjTreeP.h>
+#include <Xm/XmP.h>
+
+#include <initializer_list>
+#include <utility>
+#include <vector>
+
+#include "xwktest.h"
+
+namespace treetest {
+
+inline XmPrjTreePart &Part(Widget w)
+{
+    return ((XmPrjTreeWidget)w)->tree;
+}
+
+inline XmPrjTreeNode AddRow(Widget tree, XmPrjTreeNode parent, const char *label,
+                            int state = XmSLAM_CLOSE, long data = 0)
+{
+    return XmPrjTreeAddItem(tree, parent, (char *)label, nullptr, (XtPointer)data, state, nullptr,
+                            nullptr, nullptr);
+}
+
+using Args = std::initializer_list<std::pair<const char *, XtArgVal>>;
+
+// A list (scrolled or bare) on a shell of its own; Up() shows it.
+struct Window {
+    Widget shell, tree;
+    explicit Window(Args args = {}, int width = 240, int height = 200, bool scrolled = true,
+                    const char *name = "list")
+    {
+        shell = xwktest::Shell("trees", width, height);
+        std::vector<Arg> a;
+        for (auto &[n, v] : args)
+            a.push_back({(String)n, v});
+        tree = scrolled ? XmCreateScrolledTreeList(shell, (String)name, a.data(), (Cardinal)a.size())
+                        : XmCreatePrjTree(shell, (String)name, a.data(), (Cardinal)a.size());
+    }
+    ~Window()
+    {
+        XtDestroyWidget(shell);
+        xwktest::Settle();
+    }
+    void Up(int pump_ms = 150) { xwktest::Show(tree, shell, pump_ms); }
+    // Top and middle of a shown row, counted from the top row, in the list.
+    int RowTop(int row)
+    {
+        XmPrjTreePart &t = Part(tree);
+        Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
+        return t.treeMarginHeight + shadow + (row - t.topRow) * t.rowHeight;
+    }
+    int RowMiddle(int row) { return RowTop(row) + Part(tree).rowHeight / 2; }
+    void ClickRow(int row, unsigned mods = 0, int x = 60)
+    {
+        xwktest::ClickWith(tree, x, RowMiddle(row), mods);
+        xwktest::Pump(80);
+    }
+    void Key(KeySym sym, unsigned mods = 0, int ms = 80)
+    {
+        xwktest::PressKey(XtDisplay(tree), sym, mods);
+        xwktest::Pump(ms);
+    }
+};
+
+}  // namespace treetest
+
+#endif
