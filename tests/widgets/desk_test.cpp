@@ -51,18 +51,6 @@ XmPrjDeskPart &Part(Widget w)
     return ((XmPrjDeskWidget)w)->desk;
 }
 
-// A solid icon of one colour, of any size.
-XwkIcon *SolidIcon(Widget w, int width, int height, const char *colour)
-{
-    std::string header = std::to_string(width) + " " + std::to_string(height) + " 1 1";
-    std::string colours = std::string("x c ") + colour;
-    std::string row(width, 'x');
-    std::vector<char *> data{(char *)header.c_str(), (char *)colours.c_str()};
-    for (int i = 0; i < height; i++)
-        data.push_back((char *)row.c_str());
-    return XwkIconCreateFromData(w, data.data());
-}
-
 int Inset(Widget w, bool across)
 {
     auto *pw = (XmPrimitiveWidget)w;
@@ -77,14 +65,12 @@ struct Desk {
     Desk(int n, unsigned char policy = XmSINGLE_SELECT, int width = 360, int height = 260,
          bool with_icons = true)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("desk", topLevelShellWidgetClass, app, XmNwidth, width,
-                                     XmNheight, height, NULL);
+        shell = xwktest::Shell("desk", width, height);
         Arg args[1];
         XtSetArg(args[0], XmNselectionPolicy, policy);
         desk = XmCreateScrolledDeskList(shell, (String) "icons", args, 1);
         if (with_icons)
-            icon = SolidIcon(desk, 16, 16, "#FF0000");
+            icon = xwktest::SolidIcon(desk, 16, 16, "#FF0000");
         for (const char *name :
              {"selectionChanged", "singleSelectionCallback", "multipleSelectionCallback",
               "defaultActionCallback", "startDragCallback", "focusCallback"})
@@ -96,11 +82,7 @@ struct Desk {
             items.push_back(XmPrjDeskAddItem(desk, label, icon, (XtPointer)(long)(i + 1)));
         }
         XmPrjDeskSetEditable(desk, True);
-        XtManageChild(desk);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(desk));
-        xwktest::Pump(150);
-        xwktest::Settle();
+        xwktest::Show(desk, shell);
         calls.clear();
     }
     ~Desk()
@@ -140,35 +122,15 @@ struct Desk {
     {
         int x, y;
         LabelCentre(index, &x, &y);
-        Display *dpy = XtDisplay(desk);
-        KeyCode ctrl = XKeysymToKeycode(dpy, XK_Control_L), shift = XKeysymToKeycode(dpy, XK_Shift_L);
-        if (mods & ControlMask)
-            XTestFakeKeyEvent(dpy, ctrl, True, CurrentTime);
-        if (mods & ShiftMask)
-            XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
-        xwktest::Click(desk, x, y, button);
-        if (mods & ShiftMask)
-            XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
-        if (mods & ControlMask)
-            XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
+        xwktest::ClickWith(desk, x, y, mods, button);
         xwktest::Pump(60);
     }
     void Drag(int x1, int y1, int x2, int y2, unsigned button = 1)
     {
-        Display *dpy = XtDisplay(desk);
-        int rx, ry;
-        xwktest::RootPosition(desk, &rx, &ry);
-        xwktest::MovePointer(dpy, rx + x1, ry + y1);
-        XTestFakeButtonEvent(dpy, button, True, CurrentTime);
-        XSync(dpy, False);
-        xwktest::Pump(30);
-        for (int step = 1; step <= 4; step++) {
-            xwktest::MovePointer(dpy, rx + x1 + (x2 - x1) * step / 4, ry + y1 + (y2 - y1) * step / 4);
-            xwktest::Pump(30);
-        }
-        XTestFakeButtonEvent(dpy, button, False, CurrentTime);
-        XSync(dpy, False);
-        xwktest::Pump(60);
+        xwktest::Press(desk, x1, y1, button, 30);
+        for (int step = 1; step <= 4; step++)
+            xwktest::MoveTo(desk, x1 + (x2 - x1) * step / 4, y1 + (y2 - y1) * step / 4, 30);
+        xwktest::Release(desk, button, 60);
     }
     int SelectedCount() { return XmPrjDeskGetSelectedItemCount(desk); }
     bool IsSelected(int index)
@@ -287,7 +249,7 @@ TEST(DeskInput, ClicksTogglesAndDoubleClick)
         Desk s(16, c.policy);
         for (auto &click : c.clicks) {
             s.ClickItem(click.first, click.second);
-            xwktest::Pump(XtGetMultiClickTime(XtDisplay(s.desk)) + 50);
+            xwktest::PastMultiClick(s.desk);
         }
         std::vector<int> got;
         for (int i = 0; i < 16; i++)
@@ -315,7 +277,7 @@ TEST(DeskInput, ClicksTogglesAndDoubleClick)
     EXPECT_EQ(dflt->data.position, 3);
     EXPECT_EQ(std::string(dflt->data.label), "item 002");
     // A double click on two items gives no default action.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(s.desk)) + 50);
+    xwktest::PastMultiClick(s.desk);
     calls.clear();
     s.ClickItem(3);
     s.ClickItem(4);
@@ -353,21 +315,13 @@ TEST(DeskInput, RubberBandScrollsWhileOutside)
 {
     Desk s(300, XmMULTIPLE_SELECT);
     XmPrjDeskPart &d = Part(s.desk);
-    Display *dpy = XtDisplay(s.desk);
-    int rx, ry;
-    xwktest::RootPosition(s.desk, &rx, &ry);
-    xwktest::MovePointer(dpy, rx + Inset(s.desk, true) - 1, ry + Inset(s.desk, false) + 2);
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    xwktest::Pump(30);
+    xwktest::Press(s.desk, Inset(s.desk, true) - 1, Inset(s.desk, false) + 2, 1, 30);
     // The band is anchored where the first motion finds the pointer.
-    xwktest::MovePointer(dpy, rx + Inset(s.desk, true), ry + Inset(s.desk, false) + 3);
-    xwktest::Pump(30);
-    xwktest::MovePointer(dpy, rx + 40, ry + s.desk->core.height / 2);
-    xwktest::Pump(30);
-    xwktest::MovePointer(dpy, rx + 40, ry + s.desk->core.height + 30);
+    xwktest::MoveTo(s.desk, Inset(s.desk, true), Inset(s.desk, false) + 3, 30);
+    xwktest::MoveTo(s.desk, 40, s.desk->core.height / 2, 30);
+    xwktest::MoveTo(s.desk, 40, s.desk->core.height + 30, 0);
     xwktest::PumpUntil([&] { return d.topRow >= 3; }, 3000);
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    xwktest::Pump(60);
+    xwktest::Release(s.desk, 1, 60);
     EXPECT_GE(d.topRow, 3);
     int value = 0;
     XtVaGetValues(d.scrollBar, XmNvalue, &value, NULL);
@@ -413,19 +367,13 @@ TEST(DeskInput, KeysAndWheelScrollByRows)
     EXPECT_EQ(value, d.topRow);
     // A plain wheel click moves half a page, with Shift one row.
     int top = d.topRow;
-    int rx, ry;
-    xwktest::RootPosition(s.desk, &rx, &ry);
-    xwktest::MovePointer(XtDisplay(s.desk), rx + 5, ry + 5);
     int page = 0;
     XtVaGetValues(d.scrollBar, XmNpageIncrement, &page, NULL);
-    Display *dpy = XtDisplay(s.desk);
-    XTestFakeButtonEvent(dpy, 5, True, CurrentTime);
-    XTestFakeButtonEvent(dpy, 5, False, CurrentTime);
-    xwktest::Pump(80);
+    xwktest::Press(s.desk, 5, 5, 5, 0);
+    xwktest::Release(s.desk, 5, 80);
     EXPECT_EQ(d.topRow, top + page - page / 2);
-    XTestFakeButtonEvent(dpy, 4, True, CurrentTime);
-    XTestFakeButtonEvent(dpy, 4, False, CurrentTime);
-    xwktest::Pump(80);
+    xwktest::Press(s.desk, 5, 5, 4, 0);
+    xwktest::Release(s.desk, 4, 80);
     EXPECT_EQ(d.topRow, top);
     // The rows shown after a scroll are painted: the icon of the top row.
     xwktest::Capture cap(s.desk);
@@ -452,21 +400,14 @@ TEST(DeskInput, DragGestureStartsWithReason5046)
     for (auto &c : cases) {
         XtVaSetValues(xmdisplay, XmNenableBtn1Transfer, c.transfer, NULL);
         s.ClickItem(2);
-        xwktest::Pump(XtGetMultiClickTime(XtDisplay(s.desk)) + 50);
+        xwktest::PastMultiClick(s.desk);
         calls.clear();
         int x, y;
         s.LabelCentre(2, &x, &y);
         // Held no longer than the multi-click time, so only motion drags.
-        Display *dpy = XtDisplay(s.desk);
-        int rx, ry;
-        xwktest::RootPosition(s.desk, &rx, &ry);
-        xwktest::MovePointer(dpy, rx + x, ry + y);
-        XTestFakeButtonEvent(dpy, c.button, True, CurrentTime);
-        xwktest::Pump(20);
-        xwktest::MovePointer(dpy, rx + x + c.move, ry + y);
-        xwktest::Pump(20);
-        XTestFakeButtonEvent(dpy, c.button, False, CurrentTime);
-        xwktest::Pump(60);
+        xwktest::Press(s.desk, x, y, c.button, 20);
+        xwktest::MoveTo(s.desk, x + c.move, y, 20);
+        xwktest::Release(s.desk, c.button, 60);
         const Call *drag = Last("startDragCallback");
         EXPECT_EQ(drag != nullptr, c.drag) << (int)c.transfer << " " << c.move;
         if (drag) {
@@ -577,15 +518,11 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
     Desk s(60);
     XtTranslations own = XtParseTranslationTable("<Key>F5: DeskKbdKey(5)");
     XtOverrideTranslations(s.desk, own);
-    Widget form = XtVaCreatePopupShell("clone", topLevelShellWidgetClass, xwktest::StartApp(),
-                                       XmNwidth, 200, XmNheight, 160, NULL);
+    Widget form = xwktest::Shell("clone", 200, 160);
     Arg args[1];
     XtSetArg(args[0], XmNmother, s.desk);
     Widget clone = XmCreateScrolledDeskList(form, (String) "view", args, 1);
-    XtManageChild(clone);
-    XtPopup(form, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(clone));
-    xwktest::Pump(150);
+    xwktest::Show(clone, form);
     WidgetList clones = nullptr;
     Cardinal count = 0;
     XtVaGetValues(clone, XmNclones, &clones, XmNnumClones, &count, NULL);
@@ -634,8 +571,7 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
 // A clone cannot outlive its mother: it goes with her.
 TEST(DeskClones, GoWithTheirMother)
 {
-    Widget shell = XtVaCreatePopupShell("later", topLevelShellWidgetClass, xwktest::StartApp(),
-                                        XmNwidth, 200, XmNheight, 160, NULL);
+    Widget shell = xwktest::Shell("later", 200, 160);
     {
         Desk s(5);
         Arg args[1];

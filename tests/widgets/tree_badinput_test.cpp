@@ -8,9 +8,11 @@
 #include <Xm/Label.h>
 #include <X11/Shell.h>
 
-#include "xwktest.h"
+#include "treetest.h"
 
 namespace {
+
+using treetest::AddRow;
 
 Boolean StopAtOnce(XmPrjTreeNode, XtPointer, XtPointer)
 {
@@ -44,8 +46,7 @@ int CallEverything(Widget w, XmPrjTreeNode node)
     Dimension width = 0, height = 0;
     int x = 0, y = 0;
 
-    note(XmPrjTreeAddItem(w, node, "a", nullptr, nullptr, XmSLAM_OPEN, nullptr, nullptr,
-                          nullptr) != nullptr);
+    note(AddRow(w, node, "a", XmSLAM_OPEN) != nullptr);
     note(XmPrjTreeAddSimpleItemToItem(w, node, "b", nullptr, nullptr) != nullptr);
     note(XmPrjTreeAddSimpleItem(w, "c", nullptr) != nullptr);
     XmPrjTreeAddDeleteItemCallback(w, node, NoteDeleted, &deleted);

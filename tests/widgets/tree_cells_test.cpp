@@ -18,9 +18,11 @@
 #include <string>
 #include <vector>
 
-#include "xwktest.h"
+#include "treetest.h"
 
 namespace {
+
+using treetest::AddRow;
 
 XmPrjTreePart &Part(Widget w)
 {
@@ -54,8 +56,7 @@ struct Sheet {
     }
     XmPrjTreeNode Add(const char *label)
     {
-        return XmPrjTreeAddItem(tree, nullptr, label, nullptr, nullptr, XmSLAM_UNDEFINED, nullptr,
-                                nullptr, nullptr);
+        return AddRow(tree, nullptr, label, XmSLAM_UNDEFINED);
     }
     void Up()
     {
@@ -313,8 +314,7 @@ TEST(TreeCells, ReturnStopsAtTheEditorEscapeGoesOn)
     XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,
                   XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNbottomAttachment,
                   XmATTACH_WIDGET, XmNbottomWidget, ok, NULL);
-    XmPrjTreeAddItem(tree, nullptr, "a|b", nullptr, nullptr, XmSLAM_UNDEFINED, nullptr, nullptr,
-                     nullptr);
+    AddRow(tree, nullptr, "a|b", XmSLAM_UNDEFINED);
     XtManageChild(tree);
     XtPopup(shell, XtGrabNone);
     ASSERT_TRUE(xwktest::WaitViewable(tree));
@@ -431,8 +431,7 @@ TEST(TreeCells, ClonesStayInStep)
     for (int i = 0; i < 20; i++) {
         char label[32];
         snprintf(label, sizeof label, "k%02d|v%d", i, i);
-        XmPrjTreeAddItem(clone, nullptr, label, nullptr, nullptr, XmSLAM_UNDEFINED, nullptr,
-                         nullptr, nullptr);
+        AddRow(clone, nullptr, label, XmSLAM_UNDEFINED);
     }
     XtManageChild(mother);
     XtManageChild(clone);
@@ -458,10 +457,6 @@ TEST(TreeCells, ClonesStayInStep)
     XtDestroyWidget(shell);
     xwktest::Pump(50);
 }
-
-}  // namespace
-
-namespace {
 
 TEST(TreeCells, ColumnHiddenWhileEdited)
 {

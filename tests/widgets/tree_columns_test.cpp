@@ -13,9 +13,11 @@
 #include <string>
 #include <vector>
 
-#include "xwktest.h"
+#include "treetest.h"
 
 namespace {
+
+using treetest::AddRow;
 
 XmPrjTreePart &Part(Widget w)
 {
@@ -124,8 +126,7 @@ void Fill(Widget tree)
 {
     const char *rows[] = {"beta|20|text", "alpha|3|image", "gamma|100|text", "delta|7|binary"};
     for (const char *r : rows)
-        XmPrjTreeAddItem(tree, nullptr, r, nullptr, nullptr, XmSLAM_UNDEFINED, nullptr, nullptr,
-                         nullptr);
+        AddRow(tree, nullptr, r, XmSLAM_UNDEFINED);
 }
 
 TEST(TreeColumns, TitleItemsAndColumnOperations)
@@ -162,8 +163,7 @@ TEST(TreeColumns, TitleItemsAndColumnOperations)
     // Cells: too many pieces go into the last cell, too few leave empty ones.
     XmPrjTreeNode a = XmPrjTreeAddItem(t.tree, nullptr, "x|1|a|b|c", nullptr, nullptr,
                                        XmSLAM_UNDEFINED, nullptr, nullptr, nullptr);
-    XmPrjTreeNode b = XmPrjTreeAddItem(t.tree, nullptr, "|", nullptr, nullptr, XmSLAM_UNDEFINED,
-                                       nullptr, nullptr, nullptr);
+    XmPrjTreeNode b = AddRow(t.tree, nullptr, "|", XmSLAM_UNDEFINED);
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, a, 3), "a|b|c");
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, b, 1), "");
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, b, 3), "");

@@ -13,54 +13,28 @@
 #include <string>
 #include <vector>
 
-#include "xwktest.h"
+#include "treetest.h"
 
 namespace {
 
-std::vector<std::string> warnings;
+using treetest::AddRow;
+using treetest::Part;
 
-void CollectWarning(String name, String, String, String def, String *, Cardinal *)
+bool Warned(const xwktest::Warnings &log, const char *text)
 {
-    warnings.push_back(def ? def : name);
+    for (auto &w : log.texts)
+        if (w.find(text) != std::string::npos)
+            return true;
+    return false;
 }
 
-XmPrjTreePart &Part(Widget w)
-{
-    return ((XmPrjTreeWidget)w)->tree;
-}
-
-struct Shown {
-    Widget shell, tree;
+struct Shown : treetest::Window {
     Shown(bool slam, int width = 240, int height = 200, bool scrolled = true)
+        : Window({{XmNcanSlam, slam}}, width, height, scrolled)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("drawn", topLevelShellWidgetClass, app, XmNwidth, width,
-                                     XmNheight, height, NULL);
-        Arg args[2];
-        XtSetArg(args[0], XmNcanSlam, slam);
-        tree = scrolled ? XmCreateScrolledTreeList(shell, (String) "list", args, 1)
-                        : XmCreatePrjTree(shell, (String) "list", args, 1);
     }
-    void Up()
-    {
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(tree));
-        xwktest::Pump(150);
-        xwktest::Settle();
-    }
-    ~Shown() { XtDestroyWidget(shell); }
-    Pixel Get(const char *name)
-    {
-        Pixel p = 0;
-        XtVaGetValues(tree, name, &p, NULL);
-        return p;
-    }
-    int RowY(int row)
-    {
-        Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
-        return Part(tree).treeMarginHeight + shadow + row * Part(tree).rowHeight;
-    }
+    Pixel Get(const char *name) { return xwktest::PixelOf(tree, name); }
+    int RowY(int row) { return RowTop(row); }
 };
 
 TEST(TreeGeometry, RowHeightEvenAndPageRule)
@@ -178,10 +152,8 @@ TEST(TreeGeometry, EmptyListHasNoLabelHeight)
     EXPECT_EQ(row, pads);
     EXPECT_EQ(t.labelHeight, 0);
 
-    XmPrjTreeNode a = XmPrjTreeAddItem(s.tree, nullptr, "one", nullptr, nullptr, XmSLAM_UNDEFINED,
-                                       nullptr, nullptr, nullptr);
-    XmPrjTreeNode b = XmPrjTreeAddItem(s.tree, nullptr, "two", nullptr, nullptr, XmSLAM_UNDEFINED,
-                                       nullptr, nullptr, nullptr);
+    XmPrjTreeNode a = AddRow(s.tree, nullptr, "one", XmSLAM_UNDEFINED);
+    XmPrjTreeNode b = AddRow(s.tree, nullptr, "two", XmSLAM_UNDEFINED);
     Dimension label = t.labelHeight;
     ASSERT_GT(label, 0);
     XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
@@ -203,9 +175,8 @@ TEST(TreeGeometry, EmptyListHasNoLabelHeight)
 
 TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
 {
-    warnings.clear();
-    XtAppSetWarningMsgHandler(xwktest::App(), CollectWarning);
     Shown s(false);
+    xwktest::Warnings log;
     XmPrjTreeAddSimpleItem(s.tree, "one", nullptr);
     s.Up();
     Dimension before = Part(s.tree).rowHeight;
@@ -215,23 +186,17 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
     XmPrjTreeNode node = XmPrjTreeGetFirstNode(s.tree);
     XmPrjTreeSetItemAttributes(s.tree, node, &tall, nullptr, nullptr, nullptr);
     EXPECT_EQ(Part(s.tree).rowHeight, before);
-    bool warned = false;
-    for (auto &w : warnings)
-        warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
-    EXPECT_TRUE(warned);
+    EXPECT_TRUE(Warned(log, "Item icon height is not reasonable"));
     XmPrjTreeSetItemAttributes(s.tree, node, nullptr, nullptr, nullptr, nullptr);
     // Added the fast way, the tall icon is only seen by the next pass,
     // which refuses it too.
-    warnings.clear();
+    log.texts.clear();
     XmPrjTreeNode tall_row = XmPrjTreeAddSimpleItemToItem(s.tree, nullptr, "tall", &tall, nullptr);
     xwktest::Settle();
     XmPrjTreeResizeWindow(s.tree, True);
     xwktest::Settle();
     EXPECT_LE(Part(s.tree).rowHeight, HeightOfScreen(XtScreen(s.tree)));
-    warned = false;
-    for (auto &w : warnings)
-        warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
-    EXPECT_TRUE(warned);
+    EXPECT_TRUE(Warned(log, "Item icon height is not reasonable"));
     XmPrjTreeDeleteItem(s.tree, tall_row);
     XmPrjTreeResizeWindow(s.tree, True);
     EXPECT_EQ(Part(s.tree).rowHeight, before);
@@ -239,21 +204,17 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
     // and the list still paints.
     Dimension pad = 0;
     XtVaGetValues(s.tree, XmNvFontPad, &pad, NULL);
-    warnings.clear();
+    log.texts.clear();
     XtVaSetValues(s.tree, XmNvFontPad, 20000, NULL);
     xwktest::Settle();
     EXPECT_EQ(Part(s.tree).rowHeight, before);
-    warned = false;
-    for (auto &w : warnings)
-        warned = warned || w.find("Item label height is not reasonable") != std::string::npos;
-    EXPECT_TRUE(warned);
+    EXPECT_TRUE(Warned(log, "Item label height is not reasonable"));
     {
         xwktest::Capture c(s.tree);
         EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowY(0), 60, before), 0);
     }
     XtVaSetValues(s.tree, XmNvFontPad, pad, NULL);
     EXPECT_EQ(Part(s.tree).rowHeight, before);
-    XtAppSetWarningMsgHandler(xwktest::App(), nullptr);
 }
 
 TEST(TreePaint, HighlightMarkComesAndGoesWithoutClearing)
@@ -291,13 +252,10 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
 {
     Shown s(true);
     XtVaSetValues(s.tree, XmNactiveBackground, xwktest::PixelOf(s.tree, XmNforeground), NULL);
-    XmPrjTreeNode a = XmPrjTreeAddItem(s.tree, nullptr, "alpha", nullptr, nullptr, XmSLAM_OPEN,
-                                       nullptr, nullptr, nullptr);
-    XmPrjTreeNode a1 = XmPrjTreeAddItem(s.tree, a, "child", nullptr, nullptr, XmSLAM_CLOSE, nullptr,
-                                        nullptr, nullptr);
-    XmPrjTreeAddItem(s.tree, a1, "grand", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(s.tree, nullptr, "beta", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
-                     nullptr);
+    XmPrjTreeNode a = AddRow(s.tree, nullptr, "alpha", XmSLAM_OPEN);
+    XmPrjTreeNode a1 = AddRow(s.tree, a, "child");
+    AddRow(s.tree, a1, "grand");
+    AddRow(s.tree, nullptr, "beta");
     s.Up();
     XmPrjTreePart &t = Part(s.tree);
     Pixel bg = xwktest::PixelOf(s.tree, XmNbackground);
@@ -338,19 +296,11 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
     }
 }
 
-const char *square[] = {"16 16 2 1", "  c None", "x c #0000FF",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx"};
-
 TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
 {
     Shown s(false);
     XtVaSetValues(s.tree, XmNuseDashLine, False, NULL);
-    XwkIcon *icon = XwkIconCreateFromData(s.tree, (char **)square);
+    XwkIcon *icon = xwktest::SolidIcon(s.tree, 16, 16, "#0000FF");
     ASSERT_NE(icon, nullptr);
     XmPrjTreeNode a = XmPrjTreeAddSimpleItemToItem(s.tree, nullptr, "top", icon, nullptr);
     XmPrjTreeNode b = XmPrjTreeAddSimpleItemToItem(s.tree, a, "one", icon, nullptr);
@@ -388,35 +338,20 @@ TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
     XwkIconFree(s.tree, icon);
 }
 
-const char *solid9[] = {"9 9 1 1", "x c #FF0000",
-                        "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx",
-                        "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx"};
-
 // A nested row's state icon stands centred on the trunk's joint, and a
 // press finds it exactly where it is painted.
 TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
 {
-    Widget app = xwktest::StartApp();
-    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, app, NULL);
-    XwkIcon *red = XwkIconCreateFromData(probe, (char **)solid9);
+    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, xwktest::StartApp(), NULL);
+    XwkIcon *red = xwktest::SolidIcon(probe, 9, 9, "#FF0000");
     ASSERT_NE(red, nullptr);
-    Widget shell = XtVaCreatePopupShell("joint", topLevelShellWidgetClass, app, XmNwidth, 240,
-                                        XmNheight, 200, NULL);
-    Arg args[2];
-    XtSetArg(args[0], XmNcanSlam, True);
-    XtSetArg(args[1], XmNclosedStateIcon, red);
-    Widget tree = XmCreateScrolledTreeList(shell, (String) "list", args, 2);
-    XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, nullptr, XmSLAM_OPEN,
-                                         nullptr, nullptr, nullptr);
-    XmPrjTreeNode mid = XmPrjTreeAddItem(tree, top, "mid", nullptr, nullptr, XmSLAM_CLOSE,
-                                         nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(tree, mid, "leaf", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(tree, top, "last", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(tree));
-    xwktest::Pump(150);
-    xwktest::Settle();
+    auto *w = new treetest::Window({{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)red}});
+    Widget tree = w->tree;
+    XmPrjTreeNode top = AddRow(tree, nullptr, "top", XmSLAM_OPEN);
+    XmPrjTreeNode mid = AddRow(tree, top, "mid");
+    AddRow(tree, mid, "leaf");
+    AddRow(tree, top, "last");
+    w->Up();
     XmPrjTreePart &t = Part(tree);
     ASSERT_TRUE(t.treeTrunkDrawing);
     ASSERT_EQ(t.rowHeight % 2, 0);
@@ -451,7 +386,7 @@ TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
         EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_STATE_ICON, x, bottom + 1, tree), nullptr);
         EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_INDENT, x, bottom + 1, tree), mid);
     }
-    XtDestroyWidget(shell);
+    delete w;
     XwkIconFree(probe, red);
     XtDestroyWidget(probe);
 }
@@ -476,28 +411,18 @@ std::pair<int, int> Span(Widget w, unsigned long pixel, int y, int h)
 // would stand.
 TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
 {
-    Widget app = xwktest::StartApp();
-    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, app, NULL);
-    XwkIcon *red = XwkIconCreateFromData(probe, (char **)solid9);
-    XwkIcon *blue = XwkIconCreateFromData(probe, (char **)square);
+    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, xwktest::StartApp(), NULL);
+    XwkIcon *red = xwktest::SolidIcon(probe, 9, 9, "#FF0000");
+    XwkIcon *blue = xwktest::SolidIcon(probe, 16, 16, "#0000FF");
     ASSERT_TRUE(red && blue);
-    Widget shell = XtVaCreatePopupShell("columns", topLevelShellWidgetClass, app, XmNwidth, 260,
-                                        XmNheight, 200, NULL);
-    Arg args[3];
-    XtSetArg(args[0], XmNcanSlam, True);
-    XtSetArg(args[1], XmNclosedStateIcon, red);
-    XtSetArg(args[2], XmNtreeTrunkDrawing, False);
-    Widget tree = XmCreateScrolledTreeList(shell, (String) "list", args, 3);
-    XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, nullptr, XmSLAM_OPEN,
-                                         nullptr, nullptr, nullptr);
+    auto *w = new treetest::Window(
+        {{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)red}, {XmNtreeTrunkDrawing, False}}, 260);
+    Widget tree = w->tree;
+    XmPrjTreeNode top = AddRow(tree, nullptr, "top", XmSLAM_OPEN);
     XmPrjTreeNode mid = XmPrjTreeAddItem(tree, top, "mid", blue, nullptr, XmSLAM_CLOSE, nullptr,
                                          nullptr, nullptr);
-    XmPrjTreeAddItem(tree, mid, "leaf", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(tree));
-    xwktest::Pump(150);
-    xwktest::Settle();
+    AddRow(tree, mid, "leaf");
+    w->Up();
     XmPrjTreePart &t = Part(tree);
     ASSERT_EQ(t.iconWidth, 16);
     Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
@@ -518,26 +443,16 @@ TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
     int label = icon.first + 16 + t.hPad;
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, label, y1 + 2, tree), mid);
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, label - 1, y1 + 2, tree), nullptr);
-    XtDestroyWidget(shell);
+    delete w;
 
     // Per row, with no fruitless icon anywhere.
-    shell = XtVaCreatePopupShell("perrow", topLevelShellWidgetClass, app, XmNwidth, 260,
-                                 XmNheight, 200, NULL);
-    Arg more[3];
-    XtSetArg(more[0], XmNcanSlam, True);
-    XtSetArg(more[1], XmNslamPolicy, XmSLAM_PER_ROW);
-    XtSetArg(more[2], XmNfruitlessStateIcon, NULL);
-    tree = XmCreateScrolledTreeList(shell, (String) "list", more, 3);
-    XmPrjTreeNode p = XmPrjTreeAddItem(tree, nullptr, "p", nullptr, nullptr, XmSLAM_OPEN, nullptr,
-                                       nullptr, nullptr);
-    XmPrjTreeNode u1 = XmPrjTreeAddItem(tree, nullptr, "u1", nullptr, nullptr, XmSLAM_UNDEFINED,
-                                        nullptr, nullptr, nullptr);
-    XmPrjTreeNode u2 = XmPrjTreeAddItem(tree, p, "u2", nullptr, nullptr, XmSLAM_UNDEFINED, nullptr,
-                                        nullptr, nullptr);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(tree));
-    xwktest::Pump(150);
+    w = new treetest::Window(
+        {{XmNcanSlam, True}, {XmNslamPolicy, XmSLAM_PER_ROW}, {XmNfruitlessStateIcon, 0}}, 260);
+    tree = w->tree;
+    XmPrjTreeNode p = AddRow(tree, nullptr, "p", XmSLAM_OPEN);
+    XmPrjTreeNode u1 = AddRow(tree, nullptr, "u1", XmSLAM_UNDEFINED);
+    XmPrjTreeNode u2 = AddRow(tree, p, "u2", XmSLAM_UNDEFINED);
+    w->Up();
     XmPrjTreePart &r = Part(tree);
     ASSERT_EQ(r.iconWidth, 0);
     ASSERT_GT(r.stateIconWidth, 0);
@@ -554,15 +469,11 @@ TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
     // "u1" at level 1: the icon x itself.
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders, row_y(2), tree), u1);
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders - 1, row_y(2), tree), nullptr);
-    XtDestroyWidget(shell);
+    delete w;
     XwkIconFree(probe, red);
     XwkIconFree(probe, blue);
     XtDestroyWidget(probe);
 }
-
-}  // namespace
-
-namespace {
 
 const char *masked[] = {"8 8 2 1", "  c None", "x c #FF0000",
                         "xxxxxxxx", "x      x", "x      x", "x      x",
@@ -635,12 +546,12 @@ TEST(TreeCreation, ScrolledWindowNamesAndTheSlamPolicyWarning)
     EXPECT_EQ(work, inner);
     EXPECT_NE(xwktest::FindWidget(own, "treeVertScrollBar"), nullptr);
     XtDestroyWidget(own);
-    warnings.clear();
-    XtAppSetWarningMsgHandler(xwktest::App(), CollectWarning);
-    XtVaSetValues(named, XmNslamPolicy, XmSLAM_PER_ROW, NULL);
-    XtAppSetWarningMsgHandler(xwktest::App(), nullptr);
-    ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_NE(warnings[0].find("You can't change slam policy on the fly!"), std::string::npos);
+    {
+        xwktest::Warnings log;
+        XtVaSetValues(named, XmNslamPolicy, XmSLAM_PER_ROW, NULL);
+        ASSERT_EQ(log.texts.size(), 1u);
+        EXPECT_TRUE(Warned(log, "You can't change slam policy on the fly!"));
+    }
     unsigned char policy = 0;
     XtVaGetValues(named, XmNslamPolicy, &policy, NULL);
     EXPECT_EQ(policy, XmSLAM_PER_ROW);

@@ -13,9 +13,11 @@
 #include <string>
 #include <vector>
 
-#include "xwktest.h"
+#include "treetest.h"
 
 namespace {
+
+using treetest::AddRow;
 
 XmPrjTreePart &Part(Widget w)
 {
@@ -118,8 +120,7 @@ TEST_P(RowIndex, RowAtAPositionAfterChanges)
         case 1: {
             char label[32];
             snprintf(label, sizeof label, "late%d", round);
-            nodes.push_back(XmPrjTreeAddItem(l.tree, n, label, nullptr, nullptr, XmSLAM_OPEN,
-                                             nullptr, nullptr, nullptr));
+            nodes.push_back(AddRow(l.tree, n, label, XmSLAM_OPEN));
             break;
         }
         case 2:
@@ -214,12 +215,10 @@ void DeleteClicked(Widget w, XtPointer, XtPointer call)
 TEST(RowCallbacks, CallbacksThatDeleteTheRowsInHand)
 {
     Live l(true);
-    XmPrjTreeNode a = XmPrjTreeAddItem(l.tree, nullptr, "a", nullptr, nullptr, XmSLAM_OPEN, nullptr,
-                                       nullptr, nullptr);
-    XmPrjTreeNode a1 = XmPrjTreeAddItem(l.tree, a, "a1", nullptr, nullptr, XmSLAM_OPEN, nullptr,
-                                        nullptr, nullptr);
-    XmPrjTreeAddItem(l.tree, nullptr, "b", nullptr, nullptr, XmSLAM_OPEN, nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(l.tree, nullptr, "c", nullptr, nullptr, XmSLAM_OPEN, nullptr, nullptr, nullptr);
+    XmPrjTreeNode a = AddRow(l.tree, nullptr, "a", XmSLAM_OPEN);
+    XmPrjTreeNode a1 = AddRow(l.tree, a, "a1", XmSLAM_OPEN);
+    AddRow(l.tree, nullptr, "b", XmSLAM_OPEN);
+    AddRow(l.tree, nullptr, "c", XmSLAM_OPEN);
     xwktest::Settle();
     // Making a1 current tells selectionChanged, which deletes a1's parent.
     XtAddCallback(l.tree, XmNselectionChanged, DeleteCurrentOnChange, nullptr);
@@ -277,10 +276,6 @@ TEST(RowMarks, HighlightTopItemAndOrigins)
     EXPECT_EQ(y, 0);
     EXPECT_FALSE(XtIsManaged(Part(l.tree).vScrollBar));
 }
-
-}  // namespace
-
-namespace {
 
 TEST(RowViews, CloneShowsTheMothersRows)
 {
