@@ -150,9 +150,7 @@ TEST(Controls, RadioBoxesByClicks)
     EXPECT_EQ(name_of(r->toggles[0]), "xwkRadioBox");
     EXPECT_EQ(r->count, 3);
     SetRadioBox(desk, 6.0f, 0.5f, "Wide", "A\0B\0C", -3, 0, &stretched);
-    unsigned char right = 0;
-    XtVaGetValues(stretched->widget, XmNrightAttachment, &right, NULL);
-    EXPECT_EQ(right, XmATTACH_FORM);
+    EXPECT_EQ(xwktest::Get<unsigned char>(stretched->widget, XmNrightAttachment), XmATTACH_FORM);
     EXPECT_EQ(((XwkToggleItem *)stretched)->count, 3);
     // Without item texts the toggles still come, empty, as many as asked.
     XwkDeskItem *bare = nullptr, *bare_menu = nullptr;
@@ -226,9 +224,7 @@ TEST(Controls, OptionMenuFollowsTheChoice)
     int selected = 0;
     GetOptionMenu(option, &selected);
     EXPECT_EQ(selected, 3) << "clamped to the count";
-    Widget history = nullptr;
-    XtVaGetValues(option->widget, XmNmenuHistory, &history, NULL);
-    EXPECT_EQ(history, o->buttons[2]);
+    EXPECT_EQ(xwktest::Get<Widget>(option->widget, XmNmenuHistory), o->buttons[2]);
     open(desk);
 
     Widget cascade = XmOptionButtonGadget(option->widget);
@@ -338,18 +334,14 @@ TEST(Controls, EditFieldsReadWhatWasTyped)
     XtFree(shown);
 
     // Layout by gap: beside the title, at a distance, or below it.
-    Dimension lw = 0;
-    XtVaGetValues(n->title, XtNwidth, &lw, NULL);
-    EXPECT_EQ(nfield->width, lw + n->text->core.width);
+    EXPECT_EQ(nfield->width, xwktest::Get<Dimension>(n->title, XtNwidth) + n->text->core.width);
     XwkEditItem *r = (XwkEditItem *)rfield;
     int left = 0;
     XtVaGetValues(r->text, XmNleftOffset, &left, NULL);
     EXPECT_EQ(left, 84 + 14) << "the gap plus the desk position";
     EXPECT_EQ(rfield->width, r->text->core.width + 84);
     XwkEditItem *s = (XwkEditItem *)sfield;
-    Dimension th = 0;
-    XtVaGetValues(s->title, XtNheight, &th, NULL);
-    EXPECT_EQ(sfield->height, th + s->text->core.height);
+    EXPECT_EQ(sfield->height, xwktest::Get<Dimension>(s->title, XtNheight) + s->text->core.height);
     // Beside the field, the title stands centred on its line; above it, at the top.
     for (XwkEditItem *f : {n, r, s}) {
         Dimension lh = 0;

@@ -131,9 +131,7 @@ TEST(Desk, ButtonsShareOneWidthAndTheLastStandsRight)
     Widget area = desk->action;
     EXPECT_EQ(desk->buttons[2]->core.x + desk->buttons[2]->core.width + 5, (int)area->core.width);
     EXPECT_EQ(desk->buttons[0]->core.x, 5);
-    KeySym mnemonic = 0;
-    XtVaGetValues(desk->buttons[2], XmNmnemonic, &mnemonic, NULL);
-    EXPECT_EQ(mnemonic, (KeySym)'H');
+    EXPECT_EQ(xwktest::Get<KeySym>(desk->buttons[2], XmNmnemonic), (KeySym)'H');
     WidgetList buttons = nullptr;
     EXPECT_EQ(XwkGetActionButtons(desk->panes, &buttons), 3);
     EXPECT_EQ(buttons[1], desk->buttons[1]);

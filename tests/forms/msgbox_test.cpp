@@ -379,9 +379,7 @@ TEST_F(MessageBox, ModelessBoxStaysUntilDeleted)
     int result = condit(nullptr, "Modeless", 2, "Stays", nullptr, 0, -1, 2);
     EXPECT_EQ(result, -1) << "no answer yet";
     ASSERT_NE(xwkConditWidget, nullptr);
-    unsigned char style = 0;
-    XtVaGetValues(xwkConditWidget, XmNdialogStyle, &style, NULL);
-    EXPECT_EQ(style, XmDIALOG_MODELESS);
+    EXPECT_EQ(xwktest::Get<unsigned char>(xwkConditWidget, XmNdialogStyle), XmDIALOG_MODELESS);
     Widget shell = XtParent(xwkConditWidget);
     bool destroyed = false;
     XtAddCallback(shell, XtNdestroyCallback,

@@ -213,9 +213,7 @@ TEST(Shells, TransientChildIsCentredAndClamped)
     Widget child = XtVaCreatePopupShell("child", transientShellWidgetClass, shell, XmNwidth, 200,
                                         XmNheight, 100, NULL);
     XwkSetTransientFor(parent, child);
-    Widget transient_for = nullptr;
-    XtVaGetValues(child, XtNtransientFor, &transient_for, NULL);
-    EXPECT_EQ(transient_for, parent);
+    EXPECT_EQ(xwktest::Get<Widget>(child, XtNtransientFor), parent);
     EXPECT_EQ(child->core.x, 100 + 100);
     EXPECT_EQ(child->core.y, 120 + 100);
 

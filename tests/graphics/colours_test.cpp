@@ -278,9 +278,7 @@ TEST(Converters, SelectColourNamesAndFonts)
     // A label built from the converted table draws with it.
     Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, shell,
                                            XtVaTypedArg, XmNrenderTable, XmRString, "fixed", 6, NULL);
-    XmRenderTable used = nullptr;
-    XtVaGetValues(label, XmNrenderTable, &used, NULL);
-    EXPECT_NE(used, nullptr);
+    EXPECT_NE(xwktest::Get<XmRenderTable>(label, XmNrenderTable), nullptr);
     XtDestroyWidget(label);
 }
 

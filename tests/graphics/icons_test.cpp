@@ -350,9 +350,7 @@ TEST(DragIcons, FromAnIconOrEmpty)
     EXPECT_EQ(depth, 1u);
     EXPECT_NE(pixmap, 0u);
     Widget second = XwkCreateDragIconWidget(shell, nullptr);
-    Pixmap pixmap2 = 0;
-    XtVaGetValues(second, XmNpixmap, &pixmap2, NULL);
-    EXPECT_EQ(pixmap2, pixmap);
+    EXPECT_EQ(xwktest::Get<Pixmap>(second, XmNpixmap), pixmap);
     XtDestroyWidget(drag);
     XtDestroyWidget(empty);
     XtDestroyWidget(second);

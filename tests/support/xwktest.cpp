@@ -341,6 +341,13 @@ int Capture::height() const
     return image_->height;
 }
 
+unsigned long NamedPixel(Widget w, const char *name)
+{
+    XColor c, exact;
+    XAllocNamedColor(XtDisplay(w), DefaultColormapOfScreen(XtScreen(w)), name, &c, &exact);
+    return c.pixel;
+}
+
 unsigned long PixelOf(Widget w, const char *resource)
 {
     Pixel p = 0;

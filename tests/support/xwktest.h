@@ -148,6 +148,16 @@ private:
 };
 
 unsigned long PixelOf(Widget w, const char *resource);  // e.g. XmNbackground
+// A named colour allocated in the default colormap of the widget's screen.
+unsigned long NamedPixel(Widget w, const char *name);
+
+// One resource of a widget, read with XtVaGetValues.
+template <class T> T Get(Widget w, const char *resource)
+{
+    T value{};
+    XtVaGetValues(w, resource, &value, nullptr);
+    return value;
+}
 
 }  // namespace xwktest
 

@@ -114,9 +114,7 @@ TEST(ToolCfgDesk, ControlsShowAndReadBackTheItems)
     EXPECT_TRUE(IDECfgSetSensitivity(tool, "-I", False));
     ClickAndSettle(ToggleOf(debug, 0));
     EXPECT_TRUE(XmToggleButtonGetState(ToggleOf(debug, 0)));
-    Boolean editable = True;
-    XtVaGetValues(text, XmNeditable, &editable, NULL);
-    EXPECT_FALSE(editable);
+    EXPECT_FALSE(xwktest::Get<Boolean>(text, XmNeditable));
     EXPECT_TRUE(IDECfgSetSensitivity(tool, "-g", True));
     ClickAndSettle(ToggleOf(debug, 0));
     EXPECT_FALSE(XmToggleButtonGetState(ToggleOf(debug, 0)));

@@ -230,9 +230,7 @@ TEST(ComboBox, WheelScrollsTheListAndLeavesItUp)
     XtVaGetValues(list, XmNtopItemPosition, &top, NULL);
     xwktest::ClickCenter(list, 5);
     xwktest::Settle();
-    int after = 0;
-    XtVaGetValues(list, XmNtopItemPosition, &after, NULL);
-    EXPECT_GT(after, top);
+    EXPECT_GT(xwktest::Get<int>(list, XmNtopItemPosition), top);
     EXPECT_TRUE(f.listUp());
     xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
@@ -294,9 +292,7 @@ TEST(ComboBox, BadValuesAndEmptyLists)
     XwkComboBoxDeleteItem(f.combo, missing, True);
     XwkComboBoxAddItem(f.combo, missing, 0, True);
     XwkComboBoxAddItem(f.combo, missing, 0, True);
-    int count = 0;
-    XtVaGetValues(XwkComboBoxGetList(f.combo), XmNitemCount, &count, NULL);
-    EXPECT_EQ(count, 1);
+    EXPECT_EQ(xwktest::Get<int>(XwkComboBoxGetList(f.combo), XmNitemCount), 1);
     EXPECT_EQ(f.Text(), "missing");
     XmStringFree(missing);
 }

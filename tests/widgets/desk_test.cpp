@@ -323,9 +323,7 @@ TEST(DeskInput, RubberBandScrollsWhileOutside)
     xwktest::PumpUntil([&] { return d.topRow >= 3; }, 3000);
     xwktest::Release(s.desk, 1, 60);
     EXPECT_GE(d.topRow, 3);
-    int value = 0;
-    XtVaGetValues(d.scrollBar, XmNvalue, &value, NULL);
-    EXPECT_EQ(value, d.topRow);
+    EXPECT_EQ(xwktest::Get<int>(d.scrollBar, XmNvalue), d.topRow);
     // The band reaches from the first row to the rows scrolled in.
     EXPECT_TRUE(s.IsSelected(0));
     EXPECT_TRUE(s.IsSelected((d.topRow + d.visibleRows - 1) * d.columns));
@@ -362,9 +360,7 @@ TEST(DeskInput, KeysAndWheelScrollByRows)
     int step = d.visibleRows > 1 ? d.visibleRows - 1 : 1;
     EXPECT_EQ(d.topRow, step);
     EXPECT_EQ(s.CurrentIndex(), step * d.columns);
-    int value = 0;
-    XtVaGetValues(d.scrollBar, XmNvalue, &value, NULL);
-    EXPECT_EQ(value, d.topRow);
+    EXPECT_EQ(xwktest::Get<int>(d.scrollBar, XmNvalue), d.topRow);
     // A plain wheel click moves half a page, with Shift one row.
     int top = d.topRow;
     int page = 0;

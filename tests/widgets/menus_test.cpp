@@ -150,16 +150,12 @@ TEST(Menus, BuiltFromTheTable)
     Widget open = win.file[0].widget, save = win.file[1].widget;
     EXPECT_STREQ(XtName(win.bar), "xwkMenuBar");
     EXPECT_STREQ(XtName(open), "Open");
-    KeySym mnemonic = 0;
-    XtVaGetValues(open, XmNmnemonic, &mnemonic, NULL);
-    EXPECT_EQ(mnemonic, (KeySym)'O');
+    EXPECT_EQ(xwktest::Get<KeySym>(open, XmNmnemonic), (KeySym)'O');
     EXPECT_TRUE(XtIsSensitive(open));
     EXPECT_FALSE(XtIsSensitive(save));
     EXPECT_EQ(XtClass(win.file[2].widget), xmSeparatorWidgetClass);
     EXPECT_EQ(XtClass(win.edit[0].widget), xmToggleButtonWidgetClass);
-    Widget help = nullptr;
-    XtVaGetValues(win.bar, XmNmenuHelpWidget, &help, NULL);
-    EXPECT_EQ(help, win.top[2].widget);
+    EXPECT_EQ(xwktest::Get<Widget>(win.bar, XmNmenuHelpWidget), win.top[2].widget);
     XtPointer record = nullptr;
     XtVaGetValues(win.top[3].widget, XmNuserData, &record, NULL);
     EXPECT_EQ(record, nullptr);  // a cascade without submenu has no record
@@ -179,9 +175,7 @@ TEST(Menus, BuiltFromTheTable)
         XwkPrepareMenuItem(&sizes[i], names[i], nullptr, nullptr, &xmPushButtonWidgetClass, nullptr, nullptr, nullptr, nullptr);
     sizes[3] = {};
     Widget option = XwkCreateSubmenu(win.form, XwkMENU_OPTION, "&Size", 'S', 1, sizes);
-    Widget shown = nullptr;
-    XtVaGetValues(option, XmNmenuHistory, &shown, NULL);
-    EXPECT_EQ(shown, sizes[1].widget);
+    EXPECT_EQ(xwktest::Get<Widget>(option, XmNmenuHistory), sizes[1].widget);
     Widget popup = XwkCreateSubmenu(win.form, XwkMENU_POPUP, nullptr, 0, 0, sizes);
     EXPECT_STREQ(XtName(popup), "xwkPopupMenu");
     EXPECT_EQ(XwkCreateSubmenu(win.form, 7, nullptr, 0, 0, sizes), nullptr);

@@ -60,9 +60,7 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
     XtResizeWidget(s.tree, s.tree->core.width, exact + 1, 0);
     EXPECT_EQ(t.visibleRows, 5);
     EXPECT_TRUE(XmPrjTreeItemVisible(s.tree, XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 6)));
-    int lines = 0;
-    XtVaGetValues(s.tree, XmNvisibleLines, &lines, NULL);
-    EXPECT_EQ(lines, 5);
+    EXPECT_EQ(xwktest::Get<int>(s.tree, XmNvisibleLines), 5);
 
     // Finding the row under a point: the offset from the first shown row
     // divided by the row height, truncated toward zero, so the first shown

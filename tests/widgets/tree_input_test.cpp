@@ -351,9 +351,7 @@ TEST(TreeWheel, HalfPageRowAndPage)
     XmPrjTreeGetOrigins(l.tree, &x, &y);
     EXPECT_EQ(y, 7);
     EXPECT_EQ(x, 0);
-    int value = -1;
-    XtVaGetValues(t.vScrollBar, XmNvalue, &value, NULL);
-    EXPECT_EQ(value, 7);
+    EXPECT_EQ(xwktest::Get<int>(t.vScrollBar, XmNvalue), 7);
 }
 
 TEST(TreeFocus, FocusCallbackAndDragStart)

@@ -124,9 +124,7 @@ TEST(TreeClass, ResourcesRepTypesAndCreators)
     EXPECT_TRUE(XtIsSubclass(other, xmPrjTreeWidgetClass));
     // A string from the resource database goes through the representation type.
     XtVaSetValues(other, XtVaTypedArg, (String)XmNslamPolicy, (String)XmRString, "slam_per_row", 13, NULL);
-    unsigned char policy = 0;
-    XtVaGetValues(other, XmNslamPolicy, &policy, NULL);
-    EXPECT_EQ(policy, XmSLAM_PER_ROW);
+    EXPECT_EQ(xwktest::Get<unsigned char>(other, XmNslamPolicy), XmSLAM_PER_ROW);
 }
 
 TEST(TreeNodes, AddFindAndWalk)

@@ -264,9 +264,7 @@ TEST(RowMarks, HighlightTopItemAndOrigins)
     XmPrjTreeSetTopItem(l.tree, rows[49]);
     XmPrjTreeGetOrigins(l.tree, &x, &y);
     EXPECT_EQ(y, 50 - Part(l.tree).visibleRows);
-    int value = -1;
-    XtVaGetValues(Part(l.tree).vScrollBar, XmNvalue, &value, NULL);
-    EXPECT_EQ(value, y);
+    EXPECT_EQ(xwktest::Get<int>(Part(l.tree).vScrollBar, XmNvalue), y);
     XmPrjTreeScroll(l.tree, 1);
     XmPrjTreeGetOrigins(l.tree, &x, &y);
     EXPECT_EQ(y, 50 - Part(l.tree).visibleRows - 1);
@@ -310,9 +308,7 @@ TEST(RowViews, CloneShowsTheMothersRows)
     EXPECT_EQ(XmPrjTreeGetItemsCount(clone, nullptr), 2);
     // A value set on the clone lands on the mother.
     XtVaSetValues(clone, XmNhPad, 5, NULL);
-    Dimension pad = 0;
-    XtVaGetValues(mother, XmNhPad, &pad, NULL);
-    EXPECT_EQ(pad, 5);
+    EXPECT_EQ(xwktest::Get<Dimension>(mother, XmNhPad), 5);
     XtPopup(shell, XtGrabNone);
     ASSERT_TRUE(xwktest::WaitViewable(clone));
     xwktest::Pump(100);
