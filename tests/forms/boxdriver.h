@@ -4,19 +4,10 @@
 #ifndef XWK_TEST_BOXDRIVER_H
 #define XWK_TEST_BOXDRIVER_H
 
-#include <Xwk/Xwk.h>
+#include "xwktest.h"
 
 #include <Xm/Xm.h>
 #include <X11/StringDefs.h>
-
-#include <stdio.h>
-#include <string.h>
-
-#include <functional>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace boxdriver {
 

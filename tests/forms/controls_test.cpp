@@ -1,24 +1,9 @@
 // Desk controls driven by real input: what the user clicks and types is
 // what Get... reads; sizes and extents follow the controls.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
 #include <Xm/DrawnB.h>
 #include <Xm/Frame.h>
-#include <Xm/List.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
-#include <Xm/Separator.h>
-#include <Xm/Text.h>
-#include <Xm/ToggleB.h>
-#include <X11/keysym.h>
-
-#include <string.h>
-
-#include <string>
-
-#include "xwktest.h"
 
 namespace {
 

@@ -1,22 +1,12 @@
 // Desk forms on an application started by the client.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
 #include <Xm/DialogS.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
 #include <Xm/PanedW.h>
-#include <Xm/PushB.h>
-#include <X11/Shell.h>
 
 #include <poll.h>
-#include <stdlib.h>
-
-#include <string>
 
 #include "boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 

@@ -1,32 +1,14 @@
 // Message boxes answered by real input: clicks, keys and the window
 // manager's close, while condit runs its own loop.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
 #include <Xm/DialogS.h>
 #include <Xm/DrawnB.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
-#include <Xm/PushB.h>
 #include <Xm/ScrolledW.h>
-#include <Xm/Separator.h>
-#include <Xm/Text.h>
-#include <Xm/ToggleB.h>
-#include <X11/Shell.h>
-#include <X11/keysym.h>
 
 #include <errno.h>
-#include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
-#include <unistd.h>
-
-#include <string>
-#include <vector>
 
 #include "boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 

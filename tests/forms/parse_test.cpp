@@ -1,17 +1,7 @@
 // Parameter lists, argument lists and accelerator strings.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-
-#include <stdlib.h>
-#include <string.h>
-
-#include <string>
-#include <vector>
+#include "xwktest.h"
 
 #include "boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 

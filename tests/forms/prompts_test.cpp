@@ -1,23 +1,9 @@
 // Prompts answered by typing and clicking, while they poll their desk.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/Form.h>
 #include <Xm/MwmUtil.h>
-#include <Xm/Text.h>
-#include <Xm/ToggleB.h>
-#include <X11/Shell.h>
-#include <X11/keysym.h>
-
-#include <string.h>
-
-#include <functional>
-#include <string>
-#include <vector>
 
 #include "boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 

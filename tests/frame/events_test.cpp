@@ -1,20 +1,11 @@
 // Raw event filters, the main loop and the shell walks.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
 #include <Xm/DialogS.h>
-#include <Xm/Form.h>
 #include <Xm/LabelG.h>
-#include <Xm/PushB.h>
-#include <X11/Shell.h>
 
 #include <stddef.h>
 #include <time.h>
-
-#include <vector>
-
-#include "xwktest.h"
 
 namespace {
 

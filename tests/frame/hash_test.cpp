@@ -1,14 +1,7 @@
 // Hash tables with the shared entry pool, and bucket trees.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Lists.h>
-
-#include <cstdint>
-#include <cstring>
 #include <set>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace {
 

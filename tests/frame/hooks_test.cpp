@@ -1,17 +1,8 @@
 // The behaviour changes made to Motif's sash and label classes.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
-#include <Xm/PanedW.h>
-#include <Xm/PushB.h>
-#include <Xm/SashP.h>
-
-#include <X11/extensions/XTest.h>
-
 #include "xwktest.h"
+
+#include <Xm/PanedW.h>
+#include <Xm/SashP.h>
 
 namespace {
 

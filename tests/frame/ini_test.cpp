@@ -1,22 +1,14 @@
 // Ini files, in a private temporary directory that also takes the
 // temporary copies, so that a test sees whether they are cleaned up.
-#include <gtest/gtest.h>
-
-#include <Xwk/Ini.h>
+#include "xwktest.h"
 
 #include <dirent.h>
 #include <signal.h>
-#include <stdlib.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstdio>
-#include <cstring>
 #include <fstream>
 #include <sstream>
-#include <string>
-#include <vector>
 
 namespace {
 

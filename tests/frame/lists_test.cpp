@@ -1,11 +1,5 @@
 // Numbered lists: order, indices, ownership callbacks.
-#include <gtest/gtest.h>
-
-#include <Xwk/Lists.h>
-
-#include <cstdint>
-#include <string>
-#include <vector>
+#include "xwktest.h"
 
 namespace {
 

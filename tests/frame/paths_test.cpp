@@ -1,23 +1,13 @@
 // Path services, in a private temporary directory.
-#include <gtest/gtest.h>
-
-#include <Xwk/Frame.h>
-#include <Xwk/Strings.h>
-
 #include "xwktest.h"
 
 #include <fcntl.h>
 #include <limits.h>
 #include <pwd.h>
-#include <stdlib.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstring>
 #include <fstream>
 #include <sstream>
-#include <string>
-#include <vector>
 
 namespace {
 

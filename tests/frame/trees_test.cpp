@@ -1,11 +1,5 @@
 // Preorder trees: lazy numbering, searches, moves and frees.
-#include <gtest/gtest.h>
-
-#include <Xwk/Lists.h>
-
-#include <cstdint>
-#include <string>
-#include <vector>
+#include "xwktest.h"
 
 namespace {
 

@@ -1,19 +1,9 @@
 // The colour picker dialog driven by real clicks and typing, on the 24-bit
 // TrueColor screen and on a full 8-bit PseudoColor map: the colour it
 // returns, its fields in every unit, and the pixels of its sample.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/TextF.h>
-#include <X11/Shell.h>
-#include <X11/keysym.h>
-
-#include <functional>
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xm/TextF.h>
 
 namespace {
 

@@ -1,15 +1,8 @@
 // Colour allocation with the nearest-cell search on a full PseudoColor map,
 // named colours, and the resource converters.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/Label.h>
-#include <Xm/Xm.h>
-
 #include "xwktest.h"
 
-#include <string>
-#include <vector>
+#include <Xm/Xm.h>
 
 namespace {
 

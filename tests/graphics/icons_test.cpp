@@ -1,25 +1,16 @@
 // Icons from XPM data and files, bad XPM input, drag icons, cursors and
 // scroll bar colours.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <X11/IntrinsicP.h>
 #include <Xm/DragIcon.h>
-#include <Xm/Label.h>
-#include <Xm/List.h>
 #include <Xm/ScrolledW.h>
 #include <Xm/Xm.h>
 
-#include "xwktest.h"
-
-#include <stdlib.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
-#include <string>
-#include <vector>
 
 namespace {
 

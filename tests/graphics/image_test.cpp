@@ -1,14 +1,8 @@
 // Image records and colour reduction: the exact path, the median cut and its
 // rules, with no X server.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Graphics.h>
-
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <random>
-#include <vector>
 
 namespace {
 

@@ -1,11 +1,5 @@
 // Palettes on the 24-bit TrueColor screen and the 8-bit PseudoColor screen.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-
 #include "xwktest.h"
-
-#include <vector>
 
 namespace {
 

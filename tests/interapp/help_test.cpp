@@ -1,27 +1,15 @@
 // The help client: help data found up the widget tree, the server's process
 // id on the root window, and the help server c-smeld_hs started, used
 // through the selection, found dead and started again.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/Form.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
-#include <X11/Shell.h>
 #include <X11/Xatom.h>
-#include <X11/Xutil.h>
 
 #include <errno.h>
 #include <signal.h>
-#include <stdio.h>
-#include <stdlib.h>
 #include <sys/wait.h>
-#include <unistd.h>
-
-#include <string>
 
 #include "../forms/boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 

@@ -1,26 +1,15 @@
 // Programs started from the loop, as the user sees their end in the message
 // box; the search path; a child talking through a pseudo-terminal.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
+#include "xwktest.h"
 
 #include <errno.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <stdlib.h>
-#include <string.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
-
-#include <string>
-#include <vector>
 
 #include "../forms/boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 

@@ -3,15 +3,9 @@
 #ifndef XWK_TREE_TEST_H
 #define XWK_TREE_TEST_H
 
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-
-#include <initializer_list>
-#include <utility>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xwk/PrjTreeP.h>
 
 namespace treetest {
 

@@ -3,14 +3,39 @@
 #ifndef XWK_TEST_SUPPORT_H
 #define XWK_TEST_SUPPORT_H
 
+// Every test includes this first: it brings GoogleTest (ahead of the X
+// headers, whose macros clash with it), the library, the Motif widgets the
+// tests build their windows from, and the standard containers they use.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/XmP.h>
+#include <Xm/Form.h>
+#include <Xm/Label.h>
+#include <Xm/List.h>
+#include <Xm/PushB.h>
+#include <Xm/RowColumn.h>
+#include <Xm/Separator.h>
+#include <Xm/Text.h>
+#include <Xm/ToggleB.h>
 #include <X11/Intrinsic.h>
+#include <X11/Shell.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+#include <unistd.h>
 
-#include <Xwk/Graphics.h>
-
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <functional>
+#include <initializer_list>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace xwktest {

@@ -1,15 +1,8 @@
 // MD5 against RFC 1321's test suite and md5sum; CRC-32 in both bit orders
 // against a bit-at-a-time computation.
-#include <Xwk/Text.h>
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
 #include <dlfcn.h>
-
-#include <cstdio>
-#include <cstring>
-#include <string>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 

@@ -1,14 +1,10 @@
 // Loading the rule file: failures, syntax errors and the 250-rule table.
 // Each case runs in a child process, which starts with nothing loaded.
-#include <Xwk/Text.h>
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
 #include <filesystem>
 #include <fstream>
-#include <functional>
-#include <string>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 

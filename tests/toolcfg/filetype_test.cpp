@@ -1,11 +1,9 @@
 // File type lookups against one rule file, loaded once for the process, and
 // sample files in a temporary directory.
-#include <Xwk/Text.h>
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
 #include <filesystem>
 #include <fstream>
-#include <string>
 
 namespace fs = std::filesystem;
 

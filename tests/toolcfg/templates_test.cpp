@@ -1,16 +1,8 @@
 // Template expansion: file name forms, built-in and own macros, nesting,
 // unknown names, and failures by line number.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Frame.h>
-#include <Xwk/Text.h>
-
-#include <cstdlib>
-#include <cstring>
 #include <ctime>
-#include <string>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 

@@ -1,19 +1,9 @@
 // Divisions built into a desk: the controls show the item states, what the
 // user clicks and types is read back into the items, values written by name
 // follow on the screen, and insensitive options ignore the user.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/List.h>
-#include <Xm/Text.h>
-#include <Xm/ToggleB.h>
-#include <X11/keysym.h>
-
-#include <string>
+#include "xwktest.h"
 
 #include "tests/toolcfg/cfgtool.h"
-#include "xwktest.h"
 
 using namespace cfgtest;
 

@@ -1,11 +1,7 @@
 // The tool configuration model without a display: option text to items and
 // back for every item kind, extra options, clones, references, settings,
 // look-ups and the macro table.
-#include <gtest/gtest.h>
-
-#include <Xwk/ToolCfg.h>
-
-#include <string>
+#include "xwktest.h"
 
 #include "tests/toolcfg/cfgtool.h"
 

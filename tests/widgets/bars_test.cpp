@@ -1,20 +1,10 @@
 // Tool bars, the tip label and short help, driven by real pointer input.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xm/DrawnBP.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
 #include <Xm/ManagerP.h>
-#include <Xm/Separator.h>
-#include <X11/Shell.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
 
 #include <chrono>
-#include <string>
-
-#include "xwktest.h"
 
 namespace {
 

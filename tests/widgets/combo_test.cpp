@@ -1,22 +1,9 @@
 // The combo box: popping the list with real clicks and keys, choosing,
 // typing, and taking it down so that nothing stays grabbed.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xwk/ComboBoxP.h>
-#include <Xm/XmP.h>
-#include <Xm/List.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
-#include <Xm/Text.h>
-#include <X11/ShellP.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xwk/ComboBoxP.h>
+#include <X11/ShellP.h>
 
 namespace {
 

@@ -1,18 +1,9 @@
 // The desk list given bad input: empty, missing and very long labels, icons
 // of odd sizes or none, a zero-sized desk, items deleted inside their own
 // callbacks, and every operation on a widget of another class.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjDeskP.h>
-#include <Xm/XmP.h>
-#include <Xm/Label.h>
-#include <X11/extensions/XTest.h>
-
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xwk/PrjDeskP.h>
 
 namespace {
 

@@ -2,23 +2,11 @@
 // selected look read back from the screen; clicks, Ctrl clicks, the rubber
 // band, keys, the wheel and the drag gesture through XTest; sorting,
 // wrapping, the lists and clones through the public operations.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/PrjDeskP.h>
-#include <Xm/XmP.h>
 #include <Xm/Display.h>
 #include <Xm/ScrollBar.h>
-#include <Xm/Form.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace {
 

@@ -1,24 +1,12 @@
 // The folder: pages switched by clicks on tabs, by the arrows, by the popup
 // list and by keys; the look of the active tab read from the screen; pages
 // added and deleted while the folder stands, also from its own callbacks.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/FolderP.h>
 #include <Xwk/ComboBoxP.h>
 #include <Xm/BulletinB.h>
 #include <Xm/DrawingA.h>
-#include <Xm/PushB.h>
-#include <X11/Shell.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <functional>
-#include <string>
-#include <tuple>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace {
 

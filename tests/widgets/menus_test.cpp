@@ -1,22 +1,8 @@
 // Table-driven menus and the message area, chosen by mouse, mnemonic and
 // accelerator with real input.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/CascadeB.h>
-#include <Xm/Form.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
-#include <Xm/Separator.h>
-#include <Xm/ToggleB.h>
-#include <X11/Shell.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xm/CascadeB.h>
 
 namespace {
 

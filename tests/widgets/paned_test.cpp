@@ -1,20 +1,10 @@
 // The paned window: layout along either orientation, sashes dragged with the
 // pointer and moved with keys, the orientation switch and the pane queries.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/PanedWP.h>
-#include <Xm/XmP.h>
 #include <Xm/DrawingA.h>
 #include <Xm/SashP.h>
-#include <X11/Shell.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace {
 

@@ -1,12 +1,7 @@
 // Every public tree list operation on a widget of another class, or on no
 // widget at all, is ignored: the answer is the empty one and a real list
 // beside it stays as it was.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
-#include <X11/Shell.h>
+#include "xwktest.h"
 
 #include "treetest.h"
 

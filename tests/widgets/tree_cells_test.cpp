@@ -1,22 +1,10 @@
 // Cell editing in the tree list with real keys and clicks: the spreadsheet's
 // active cell, moving it, a combo cell, row deletion from an empty field,
 // text dropped on a cell by a Motif drag, and clones kept in step.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <Xm/List.h>
-#include <Xm/Text.h>
-#include <Xm/Form.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
 #include <Xm/DragDrop.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <string>
-#include <vector>
 
 #include "treetest.h"
 
@@ -407,7 +395,6 @@ TEST(TreeCells, TextDraggedFromAnotherWidgetLandsInCell)
                        4000);
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 3), "dropped");
 }
-
 
 TEST(TreeCells, ClonesStayInStep)
 {

@@ -1,17 +1,9 @@
 // The tree list's title bar and columns on the screen, driven by real
 // input: resizing by the boundary, sorting by a click, scrolling and
 // moving columns, and the layout string.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <X11/extensions/XTest.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <string>
-#include <vector>
 
 #include "treetest.h"
 

@@ -1,17 +1,10 @@
 // The tree list on the screen: row geometry, the page, what is painted for
 // selected, closed and nested rows, read back from the server.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
 #include <Xm/ScrollBar.h>
 #include <Xm/ScrolledW.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <string>
-#include <vector>
 
 #include "treetest.h"
 

@@ -1,22 +1,10 @@
 // The tree list driven by real input: clicks, double clicks, Ctrl and
 // Shift gestures, keys, the slam keys and the wheel, with the callbacks
 // they raise.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <Xm/Form.h>
-#include <Xm/PushB.h>
 #include <Xm/Display.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <string>
-#include <tuple>
-#include <vector>
 
 #include "treetest.h"
 

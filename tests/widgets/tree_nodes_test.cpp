@@ -1,19 +1,10 @@
 // The tree list's rows: adding, deleting with the free procedure's order,
 // reordering, finding and walking, lists, tours, branches and visibleList,
 // sorting, and the answers kept for compatibility.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <Xm/PushB.h>
-#include <Xm/RepType.h>
-
-#include <cstring>
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xwk/PrjTreeP.h>
+#include <Xm/RepType.h>
 
 namespace {
 

@@ -1,17 +1,11 @@
 // Rows on a live tree list: the row found at a position after many changes,
 // labels measured as Motif measures them, callbacks that delete rows,
 // highlights, origins and the top row.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <Xm/Form.h>
 
-#include <cstdio>
 #include <random>
-#include <string>
-#include <vector>
 
 #include "treetest.h"
 
