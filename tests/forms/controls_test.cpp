@@ -36,6 +36,14 @@ int poll_desk(XwkDeskRec *desk)
     return 0;
 }
 
+// What a Get... reads into an int.
+template <class Item> int Read(void (*get)(Item, int *), Item item)
+{
+    int value = -99;
+    get(item, &value);
+    return value;
+}
+
 std::string name_of(Widget w)
 {
     return w ? XtName(w) : "";
@@ -97,13 +105,10 @@ TEST(Controls, LabelButtonAndSeparatorRaiseTheExtents)
     EXPECT_EQ(type, XmSINGLE_LINE);
 
     open(desk);
-    int pressed = 5;
     xwktest::ClickCenter(button->widget);
     xwktest::Settle();
-    GetButton(button, &pressed);
-    EXPECT_EQ(pressed, 1);
-    GetButton(button, &pressed);
-    EXPECT_EQ(pressed, 0) << "read and cleared";
+    EXPECT_EQ(Read(GetButton, button), 1);
+    EXPECT_EQ(Read(GetButton, button), 0) << "read and cleared";
     float wcm = 0, hcm = 0;
     GetDeskItemSize(button, &wcm, &hcm);
     EXPECT_FLOAT_EQ(wcm, button->width / 28.0f);
@@ -148,20 +153,15 @@ TEST(Controls, RadioBoxesByClicks)
     open(desk);
 
     int selected = 0;
-    GetRadioBox(bare, &selected);
-    EXPECT_EQ(selected, 2);
-    GetRadioBox(radio, &selected);
-    EXPECT_EQ(selected, 2);
-    GetRadioBox(stretched, &selected);
-    EXPECT_EQ(selected, 0) << "0 leaves all off";
+    EXPECT_EQ(Read(GetRadioBox, bare), 2);
+    EXPECT_EQ(Read(GetRadioBox, radio), 2);
+    EXPECT_EQ(Read(GetRadioBox, stretched), 0) << "0 leaves all off";
     xwktest::ClickCenter(r->toggles[2]);
     xwktest::Settle();
-    GetRadioBox(radio, &selected);
-    EXPECT_EQ(selected, 3);
+    EXPECT_EQ(Read(GetRadioBox, radio), 3);
     EXPECT_FALSE(XmToggleButtonGetState(r->toggles[1]));
     changeradiobox_(&radio, &(selected = 1));
-    getradiobox_(&radio, &selected);
-    EXPECT_EQ(selected, 1);
+    EXPECT_EQ(Read(getradiobox_, &radio), 1);
     CloseDesk(desk);
 }
 
@@ -207,8 +207,7 @@ TEST(Controls, OptionMenuFollowsTheChoice)
     EXPECT_EQ(name_of(o->pulldown), "xwkPulldownMenu");
     EXPECT_EQ(name_of(o->buttons[1]), "Medium");
     int selected = 0;
-    GetOptionMenu(option, &selected);
-    EXPECT_EQ(selected, 3) << "clamped to the count";
+    EXPECT_EQ(Read(GetOptionMenu, option), 3) << "clamped to the count";
     EXPECT_EQ(xwktest::Get<Widget>(option->widget, XmNmenuHistory), o->buttons[2]);
     open(desk);
 
@@ -256,16 +255,13 @@ TEST(Controls, ScrolledListsSelectAndScroll)
         << "a widened frame keeps the list's height";
 
     int pos = 0;
-    GetScrolledList(list, &pos);
-    EXPECT_EQ(pos, 7);
+    EXPECT_EQ(Read(GetScrolledList, list), 7);
     int top = 0;
     XtVaGetValues(l->list, XmNtopItemPosition, &top, NULL);
     EXPECT_LE(top, 7);
     EXPECT_GT(top + 3, 7) << "the selection is scrolled into view";
-    getscrolledlist_(&first, &pos);
-    EXPECT_EQ(pos, 1);
-    GetScrolledList(last, &pos);
-    EXPECT_EQ(pos, 8);
+    EXPECT_EQ(Read(getscrolledlist_, &first), 1);
+    EXPECT_EQ(Read(GetScrolledList, last), 8);
     int *positions = nullptr, count = 0;
     GetScrolledListExt(multi, &positions, &count);
     ASSERT_EQ(count, 3);
@@ -278,16 +274,13 @@ TEST(Controls, ScrolledListsSelectAndScroll)
     Widget lw = ((XwkListItem *)first)->list;
     xwktest::Click(lw, lw->core.width / 2, 6);
     xwktest::Settle();
-    GetScrolledList(first, &pos);
-    EXPECT_EQ(pos, 1);
+    EXPECT_EQ(Read(GetScrolledList, first), 1);
     xwktest::PressKey(XtDisplay(lw), XK_Down);
     xwktest::PressKey(XtDisplay(lw), XK_Down);
     xwktest::Settle();
-    GetScrolledList(first, &pos);
-    EXPECT_EQ(pos, 3);
+    EXPECT_EQ(Read(GetScrolledList, first), 3);
     changescrolledlist_(&first, &(pos = 2));
-    GetScrolledList(first, &pos);
-    EXPECT_EQ(pos, 2);
+    EXPECT_EQ(Read(GetScrolledList, first), 2);
     int more[] = {7, 8, 2};
     ChangeScrolledListExt(multi, more, 2);
     GetScrolledListExt(multi, &positions, &count);
@@ -311,12 +304,8 @@ TEST(Controls, EditFieldsReadWhatWasTyped)
     EXPECT_EQ(name_of(nfield->widget), "xwkForm");
     EXPECT_EQ(name_of(n->text), "xwkTextField");
     EXPECT_EQ(name_of(n->title), "xwkLabel");
-    char *shown = XmTextGetString(n->text);
-    EXPECT_STREQ(shown, "42");
-    XtFree(shown);
-    shown = XmTextGetString(((XwkEditItem *)rfield)->text);
-    EXPECT_STREQ(shown, "2.500000");
-    XtFree(shown);
+    EXPECT_EQ(xwktest::TextOf(n->text), "42");
+    EXPECT_EQ(xwktest::TextOf(((XwkEditItem *)rfield)->text), "2.500000");
 
     // Layout by gap: beside the title, at a distance, or below it.
     EXPECT_EQ(nfield->width, xwktest::Get<Dimension>(n->title, XtNwidth) + n->text->core.width);

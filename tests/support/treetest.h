@@ -23,6 +23,16 @@ inline XmPrjTreeNode AddRow(Widget tree, XmPrjTreeNode parent, const char *label
 
 using Args = std::initializer_list<std::pair<const char *, XtArgVal>>;
 
+// A list, scrolled or bare, made with the arguments given.
+inline Widget Create(Widget parent, const char *name, Args args, bool scrolled = true)
+{
+    std::vector<Arg> a;
+    for (auto &[n, v] : args)
+        a.push_back({(String)n, v});
+    return scrolled ? XmCreateScrolledTreeList(parent, (String)name, a.data(), (Cardinal)a.size())
+                    : XmCreatePrjTree(parent, (String)name, a.data(), (Cardinal)a.size());
+}
+
 // A list (scrolled or bare) on a shell of its own; Up() shows it.
 struct Window {
     Widget shell, tree;
@@ -30,11 +40,7 @@ struct Window {
                     const char *name = "list")
     {
         shell = xwktest::Shell("trees", width, height);
-        std::vector<Arg> a;
-        for (auto &[n, v] : args)
-            a.push_back({(String)n, v});
-        tree = scrolled ? XmCreateScrolledTreeList(shell, (String)name, a.data(), (Cardinal)a.size())
-                        : XmCreatePrjTree(shell, (String)name, a.data(), (Cardinal)a.size());
+        tree = Create(shell, name, args, scrolled);
     }
     ~Window()
     {

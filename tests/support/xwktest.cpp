@@ -5,6 +5,7 @@
 #include "xvfb.h"
 
 #include <Xm/Xm.h>
+#include <Xm/Text.h>
 #include <Xwk/Xwk.h>
 #include <X11/extensions/XTest.h>
 #include <X11/IntrinsicP.h>
@@ -339,6 +340,14 @@ int Capture::width() const
 int Capture::height() const
 {
     return image_->height;
+}
+
+std::string TextOf(Widget text)
+{
+    char *s = XmTextGetString(text);
+    std::string out = s ? s : "";
+    XtFree(s);
+    return out;
 }
 
 unsigned long NamedPixel(Widget w, const char *name)

@@ -173,6 +173,8 @@ private:
 };
 
 unsigned long PixelOf(Widget w, const char *resource);  // e.g. XmNbackground
+// The text of an XmText or XmTextField widget.
+std::string TextOf(Widget text);
 // A named colour allocated in the default colormap of the widget's screen.
 unsigned long NamedPixel(Widget w, const char *name);
 

@@ -22,20 +22,12 @@ struct Sheet {
     std::vector<int> reasons;
     explicit Sheet(unsigned char mode = XmSPREADSHEET, unsigned char type = XmCELL_EDIT_TEXT)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("sheet", topLevelShellWidgetClass, app, XmNwidth, 360,
-                                     XmNheight, 260, NULL);
+        shell = xwktest::Shell("sheet", 360, 260);
         box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
-        Arg args[8];
-        Cardinal n = 0;
-        XtSetArg(args[n], XmNvisualMode, mode); n++;
-        XtSetArg(args[n], XmNnumColumns, 3); n++;
-        XtSetArg(args[n], XmNdelimeter, '|'); n++;
-        XtSetArg(args[n], XmNtitleString, "A|B|C"); n++;
-        XtSetArg(args[n], XmNtitleItemType, type); n++;
-        XtSetArg(args[n], XmNvisibleLines, 5); n++;
-        XtSetArg(args[n], XmNwidth, 340); n++;
-        tree = XmCreateScrolledTreeList(box, (String) "sheet", args, n);
+        tree = treetest::Create(box, "sheet",
+                                {{XmNvisualMode, mode}, {XmNnumColumns, 3}, {XmNdelimeter, '|'},
+                                 {XmNtitleString, (XtArgVal) "A|B|C"}, {XmNtitleItemType, type},
+                                 {XmNvisibleLines, 5}, {XmNwidth, 340}});
         XtAddCallback(tree, XmNcellManageCallback, Note, (XtPointer)this);
     }
     static void Note(Widget, XtPointer closure, XtPointer call)
@@ -48,10 +40,7 @@ struct Sheet {
     }
     void Up()
     {
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(tree));
-        xwktest::Pump(200);
+        xwktest::Show(tree, shell, 200);
         XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
         xwktest::Pump(200);
         xwktest::Settle();
@@ -122,14 +111,10 @@ TEST(TreeCells, SpreadsheetTypingAndMoving)
     s.ClickCell(b, 3);
     EXPECT_EQ(s.Node(), b);
     EXPECT_EQ(s.Column(), 3);
-    char *text = XmTextGetString(s.Editor());
-    EXPECT_STREQ(text, "b3");
-    XtFree(text);
+    EXPECT_EQ(xwktest::TextOf(s.Editor()), "b3");
     // The editor follows a programmatic change of its cell.
     XmPrjTreeSetColumnLabel(s.tree, b, 3, "new");
-    text = XmTextGetString(s.Editor());
-    EXPECT_STREQ(text, "new");
-    XtFree(text);
+    EXPECT_EQ(xwktest::TextOf(s.Editor()), "new");
     EXPECT_FALSE(s.reasons.empty());
     EXPECT_EQ(s.reasons.front(), XmCR_TREE_CELL_MANAGED);
 }
@@ -264,9 +249,7 @@ TEST(TreeCells, CellOperations)
     EXPECT_EQ(s.Column(), 2);
     EXPECT_EQ(XmPrjTreeProcessTraversalCell(s.tree, XmTRAVERSE_UP), 0);
     XmPrjTreeSetColumnItem(s.tree, b, 2, XmCELL_EDIT_TEXT, 0, (XtPointer) "typed");
-    char *text = XmTextGetString(s.Editor());
-    EXPECT_STREQ(text, "typed");
-    XtFree(text);
+    EXPECT_EQ(xwktest::TextOf(s.Editor()), "typed");
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 2), "typed");
     XwkIconFree(s.tree, icon);
 }
@@ -278,9 +261,7 @@ TEST(TreeCells, ReturnStopsAtTheEditorEscapeGoesOn)
 {
     // In a form with default and cancel buttons: Return in a cell editor
     // stays there, Escape still cancels.
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("dialog", topLevelShellWidgetClass, app, XmNwidth, 360,
-                                        XmNheight, 200, NULL);
+    Widget shell = xwktest::Shell("dialog", 360, 200);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
     Widget ok = XtVaCreateManagedWidget("ok", xmPushButtonWidgetClass, form, XmNbottomAttachment,
                                         XmATTACH_FORM, NULL);
@@ -290,23 +271,15 @@ TEST(TreeCells, ReturnStopsAtTheEditorEscapeGoesOn)
     XtAddCallback(ok, XmNactivateCallback, Pressed, (XtPointer)0);
     XtAddCallback(cancel, XmNactivateCallback, Pressed, (XtPointer)1);
     XtVaSetValues(form, XmNdefaultButton, ok, XmNcancelButton, cancel, NULL);
-    Arg args[6];
-    Cardinal n = 0;
-    XtSetArg(args[n], XmNvisualMode, XmSPREADSHEET); n++;
-    XtSetArg(args[n], XmNnumColumns, 2); n++;
-    XtSetArg(args[n], XmNdelimeter, '|'); n++;
-    XtSetArg(args[n], XmNtitleString, "A|B"); n++;
-    XtSetArg(args[n], XmNtitleItemType, XmCELL_EDIT_TEXT); n++;
-    XtSetArg(args[n], XmNvisibleLines, 3); n++;
-    Widget tree = XmCreateScrolledTreeList(form, (String) "sheet", args, n);
+    Widget tree = treetest::Create(form, "sheet",
+                                   {{XmNvisualMode, XmSPREADSHEET}, {XmNnumColumns, 2},
+                                    {XmNdelimeter, '|'}, {XmNtitleString, (XtArgVal) "A|B"},
+                                    {XmNtitleItemType, XmCELL_EDIT_TEXT}, {XmNvisibleLines, 3}});
     XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,
                   XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNbottomAttachment,
                   XmATTACH_WIDGET, XmNbottomWidget, ok, NULL);
     AddRow(tree, nullptr, "a|b", XmSLAM_UNDEFINED);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(tree));
-    xwktest::Pump(200);
+    xwktest::Show(tree, shell, 200);
     XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
     xwktest::Pump(200);
     Widget editor = Part(tree).cellActive;
@@ -398,20 +371,17 @@ TEST(TreeCells, TextDraggedFromAnotherWidgetLandsInCell)
 
 TEST(TreeCells, ClonesStayInStep)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("clones", topLevelShellWidgetClass, app, NULL);
+    Widget shell = XtVaCreatePopupShell("clones", topLevelShellWidgetClass, xwktest::StartApp(), NULL);
     Widget box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
-    Arg args[7];
-    Cardinal n = 0;
-    XtSetArg(args[n], XmNvisualMode, XmTABLE_LIST); n++;
-    XtSetArg(args[n], XmNnumColumns, 2); n++;
-    XtSetArg(args[n], XmNdelimeter, '|'); n++;
-    XtSetArg(args[n], XmNtitleString, "Key|Value"); n++;
-    XtSetArg(args[n], XmNvisibleLines, 4); n++;
-    Widget mother = XmCreateScrolledTreeList(box, (String) "mother", args, n);
-    XtSetArg(args[n], XmNmother, mother); n++;
-    XtSetArg(args[n], XmNbackground, mother->core.background_pixel ^ 1); n++;
-    Widget clone = XmCreateScrolledTreeList(box, (String) "clone", args, n);
+    Widget mother = treetest::Create(box, "mother",
+                                     {{XmNvisualMode, XmTABLE_LIST}, {XmNnumColumns, 2},
+                                      {XmNdelimeter, '|'}, {XmNtitleString, (XtArgVal) "Key|Value"},
+                                      {XmNvisibleLines, 4}});
+    Widget clone = treetest::Create(box, "clone",
+                                    {{XmNvisualMode, XmTABLE_LIST}, {XmNnumColumns, 2},
+                                     {XmNdelimeter, '|'}, {XmNtitleString, (XtArgVal) "Key|Value"},
+                                     {XmNvisibleLines, 4}, {XmNmother, (XtArgVal)mother},
+                                     {XmNbackground, (XtArgVal)(mother->core.background_pixel ^ 1)}});
     ASSERT_NE(Part(clone).titleWidget, nullptr);
     // The clone takes its mother's background.
     EXPECT_EQ(clone->core.background_pixel, mother->core.background_pixel);
@@ -476,10 +446,7 @@ TEST(TreeCells, OpenPointsOfClones)
                                               XmNwidth, 240, XmNheight, 100, NULL);
     Widget second_shell = XtVaCreatePopupShell("second", topLevelShellWidgetClass, app, XmNy, 300,
                                                XmNwidth, 240, XmNheight, 100, NULL);
-    Arg lines[2];
-    XtSetArg(lines[0], XmNheight, 60);
-    XtSetArg(lines[1], XmNwidth, 200);
-    Widget mother = XmCreateScrolledTreeList(shell, (String) "mother", lines, 2);
+    Widget mother = treetest::Create(shell, "mother", {{XmNheight, 60}, {XmNwidth, 200}});
     XwkIcon *fruitless = nullptr, *open = nullptr, *closed = nullptr;
     XmPrjTreeGetDefaultItemAttributes(mother, &fruitless, &open, &closed);
     EXPECT_EQ(open, nullptr);
@@ -489,11 +456,8 @@ TEST(TreeCells, OpenPointsOfClones)
     EXPECT_NE(closed, nullptr);
     EXPECT_NE(fruitless, nullptr);
     // A drag timer armed in a clone goes with the clone.
-    Arg args[3];
-    XtSetArg(args[0], XmNmother, mother);
-    XtSetArg(args[1], XmNheight, 60);
-    XtSetArg(args[2], XmNwidth, 200);
-    Widget clone = XmCreateScrolledTreeList(clone_shell, (String) "clone", args, 3);
+    Widget clone = treetest::Create(clone_shell, "clone",
+                                    {{XmNmother, (XtArgVal)mother}, {XmNheight, 60}, {XmNwidth, 200}});
     XtAddCallback(mother, XmNstartDragCallback, Nothing, nullptr);
     XmPrjTreeAddSimpleItem(mother, "the first row, wide enough to press on", nullptr);
     XmPrjTreeAddSimpleItem(mother, "the second row", nullptr);
@@ -533,7 +497,8 @@ TEST(TreeCells, OpenPointsOfClones)
     EXPECT_EQ(drags, 0);
     XtVaSetValues(display, XmNenableBtn1Transfer, XmOFF, NULL);
     // The mother goes first: her clones go with her.
-    Widget second = XmCreateScrolledTreeList(second_shell, (String) "second", args, 3);
+    Widget second = treetest::Create(second_shell, "second",
+                                     {{XmNmother, (XtArgVal)mother}, {XmNheight, 60}, {XmNwidth, 200}});
     XtManageChild(second);
     XtPopup(second_shell, XtGrabNone);
     xwktest::Pump(100);

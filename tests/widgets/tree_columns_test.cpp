@@ -40,28 +40,14 @@ struct Table {
     explicit Table(const char *titles = "Name|Size|Type", int columns = 3, int width = 360,
                    unsigned char mode = XmTABLE_LIST)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("table", topLevelShellWidgetClass, app, XmNwidth, width,
-                                     XmNheight, 220, NULL);
-        Arg args[8];
-        Cardinal n = 0;
-        XtSetArg(args[n], XmNvisualMode, mode); n++;
-        XtSetArg(args[n], XmNnumColumns, columns); n++;
-        XtSetArg(args[n], XmNdelimeter, '|'); n++;
-        XtSetArg(args[n], XmNtitleString, titles); n++;
-        XtSetArg(args[n], XmNuseSort, True); n++;
-        XtSetArg(args[n], XmNshowGrid, True); n++;
-        tree = XmCreateScrolledTreeList(shell, (String) "table", args, n);
+        shell = xwktest::Shell("table", width, 220);
+        tree = treetest::Create(shell, "table",
+                                {{XmNvisualMode, mode}, {XmNnumColumns, columns}, {XmNdelimeter, '|'},
+                                 {XmNtitleString, (XtArgVal)titles}, {XmNuseSort, True},
+                                 {XmNshowGrid, True}});
         title = Part(tree).titleWidget;
     }
-    void Up()
-    {
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(tree));
-        xwktest::Pump(200);
-        xwktest::Settle();
-    }
+    void Up() { xwktest::Show(tree, shell, 200); }
     ~Table() { XtDestroyWidget(shell); }
     std::vector<std::string> Column(int column)
     {
