@@ -18,25 +18,10 @@ XmPrjTreePart &Part(Widget w)
     return ((XmPrjTreeWidget)w)->tree;
 }
 
-struct Live {
-    Widget shell, tree;
-    explicit Live(bool slam, int height = 200)
+struct Live : treetest::Window {
+    explicit Live(bool slam, int height = 200) : Window({{XmNcanSlam, slam}}, 240, height)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("rows", topLevelShellWidgetClass, app, XmNwidth, 240,
-                                     XmNheight, height, NULL);
-        Arg args[1];
-        XtSetArg(args[0], XmNcanSlam, slam);
-        tree = XmCreateScrolledTreeList(shell, (String) "list", args, 1);
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(tree));
-        xwktest::Pump(100);
-    }
-    ~Live()
-    {
-        XtDestroyWidget(shell);
-        xwktest::Settle();
+        Up(100);
     }
     int FirstRowY()
     {
