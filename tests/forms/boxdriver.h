@@ -149,6 +149,21 @@ inline std::string box_title()
     return title ? title : "";
 }
 
+// Polls the desk as a client would, but never blocks for more than a second
+// without an event: gives the first non-zero result, -1, or 0 on silence.
+inline int poll_desk(XwkDeskRec *desk, int max_events = 500)
+{
+    for (int i = 0; i < max_events; i++) {
+        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
+            return 0;
+        int result = 0;
+        UseDesk(desk, &result);
+        if (result != 0)
+            return result;
+    }
+    return 0;
+}
+
 }  // namespace boxdriver
 
 #endif

@@ -1,6 +1,7 @@
 // Desk controls driven by real input: what the user clicks and types is
 // what Get... reads; sizes and extents follow the controls.
 #include "xwktest.h"
+#include "boxdriver.h"
 
 #include <Xm/DrawnB.h>
 #include <Xm/Frame.h>
@@ -20,20 +21,6 @@ void open(XwkDeskRec *desk)
     OpenDesk(desk);
     xwktest::WaitViewable(desk->buttons[0]);
     xwktest::Settle();
-}
-
-// Runs events until the desk answers, as the prompts do.
-int poll_desk(XwkDeskRec *desk)
-{
-    for (int i = 0; i < 500; i++) {
-        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
-            return 0;
-        int result = 0;
-        UseDesk(desk, &result);
-        if (result != 0)
-            return result;
-    }
-    return 0;
 }
 
 // What a Get... reads into an int.
@@ -562,6 +549,6 @@ TEST(Controls, DeskAnswersWhileControlsAreUsed)
     SetEditField(desk, 0.5f, 0.5f, "Field", 0.0f, value, 4, 7, 8, &field);
     open(desk);
     xwktest::ClickCenter(desk->buttons[0]);
-    EXPECT_EQ(poll_desk(desk), 1);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 1);
     CloseDesk(desk);
 }

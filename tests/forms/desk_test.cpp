@@ -10,21 +10,6 @@
 
 namespace {
 
-// Polls the desk as a client would, but never blocks for more than a second
-// without an event: gives the first non-zero result, -1, or 0 on silence.
-int poll_desk(XwkDeskRec *desk, int max_events = 500)
-{
-    for (int i = 0; i < max_events; i++) {
-        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
-            return 0;
-        int result = 0;
-        UseDesk(desk, &result);
-        if (result != 0)
-            return result;
-    }
-    return 0;
-}
-
 XwkDeskRec *open_desk(const char *title, Widget parent = nullptr, const char *labels = nullptr,
                       int count = 0)
 {
@@ -88,9 +73,9 @@ TEST(Desk, ClickedButtonNumbers)
     XwkDeskRec *desk = open_desk("Buttons");
     ASSERT_EQ(desk->nbuttons, 3);
     xwktest::ClickCenter(desk->buttons[0]);
-    EXPECT_EQ(poll_desk(desk), 1);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 1);
     xwktest::ClickCenter(desk->buttons[1]);
-    EXPECT_EQ(poll_desk(desk), 2);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 2);
     // The last button is help: it never yields a result.  Without a help
     // server installed, it says so.
     int helped = 0;
@@ -105,7 +90,7 @@ TEST(Desk, ClickedButtonNumbers)
     });
     xwktest::ClickCenter(desk->buttons[2]);
     EXPECT_TRUE(xwktest::PumpUntil([&] { return step.done; }, 5000));
-    EXPECT_EQ(poll_desk(desk, 30), 0);
+    EXPECT_EQ(boxdriver::poll_desk(desk, 30), 0);
     EXPECT_EQ(helped, 1);
     EXPECT_EQ(text, "Help system is not available!|");
     CloseDesk(desk);
@@ -160,7 +145,7 @@ TEST(Desk, WindowManagerClosePressesCancel)
     XwkDeskRec *desk = open_desk("Close me");
     Widget shell = XtParent(desk->form);
     xwktest::SendDeleteWindow(shell);
-    EXPECT_EQ(poll_desk(desk), 2);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 2);
     CloseDesk(desk);
 }
 
@@ -172,7 +157,7 @@ TEST(Desk, DestroyedShellGivesMinusOne)
     XtAddCallback(desk->buttons[0], XmNactivateCallback,
                   [](Widget, XtPointer s, XtPointer) { XtDestroyWidget((Widget)s); }, shell);
     xwktest::ClickCenter(desk->buttons[0]);
-    EXPECT_EQ(poll_desk(desk), -1);
+    EXPECT_EQ(boxdriver::poll_desk(desk), -1);
     int result = 0;
     UseDesk(desk, &result);
     EXPECT_EQ(result, -1) << "the desk closed itself with its shell";
@@ -204,7 +189,7 @@ TEST(Desk, DialogDeskUnderAParent)
     EXPECT_EQ(xwkParentWidget, desk->form);
     EXPECT_EQ(shell_title(desk), "Inner");
     xwktest::ClickCenter(desk->buttons[0]);
-    EXPECT_EQ(poll_desk(desk), 1);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 1);
     CloseDesk(desk);
     EXPECT_EQ(xwkParentWidget, XtParent(outer->form)) << "the shell the dialog hung on";
     CloseDesk(outer);

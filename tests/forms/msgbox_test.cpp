@@ -24,6 +24,14 @@ void click(int n)
     xwktest::ClickCenter(boxdriver::button(n));
 }
 
+// A key, with the pointer over the message and off the buttons: keys go
+// where the pointer is.
+void key_over_box(KeySym key)
+{
+    xwktest::MoveTo(xwkConditWidget, 5, 5, 0);
+    xwktest::PressKey(XtDisplay(xwkConditWidget), key);
+}
+
 class MessageBox : public ::testing::Test {
 protected:
     void SetUp() override { xwktest::StartApp(); }
@@ -164,21 +172,23 @@ TEST_F(MessageBox, ButtonSetsAndNumbers)
         for (Widget b : buttons)
             labels.push_back(label_text(b));
     };
-    boxdriver::when_up(&step, [&] { take_labels(); click(2); });
-    EXPECT_EQ(condit(nullptr, "Set 0", 2, "OK or cancel", nullptr, 0, 1, 0), 2);
-    EXPECT_EQ(labels, (std::vector<std::string>{"  OK  ", "  Cancel  "}));
-
-    boxdriver::when_up(&step, [&] { take_labels(); click(1); });
-    EXPECT_EQ(condit(nullptr, "Set 1", 3, "Yes or no", nullptr, 0, 1, 1), 1);
-    EXPECT_EQ(labels, (std::vector<std::string>{"  Yes  ", "  No  "}));
-
-    boxdriver::when_up(&step, [&] { take_labels(); click(3); });
-    EXPECT_EQ(condit(nullptr, "Set 3", 2, "Own", "One\0Two\0Three", 3, 1, 3), 3);
-    EXPECT_EQ(labels, (std::vector<std::string>{"One", "Two", "Three"}));
-
-    boxdriver::when_up(&step, [&] { take_labels(); click(1); });
-    EXPECT_EQ(condit(nullptr, "Set 2", 2, "Only OK", nullptr, 0, 1, 2), 1);
-    EXPECT_EQ(labels, (std::vector<std::string>{"  OK  "}));
+    // The kind, the button set, own labels and their count; the button clicked.
+    struct Case {
+        int kind, set;
+        const char *own;
+        int count, click;
+        std::vector<std::string> labels;
+    } cases[] = {
+        {2, 0, nullptr, 0, 2, {"  OK  ", "  Cancel  "}},
+        {3, 1, nullptr, 0, 1, {"  Yes  ", "  No  "}},
+        {2, 3, "One\0Two\0Three", 3, 3, {"One", "Two", "Three"}},
+        {2, 2, nullptr, 0, 1, {"  OK  "}},
+    };
+    for (const Case &c : cases) {
+        boxdriver::when_up(&step, [&] { take_labels(); click(c.click); });
+        EXPECT_EQ(condit(nullptr, "Set", c.kind, "Which?", c.own, c.count, 1, c.set), c.click);
+        EXPECT_EQ(labels, c.labels) << c.set;
+    }
 
     // All buttons share one width: the widest and a part of it for each
     // character of the longest label (19 here).
@@ -205,11 +215,7 @@ TEST_F(MessageBox, DefaultAndCancelButtonsByKeys)
     boxdriver::when_up(&step, [&] {
         XtVaGetValues(xwkConditWidget, XmNdefaultButton, &def, NULL);
         EXPECT_EQ(def, boxdriver::button(2));
-        // Keys go where the pointer is: over the message, off the buttons.
-        int x = 0, y = 0;
-        xwktest::RootPosition(xwkConditWidget, &x, &y);
-        xwktest::MovePointer(XtDisplay(def), x + 5, y + 5);
-        xwktest::PressKey(XtDisplay(def), XK_Return);
+        key_over_box(XK_Return);
     });
     EXPECT_EQ(condit(nullptr, "Default", 3, "Which?", nullptr, 0, 9, 0), 2);
 
@@ -218,10 +224,7 @@ TEST_F(MessageBox, DefaultAndCancelButtonsByKeys)
         Widget cancel = nullptr;
         XtVaGetValues(xwkConditWidget, XmNcancelButton, &cancel, NULL);
         EXPECT_EQ(cancel, boxdriver::button(3));
-        int x = 0, y = 0;
-        xwktest::RootPosition(xwkConditWidget, &x, &y);
-        xwktest::MovePointer(XtDisplay(cancel), x + 5, y + 5);
-        xwktest::PressKey(XtDisplay(cancel), XK_Escape);
+        key_over_box(XK_Escape);
     });
     EXPECT_EQ(condit(nullptr, "Cancel", 3, "Which?", "Save\0Discard\0Cancel", 3, 1, 3), 3);
 
@@ -396,18 +399,14 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
     EXPECT_EQ(label_text(labels[1]), "Left side") << "^x vanishes";
     EXPECT_EQ(label_text(labels[2]), "Right   T") << "tabs stop every eight columns";
     EXPECT_EQ(label_text(labels[3]), "After itmono");
-    unsigned char align[4];
-    for (int i = 0; i < 4; i++)
-        XtVaGetValues(labels[i], XmNalignment, &align[i], NULL);
-    EXPECT_EQ(align[0], XmALIGNMENT_CENTER);
-    EXPECT_EQ(align[1], XmALIGNMENT_BEGINNING);
-    EXPECT_EQ(align[2], XmALIGNMENT_END);
-    EXPECT_EQ(align[3], XmALIGNMENT_END) << "a separator keeps the alignment";
+    auto align = [](Widget w) { return xwktest::Get<unsigned char>(w, XmNalignment); };
+    EXPECT_EQ(align(labels[0]), XmALIGNMENT_CENTER);
+    EXPECT_EQ(align(labels[1]), XmALIGNMENT_BEGINNING);
+    EXPECT_EQ(align(labels[2]), XmALIGNMENT_END);
+    EXPECT_EQ(align(labels[3]), XmALIGNMENT_END) << "a separator keeps the alignment";
     Widget line = xwktest::FindWidgetOfClass(form, xmSeparatorWidgetClass);
     ASSERT_NE(line, nullptr);
-    Widget below = nullptr;
-    XtVaGetValues(labels[3], XmNtopWidget, &below, NULL);
-    EXPECT_EQ(below, line);
+    EXPECT_EQ(xwktest::Get<Widget>(labels[3], XmNtopWidget), line);
 
     // Font tags of the pieces.
     XmString s = nullptr;
@@ -437,8 +436,7 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
     // far, which then takes the new alignment.
     Widget one = XwkCreateCompoundLabels(form, "^bB^b^lx\ny");
     EXPECT_EQ(label_text(one), "Bx\ny");
-    XtVaGetValues(one, XmNalignment, &align[0], NULL);
-    EXPECT_EQ(align[0], XmALIGNMENT_BEGINNING);
+    EXPECT_EQ(align(one), XmALIGNMENT_BEGINNING);
 
     // A line takes the string built so far along even with nothing pending.
     Widget form2 = XtVaCreateManagedWidget("form2", xmFormWidgetClass, form, NULL);
@@ -448,8 +446,7 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
     ASSERT_EQ(labels.size(), 2u);
     EXPECT_EQ(label_text(labels[0]), "B");
     EXPECT_EQ(label_text(after), "X");
-    XtVaGetValues(after, XmNtopWidget, &below, NULL);
-    EXPECT_TRUE(XmIsSeparator(below));
+    EXPECT_TRUE(XmIsSeparator(xwktest::Get<Widget>(after, XmNtopWidget)));
     // Styles do not nest: overlapping ones come out of order.
     EXPECT_EQ(label_text(XwkCreateCompoundLabels(form2, "^bA^iB^bC^i")), "ACB");
     XtDestroyWidget(shell);
