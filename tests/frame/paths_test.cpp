@@ -34,13 +34,6 @@ protected:
     std::string dir_;
 };
 
-std::string Take(char *s)
-{
-    std::string r = s ? s : "(null)";
-    XtFree(s);
-    return r;
-}
-
 TEST_F(Paths, IsFileExist)
 {
     EXPECT_TRUE(XwkIsFileExist(P("f").c_str()));
@@ -109,16 +102,16 @@ TEST_F(Paths, FindPathSearchesDirectories)
 
 TEST(Patterns, ExtensionAndRegex)
 {
-    EXPECT_EQ(Take(XwkGetExtFromPattern("*.c")), "c");
-    EXPECT_EQ(Take(XwkGetExtFromPattern("a.tar.gz")), "gz");
-    EXPECT_EQ(Take(XwkGetExtFromPattern("x.")), "");
-    EXPECT_EQ(Take(XwkGetExtFromPattern("a.b/c")), "(null)");
-    EXPECT_EQ(Take(XwkGetExtFromPattern("abc")), "(null)");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("*.c")), "c");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("a.tar.gz")), "gz");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("x.")), "");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("a.b/c")), "<null>");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("abc")), "<null>");
     EXPECT_EQ(XwkGetExtFromPattern(nullptr), nullptr);
 
-    EXPECT_EQ(Take(XwkGetMatchPattern("*.c")), "^.*\\.c$");
-    EXPECT_EQ(Take(XwkGetMatchPattern("a?b[0-9]/c*")), "^a.b[0-9]$");
-    EXPECT_EQ(Take(XwkGetMatchPattern("")), "^$");
+    EXPECT_EQ(xwktest::Take(XwkGetMatchPattern("*.c")), "^.*\\.c$");
+    EXPECT_EQ(xwktest::Take(XwkGetMatchPattern("a?b[0-9]/c*")), "^a.b[0-9]$");
+    EXPECT_EQ(xwktest::Take(XwkGetMatchPattern("")), "^$");
     EXPECT_EQ(XwkGetMatchPattern(nullptr), nullptr);
 }
 
@@ -171,20 +164,20 @@ TEST(Split, SplitPath)
     // Each part asked for, or not asked for (nullptr): "-" stands for none.
     struct Case { const char *path; bool dir, name, ext; const char *d, *n, *e; } cases[] = {
         {"/a/b.c", 1, 1, 1, "/a", "b", "c"},
-        {"b", 1, 1, 1, "(null)", "b", "(null)"},
-        {"/x", 1, 1, 1, "", "x", "(null)"},
+        {"b", 1, 1, 1, "<null>", "b", "<null>"},
+        {"/x", 1, 1, 1, "", "x", "<null>"},
         {"a.d/b.tar.gz", 1, 1, 0, "a.d", "b.tar.gz", "-"},
         {"a.d/b.tar.gz", 0, 1, 1, "-", "b.tar", "gz"},
-        {"a.d/b", 0, 1, 1, "-", "b", "(null)"},
-        {"d/.rc", 0, 1, 1, "-", "(null)", "rc"},
-        {"d/", 1, 1, 1, "d", "(null)", "(null)"},
+        {"a.d/b", 0, 1, 1, "-", "b", "<null>"},
+        {"d/.rc", 0, 1, 1, "-", "<null>", "rc"},
+        {"d/", 1, 1, 1, "d", "<null>", "<null>"},
     };
     for (const Case &c : cases) {
         char *d = nullptr, *n = nullptr, *e = nullptr;
         XwkSplitPath(c.path, c.dir ? &d : nullptr, c.name ? &n : nullptr, c.ext ? &e : nullptr);
-        EXPECT_EQ(c.dir ? Take(d) : "-", c.d) << c.path;
-        EXPECT_EQ(c.name ? Take(n) : "-", c.n) << c.path;
-        EXPECT_EQ(c.ext ? Take(e) : "-", c.e) << c.path;
+        EXPECT_EQ(c.dir ? xwktest::Take(d) : "-", c.d) << c.path;
+        EXPECT_EQ(c.name ? xwktest::Take(n) : "-", c.n) << c.path;
+        EXPECT_EQ(c.ext ? xwktest::Take(e) : "-", c.e) << c.path;
     }
     char *d, *n, *e;
     d = n = e = reinterpret_cast<char *>(1);
@@ -199,16 +192,16 @@ TEST(Tilde, ExpandTilde)
 {
     char home[] = "/home/me";
     xwkHOME = home;
-    EXPECT_EQ(Take(XwkExpandTilde("~")), "/home/me");
-    EXPECT_EQ(Take(XwkExpandTilde("~/x/y")), "/home/me/x/y");
-    EXPECT_EQ(Take(XwkExpandTilde("a/~/b")), "a/~/b");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~")), "/home/me");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~/x/y")), "/home/me/x/y");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("a/~/b")), "a/~/b");
     xwkHOME = nullptr;
-    EXPECT_EQ(Take(XwkExpandTilde("~/x")), "/x");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~/x")), "/x");
     struct passwd *root = getpwnam("root");
     ASSERT_NE(root, nullptr);
-    EXPECT_EQ(Take(XwkExpandTilde("~root/x")), std::string(root->pw_dir) + "/x");
-    EXPECT_EQ(Take(XwkExpandTilde("~root")), std::string(root->pw_dir));
-    EXPECT_EQ(Take(XwkExpandTilde("~no_such_user_xwk/x")), "~no_such_user_xwk/x");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~root/x")), std::string(root->pw_dir) + "/x");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~root")), std::string(root->pw_dir));
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~no_such_user_xwk/x")), "~no_such_user_xwk/x");
     EXPECT_EQ(XwkExpandTilde(nullptr), nullptr);
 }
 

@@ -14,35 +14,6 @@
 
 namespace {
 
-int x_errors;
-
-int CountError(Display *, XErrorEvent *)
-{
-    x_errors++;
-    return 0;
-}
-
-// Counts X errors of everything done in its scope, after a round trip.
-class ErrorWatch {
-public:
-    explicit ErrorWatch(Display *dpy) : dpy_(dpy)
-    {
-        XSync(dpy_, False);
-        x_errors = 0;
-        old_ = XSetErrorHandler(CountError);
-    }
-    ~ErrorWatch() { XSetErrorHandler(old_); }
-    int errors()
-    {
-        XSync(dpy_, False);
-        return x_errors;
-    }
-
-private:
-    Display *dpy_;
-    XErrorHandler old_;
-};
-
 const char *kFace[] = {
     "4 2 4 1 1 0",
     "  c None",
@@ -189,7 +160,6 @@ TEST(Icons, OneRecordPerFile)
 TEST(Icons, BadDataGivesNothingAndNoXError)
 {
     Widget shell = xwktest::StartApp();
-    Display *dpy = XtDisplay(shell);
     std::vector<std::vector<const char *>> bad = {
         {"2 2 3 1", "a c red", "b c blue", "ab", "ba", "", ""},          // one colour short
         {"0 0 1 1", "a c red", "", ""},                                   // empty picture
@@ -203,7 +173,7 @@ TEST(Icons, BadDataGivesNothingAndNoXError)
         {"2 1 1 0", "a c red", "aa"},                                     // no chars per pixel
         {"", "", ""},
     };
-    ErrorWatch watch(dpy);
+    xwktest::Warnings watch;
     for (size_t i = 0; i < bad.size(); i++) {
         std::vector<const char *> lines = bad[i];
         for (int k = 0; k < 8; k++)
@@ -233,7 +203,7 @@ TEST(Icons, BadDataGivesNothingAndNoXError)
         WriteFile(path, files[i]);
         EXPECT_EQ(XwkIconCreateFromFile(shell, path.c_str()), nullptr) << "file " << i;
     }
-    EXPECT_EQ(watch.errors(), 0);
+    EXPECT_EQ(watch.XErrors(), 0);
 }
 
 TEST(Icons, FreeingTheListSurvivesPixmapsTheServerDropped)
@@ -247,9 +217,9 @@ TEST(Icons, FreeingTheListSurvivesPixmapsTheServerDropped)
     b->extraPixmap = extra;
     XFreePixmap(dpy, a->pixmap);
     XFreePixmap(dpy, a->mask);
-    ErrorWatch watch(dpy);
+    xwktest::Warnings watch;
     XwkIconFreeIconsList();
-    EXPECT_EQ(watch.errors(), 0);
+    EXPECT_EQ(watch.XErrors(), 0);
     // The extra pixmap went with its icon.
     Window root;
     int x, y;
@@ -297,7 +267,7 @@ TEST(Icons, PseudoColorIconOnAFullMapTakesNearestCells)
     std::string text = kFaceFile;
     text.replace(text.find("#00ff00"), 7, "#12f034");
     WriteFile(TempDir() + "/pixmaps/near.xpm", text);
-    ErrorWatch watch(dpy);
+    xwktest::Warnings watch;
     XwkIcon *icon = XwkIconCreateFromFile(pseudo, "near");
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(icon->attributes.depth, 8u);
@@ -307,7 +277,7 @@ TEST(Icons, PseudoColorIconOnAFullMapTakesNearestCells)
     XQueryColor(dpy, map, &got);
     EXPECT_EQ(pic.Pixel(0, 0), taken[0]) << std::hex << got.red << " " << got.green << " " << got.blue << " taken " << std::dec << taken.size();
     EXPECT_EQ(pic.Pixel(1, 0), pseudo->core.background_pixel);
-    EXPECT_EQ(watch.errors(), 0);
+    EXPECT_EQ(watch.XErrors(), 0);
     XwkIconFree(pseudo, icon);
     XCloseDisplay(other);
 }
@@ -351,10 +321,9 @@ TEST(DragIcons, FromAnIconOrEmpty)
 TEST(Cursors, SolidAndInvisibleCursors)
 {
     Widget shell = xwktest::StartApp();
-    Display *dpy = XtDisplay(shell);
     Widget box = XtVaCreateManagedWidget("box", xmLabelWidgetClass, shell, NULL);
     XtRealizeWidget(shell);
-    ErrorWatch watch(dpy);
+    xwktest::Warnings watch;
     char bits[] = {0x0f, 0x0f, 0x0f, 0x0f, 0x0f, 0x0f, 0x0f, 0x0f};
     char mask[] = {0x1f, 0x1f, 0x1f, 0x1f, 0x1f, 0x1f, 0x1f, 0x1f};
     Cursor c = create_solid_cursor(shell, bits, mask, 8, 8, 2, 3);
@@ -363,7 +332,7 @@ TEST(Cursors, SolidAndInvisibleCursors)
     XwkAddSolidCursor(shell, xmLabelWidgetClass, None);
     XwkSetNoneCursor(box);
     XwkSetNoneCursor(shell);
-    EXPECT_EQ(watch.errors(), 0);
+    EXPECT_EQ(watch.XErrors(), 0);
     XtUnmanageChild(box);
     XtDestroyWidget(box);
 }

@@ -342,6 +342,13 @@ int Capture::height() const
     return image_->height;
 }
 
+std::string Take(char *s)
+{
+    std::string out = s ? s : "<null>";
+    XtFree(s);
+    return out;
+}
+
 std::string TextOf(Widget text)
 {
     char *s = XmTextGetString(text);

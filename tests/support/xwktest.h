@@ -173,6 +173,8 @@ private:
 };
 
 unsigned long PixelOf(Widget w, const char *resource);  // e.g. XmNbackground
+// A string from XtMalloc as a std::string ("<null>" for none), freed.
+std::string Take(char *s);
 // The text of an XmText or XmTextField widget.
 std::string TextOf(Widget text);
 // A named colour allocated in the default colormap of the widget's screen.

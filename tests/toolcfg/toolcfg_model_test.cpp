@@ -9,12 +9,7 @@ using namespace cfgtest;
 
 namespace {
 
-std::string Take(char *s)
-{
-    std::string r = s ? s : "<null>";
-    XtFree(s);
-    return r;
-}
+using xwktest::Take;
 
 struct Model : ::testing::Test {
     IDECfgTool *tool = SampleTool();

@@ -23,22 +23,6 @@ void CollectWarning(String name, String, String, String def, String *, Cardinal 
     warnings.push_back(def ? def : name);
 }
 
-// A second client: can it take the pointer and keyboard right now?
-bool OthersCanGrab()
-{
-    Display *other = XOpenDisplay(xwktest::DisplayName());
-    if (!other)
-        return false;
-    Window root = DefaultRootWindow(other);
-    int p = XGrabPointer(other, root, False, ButtonPressMask, GrabModeAsync, GrabModeAsync, None, None,
-                         CurrentTime);
-    int k = XGrabKeyboard(other, root, False, GrabModeAsync, GrabModeAsync, CurrentTime);
-    XUngrabPointer(other, CurrentTime);
-    XUngrabKeyboard(other, CurrentTime);
-    XCloseDisplay(other);
-    return p == GrabSuccess && k == GrabSuccess;
-}
-
 struct Fixture {
     Widget shell = nullptr, row = nullptr, combo = nullptr, button = nullptr;
     explicit Fixture(unsigned char type, int items = 5, const char *name = "combo")
@@ -97,7 +81,7 @@ TEST(ComboBox, ArrowClickPopsListAndAChoiceClosesIt)
     ASSERT_TRUE(xwktest::WaitViewable(list));
     xwktest::Pump(50);
     EXPECT_TRUE(f.listUp());  // the release of the opening click leaves it up
-    EXPECT_FALSE(OthersCanGrab());
+    EXPECT_FALSE(xwktest::OthersCanGrab());
 
     // The shell opens under the combo box, as wide as it within the highlight.
     Widget shell = XwkComboBoxGetShell(f.combo);
@@ -117,7 +101,7 @@ TEST(ComboBox, ArrowClickPopsListAndAChoiceClosesIt)
     EXPECT_EQ(selections[0].reason, XwkCR_COMBO_SELECT);
     EXPECT_EQ(selections[0].position, 3);
     EXPECT_EQ(f.Text(), "item3");
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, ClickOutsideClosesAndReachesTheWidgetUnderIt)
@@ -130,7 +114,7 @@ TEST(ComboBox, ClickOutsideClosesAndReachesTheWidgetUnderIt)
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
     ASSERT_TRUE(xwktest::PumpUntil([&] { return pushes == 1; }));
     EXPECT_TRUE(selections.empty());
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
     EXPECT_FALSE(((ShellWidget)XwkComboBoxGetShell(f.combo))->shell.popped_up);
 
     // A click on the root window closes it as well.
@@ -142,7 +126,7 @@ TEST(ComboBox, ClickOutsideClosesAndReachesTheWidgetUnderIt)
     XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
     XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
@@ -155,7 +139,7 @@ TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
     xwktest::PressKey(dpy, XK_Escape);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
     EXPECT_TRUE(selections.empty());
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 
     // Focus is back in the text: Down moves the choice and notifies.
     xwktest::PressKey(dpy, XK_Down);
@@ -172,7 +156,7 @@ TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
     xwktest::Settle();
     EXPECT_EQ(f.Text(), "item3");
     EXPECT_EQ(f.part().selectedPosition, 3);
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, EditableTextTakesTypingAndActivates)
@@ -221,7 +205,7 @@ TEST(ComboBox, WheelScrollsTheListAndLeavesItUp)
     EXPECT_TRUE(f.listUp());
     xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
@@ -231,7 +215,7 @@ TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
     ASSERT_TRUE(f->WaitUp());
     XtDestroyWidget(f->combo);
     xwktest::Settle();
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
     delete f;
 
     // Destroyed between the popup and the grabs.
@@ -239,7 +223,7 @@ TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
     XwkComboBoxProcessXY(g->combo, g->combo->core.width - 5, 5);
     XtDestroyWidget(g->combo);
     xwktest::Settle();
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
     delete g;
 }
 
@@ -266,7 +250,7 @@ TEST(ComboBox, BadValuesAndEmptyLists)
     ASSERT_TRUE(f.WaitUp());
     xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 
     EXPECT_EQ(XwkComboBoxSelectPos(f.combo, 3, True), 3);
     EXPECT_TRUE(selections.empty());
@@ -327,7 +311,7 @@ TEST(ComboBox, PopupListKindAndPlacementAtScreenEdge)
     xwktest::Settle();
     ASSERT_EQ(selections.size(), 1u);
     EXPECT_EQ(selections[0].position, 1);
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, ListNearTheBottomOpensAbove)
@@ -346,7 +330,7 @@ TEST(ComboBox, ListNearTheBottomOpensAbove)
     EXPECT_LT(sy + (int)shell->core.height, cy + 2);
     xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, ArrowIsDrawnAndResourcesComeFromTheDatabase)
