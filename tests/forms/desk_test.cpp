@@ -106,6 +106,8 @@ TEST(Desk, ButtonsShareOneWidthAndTheLastStandsRight)
     Widget area = desk->action;
     EXPECT_EQ(desk->buttons[2]->core.x + desk->buttons[2]->core.width + 5, (int)area->core.width);
     EXPECT_EQ(desk->buttons[0]->core.x, 5);
+    // The shell is never narrower than the buttons with a gap around each.
+    EXPECT_EQ(xwktest::Get<int>(XwkGetShell(area), XtNminWidth), 3 * (w0 + 5) + 2 * 5);
     EXPECT_EQ(xwktest::Get<KeySym>(desk->buttons[2], XmNmnemonic), (KeySym)'H');
     WidgetList buttons = nullptr;
     EXPECT_EQ(XwkGetActionButtons(desk->panes, &buttons), 3);

@@ -587,13 +587,14 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(xwkConditWidget, nullptr);
 
     std::string text, name;
-    boxdriver::when_up(&step, [&] { text = box_text(); name = XtName(xwkConditWidget); click(1); });
-    EXPECT_EQ(err_msg(nullptr, missing.c_str(), 1), 1);
-    EXPECT_EQ(text, "Can't find the file\n`" + missing + "'.|");
-    EXPECT_EQ(name, "xwkError");
-    boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
-    EXPECT_EQ(err_msg(nullptr, present.c_str(), -4), 1) << "negative: no test";
-    EXPECT_EQ(text, "Can't read the file\n`" + present + "'.|");
+    // A negative code shows its box without testing the file.
+    for (auto [code, file, verb] : {std::tuple{1, missing, "find"}, {-4, present, "read"},
+                                    {-2, present, "create"}, {-6, present, "open"}}) {
+        boxdriver::when_up(&step, [&] { text = box_text(); name = XtName(xwkConditWidget); click(1); });
+        EXPECT_EQ(err_msg(nullptr, file.c_str(), code), 1);
+        EXPECT_EQ(text, "Can't " + std::string(verb) + " the file\n`" + file + "'.|");
+        EXPECT_EQ(name, "xwkError");
+    }
     for (int code : {8, 11}) {
         boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
         int code_ref = code;

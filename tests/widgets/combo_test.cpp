@@ -350,6 +350,7 @@ TEST(ComboBox, ArrowIsDrawnAndResourcesComeFromTheDatabase)
     XrmPutStringResource(&db, "*typed.comboBoxType", "drop_down_combo_box");
     Widget c = XwkCreateComboBox(g.row, (String) "typed", nullptr, 0);
     EXPECT_EQ(((XwkComboBoxWidget)c)->combo.comboBoxType, XwkDROP_DOWN_COMBO_BOX);
+    EXPECT_EQ(((XwkComboBoxWidget)c)->combo.visibleItemCount, 10) << "the default";
     XtDestroyWidget(c);
 
     // The arrow has its bar and shadows: more than one colour inside it.
