@@ -127,6 +127,7 @@ TEST(TreeCells, ComboCellChoice)
                          XmStringCreateLocalized((char *)"blue")};
     XmPrjTreeSetComboBoxItems(s.tree, 2, items, 3);
     XmPrjTreeSetColumnType(s.tree, 2, XmCELL_DROP_DOWN_LIST, 0);
+    EXPECT_EQ(XmPrjTreeGetColumnType(s.tree, 2), XmCELL_DROP_DOWN_LIST);
     XmPrjTreeNode a = s.Add("one||x");
     s.Add("two||y");
     // An empty combo piece takes the first entry.
