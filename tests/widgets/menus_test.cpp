@@ -33,10 +33,7 @@ void OnChoose(Widget, XtPointer closure, XtPointer call_data)
 
 std::string ShortHelp(Widget w)
 {
-    char *text = XwkGetShortHelp(w);
-    std::string out = text ? text : "(none)";
-    XtFree(text);
-    return out;
+    return xwktest::Take(XwkGetShortHelp(w));
 }
 
 void FreeItems(XwkMenuItem *items)
