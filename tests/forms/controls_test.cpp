@@ -64,32 +64,28 @@ TEST(Controls, LabelButtonAndSeparatorRaiseTheExtents)
     unsigned short w = desk->extent_w, h = desk->extent_h;
     SetSeparator(desk, 0.0f, 4.0f, 200.0f, 4, &line);
     ASSERT_NE(line, nullptr);
-    unsigned char type = 0, orientation = 0, right = 0;
-    XtVaGetValues(line->widget, XmNseparatorType, &type, XmNorientation, &orientation,
-                  XmNrightAttachment, &right, NULL);
-    EXPECT_EQ(type, XmDOUBLE_LINE);
-    EXPECT_EQ(orientation, XmHORIZONTAL);
-    EXPECT_EQ(right, XmATTACH_FORM) << "longer than the screen: up to the edge";
+    using xwktest::Get;
+    auto type = [](XwkDeskItem *i) { return Get<unsigned char>(i->widget, XmNseparatorType); };
+    auto orientation = [](XwkDeskItem *i) { return Get<unsigned char>(i->widget, XmNorientation); };
+    EXPECT_EQ(type(line), XmDOUBLE_LINE);
+    EXPECT_EQ(orientation(line), XmHORIZONTAL);
+    EXPECT_EQ(Get<unsigned char>(line->widget, XmNrightAttachment), XmATTACH_FORM)
+        << "longer than the screen: up to the edge";
     EXPECT_EQ(desk->extent_w, w);
     EXPECT_EQ(desk->extent_h, h);
     XwkDeskItem *vertical = nullptr;
     SetSeparator(desk, 8.0f, 0.0f, -2.0f, 9, &vertical);
-    XtVaGetValues(vertical->widget, XmNseparatorType, &type, XmNorientation, &orientation, NULL);
-    EXPECT_EQ(type, XmSHADOW_ETCHED_IN);
-    EXPECT_EQ(orientation, XmVERTICAL);
+    EXPECT_EQ(type(vertical), XmSHADOW_ETCHED_IN);
+    EXPECT_EQ(orientation(vertical), XmVERTICAL);
     EXPECT_EQ(vertical->widget->core.height, 56);
     // Within the screen: the length itself, placed inside the work area's shadow.
     XwkDeskItem *shortline = nullptr;
     SetSeparator(desk, 1.0f, 3.0f, 3.0f, 3, &shortline);
-    Dimension work_shadow = 0;
-    XtVaGetValues(desk->work, XmNshadowThickness, &work_shadow, NULL);
-    int left = 0, top = 0;
-    XtVaGetValues(shortline->widget, XmNleftOffset, &left, XmNtopOffset, &top,
-                  XmNseparatorType, &type, NULL);
+    int work_shadow = Get<Dimension>(desk->work, XmNshadowThickness);
     EXPECT_EQ(shortline->width, 84);
-    EXPECT_EQ(left, 28 + work_shadow);
-    EXPECT_EQ(top, 84 + work_shadow);
-    EXPECT_EQ(type, XmSINGLE_LINE);
+    EXPECT_EQ(Get<int>(shortline->widget, XmNleftOffset), 28 + work_shadow);
+    EXPECT_EQ(Get<int>(shortline->widget, XmNtopOffset), 84 + work_shadow);
+    EXPECT_EQ(type(shortline), XmSINGLE_LINE);
 
     open(desk);
     xwktest::ClickCenter(button->widget);
@@ -396,24 +392,18 @@ TEST(Controls, DisplayOnlyAndMultiLineFields)
     EXPECT_STREQ(plain, "ABC");
     XtFree(plain);
     XmStringFree(s);
-    XtVaGetValues(sh->text, XmNforeground, &fg, NULL);
-    EXPECT_NE(fg, bg);
+    EXPECT_NE(xwktest::PixelOf(sh->text, XmNforeground), bg);
 
     XwkEditItem *m = (XwkEditItem *)multi;
     EXPECT_EQ(name_of(m->text), "xwkText");
     EXPECT_EQ(name_of(XtParent(XtParent(m->text))), "xwkFrame");
-    Boolean hscroll = False;
-    unsigned char bottom = 0, right = 0;
-    XtVaGetValues(m->text, XmNscrollHorizontal, &hscroll, NULL);
-    XtVaGetValues(multi->widget, XmNbottomAttachment, &bottom, XmNrightAttachment, &right, NULL);
-    EXPECT_TRUE(hscroll) << "rows and columns both negative";
-    EXPECT_EQ(bottom, XmATTACH_FORM);
-    EXPECT_EQ(right, XmATTACH_FORM);
+    using xwktest::Get;
+    EXPECT_TRUE(Get<Boolean>(m->text, XmNscrollHorizontal)) << "rows and columns both negative";
+    EXPECT_EQ(Get<unsigned char>(multi->widget, XmNbottomAttachment), XmATTACH_FORM);
+    EXPECT_EQ(Get<unsigned char>(multi->widget, XmNrightAttachment), XmATTACH_FORM);
 
     XwkEditItem *f = (XwkEditItem *)fill;
-    Boolean editable = True;
-    XtVaGetValues(f->text, XmNeditable, &editable, NULL);
-    EXPECT_FALSE(editable) << "columns 0: a field that only shows";
+    EXPECT_FALSE(Get<Boolean>(f->text, XmNeditable)) << "columns 0: a field that only shows";
     open(desk);
 
     // The empty value draws nothing inside the shadow, yet takes the room of "ABC".

@@ -483,9 +483,7 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
     EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_SINGLE_SELECT);
     XmPrjDeskDeleteItem(s.desk, fig);
     EXPECT_EQ(XmPrjDeskGetSelectedItem(s.desk)->index, 0);
-    XtPointer selected_data = (XtPointer)-1;
-    XtVaGetValues(s.desk, XmNselected, &selected_data, NULL);
-    EXPECT_EQ(selected_data, XmPrjDeskGetSelectedItem(s.desk)->data
+    EXPECT_EQ(xwktest::Get<XtPointer>(s.desk, XmNselected), XmPrjDeskGetSelectedItem(s.desk)->data
                                  ? ((XmPrjDeskItem)XmPrjDeskGetSelectedItem(s.desk)->data)->userData
                                  : nullptr);
     EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 6);
@@ -503,9 +501,8 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
     XtTranslations own = XtParseTranslationTable("<Key>F5: DeskKbdKey(5)");
     XtOverrideTranslations(s.desk, own);
     Widget form = xwktest::Shell("clone", 200, 160);
-    Arg args[1];
-    XtSetArg(args[0], XmNmother, s.desk);
-    Widget clone = XmCreateScrolledDeskList(form, (String) "view", args, 1);
+    Arg mother[] = {{(String)XmNmother, (XtArgVal)s.desk}};
+    Widget clone = XmCreateScrolledDeskList(form, (String) "view", mother, 1);
     xwktest::Show(clone, form);
     WidgetList clones = nullptr;
     Cardinal count = 0;
@@ -514,21 +511,16 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
     EXPECT_EQ(clones[0], clone);
     EXPECT_EQ(XmPrjDeskGetItemsCount(clone), 60);
     // The clone takes its mother's translations.
-    XtTranslations mother_tm = nullptr, clone_tm = nullptr;
-    XtVaGetValues(s.desk, XmNtranslations, &mother_tm, NULL);
-    XtVaGetValues(clone, XmNtranslations, &clone_tm, NULL);
-    EXPECT_EQ(clone_tm, mother_tm);
+    EXPECT_EQ(xwktest::Get<XtTranslations>(clone, XmNtranslations),
+              xwktest::Get<XtTranslations>(s.desk, XmNtranslations));
     XmPrjDeskNode added = XmPrjDeskAddItem(clone, (char *)"zzz", s.icon, (XtPointer)7);
     EXPECT_EQ(XmPrjDeskGetDeskWidgetFromItem(added), clone);
     EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 61);
     XmPrjDeskSetItem(clone, added);
     EXPECT_EQ(XmPrjDeskGetSelectedItem(s.desk), added);
     // Both desks answer XmNselected with the current item's data.
-    for (Widget v : {s.desk, clone}) {
-        XtPointer data = nullptr;
-        XtVaGetValues(v, XmNselected, &data, NULL);
-        EXPECT_EQ(data, (XtPointer)7);
-    }
+    for (Widget v : {s.desk, clone})
+        EXPECT_EQ(xwktest::Get<XtPointer>(v, XmNselected), (XtPointer)7);
     EXPECT_GT(Part(clone).topRow, 0);
     EXPECT_EQ(Part(s.desk).topRow, 0);
     // Resources set on a clone are its mother's, and size every desk.

@@ -135,33 +135,30 @@ TEST(TreeGeometry, EmptyListHasNoLabelHeight)
     Shown s(false);
     s.Up();
     XmPrjTreePart &t = Part(s.tree);
-    Dimension vpad = 0, fpad = 0, ht = 0, row = 0;
+    Dimension vpad = 0, fpad = 0, ht = 0;
     XtVaGetValues(s.tree, XmNvPad, &vpad, XmNvFontPad, &fpad, XmNhighlightThickness, &ht, NULL);
     auto even = [&](int v) { return t.useDashLine && (v & 1) ? v + 1 : v; };
+    auto row = [&] { return xwktest::Get<Dimension>(s.tree, XmNrowHeight); };
     int pads = even(2 * fpad + 2 * (vpad + ht));
-    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
-    EXPECT_EQ(row, pads);
+    EXPECT_EQ(row(), pads);
     EXPECT_EQ(t.labelHeight, 0);
 
     XmPrjTreeNode a = AddRow(s.tree, nullptr, "one", XmSLAM_UNDEFINED);
     XmPrjTreeNode b = AddRow(s.tree, nullptr, "two", XmSLAM_UNDEFINED);
     Dimension label = t.labelHeight;
     ASSERT_GT(label, 0);
-    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
-    EXPECT_EQ(row, even(2 * fpad + label + 2 * (vpad + ht)));
+    EXPECT_EQ(row(), even(2 * fpad + label + 2 * (vpad + ht)));
 
     // The batch ends in a pass over no rows.
     XmPrjTreeNode both[] = {a, b};
     XmPrjTreeDeleteItems(s.tree, both, 2);
     EXPECT_EQ(XmPrjTreeGetFirstNode(s.tree), nullptr);
-    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
-    EXPECT_EQ(row, pads);
+    EXPECT_EQ(row(), pads);
 
     // A row added the fast way grows the height back without a pass.
     XmPrjTreeAddSimpleItem(s.tree, "three", nullptr);
-    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
     EXPECT_EQ(t.labelHeight, label);
-    EXPECT_EQ(row, even(label + vpad + 2 * (fpad + ht)));
+    EXPECT_EQ(row(), even(label + vpad + 2 * (fpad + ht)));
 }
 
 TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
@@ -518,23 +515,17 @@ TEST(TreeCreation, ScrolledWindowNamesAndTheSlamPolicyWarning)
     EXPECT_STREQ(XtName(XtParent(named)), "filesSW");
     EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeVertScrollBar"), nullptr);
     EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeHorizScrollBar"), nullptr);
-    unsigned char scrolling = 9, visual = 9, display = 9;
-    Dimension sw_shadow = 9;
-    XtVaGetValues(XtParent(named), XmNscrollingPolicy, &scrolling, XmNvisualPolicy, &visual,
-                  XmNscrollBarDisplayPolicy, &display, XmNshadowThickness, &sw_shadow, NULL);
-    EXPECT_EQ(scrolling, XmAPPLICATION_DEFINED);
-    EXPECT_EQ(visual, XmVARIABLE);
-    EXPECT_EQ(display, XmSTATIC);
-    EXPECT_EQ(sw_shadow, 0);
+    using xwktest::Get;
+    EXPECT_EQ(Get<unsigned char>(XtParent(named), XmNscrollingPolicy), XmAPPLICATION_DEFINED);
+    EXPECT_EQ(Get<unsigned char>(XtParent(named), XmNvisualPolicy), XmVARIABLE);
+    EXPECT_EQ(Get<unsigned char>(XtParent(named), XmNscrollBarDisplayPolicy), XmSTATIC);
+    EXPECT_EQ(Get<Dimension>(XtParent(named), XmNshadowThickness), 0);
     // A list put by hand into a scrolled window of the application's makes
     // its bars there and is its work window.
     Widget own = XtVaCreateWidget("own", xmScrolledWindowWidgetClass, shell, NULL);
     Widget inner = XmCreatePrjTree(own, (String) "inner", nullptr, 0);
-    XtVaGetValues(own, XmNscrollBarDisplayPolicy, &display, NULL);
-    EXPECT_EQ(display, XmSTATIC);
-    Widget work = nullptr;
-    XtVaGetValues(own, XmNworkWindow, &work, NULL);
-    EXPECT_EQ(work, inner);
+    EXPECT_EQ(Get<unsigned char>(own, XmNscrollBarDisplayPolicy), XmSTATIC);
+    EXPECT_EQ(Get<Widget>(own, XmNworkWindow), inner);
     EXPECT_NE(xwktest::FindWidget(own, "treeVertScrollBar"), nullptr);
     XtDestroyWidget(own);
     {
@@ -543,9 +534,7 @@ TEST(TreeCreation, ScrolledWindowNamesAndTheSlamPolicyWarning)
         ASSERT_EQ(log.texts.size(), 1u);
         EXPECT_TRUE(Warned(log, "You can't change slam policy on the fly!"));
     }
-    unsigned char policy = 0;
-    XtVaGetValues(named, XmNslamPolicy, &policy, NULL);
-    EXPECT_EQ(policy, XmSLAM_PER_ROW);
+    EXPECT_EQ(Get<unsigned char>(named, XmNslamPolicy), XmSLAM_PER_ROW);
     // Destroying the list takes its window along.
     static bool gone;
     gone = false;

@@ -94,9 +94,7 @@ TEST(TreeClicks, SelectAndDoubleClick)
     EXPECT_EQ(Last("selectionChanged").reason, XmCR_ACTIVATE);
     EXPECT_EQ(Count("selectionChanged"), 1);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
-    XtPointer selected = nullptr;
-    XtVaGetValues(l.tree, XmNselected, &selected, NULL);
-    EXPECT_EQ(selected, (XtPointer)4);
+    EXPECT_EQ(xwktest::Get<XtPointer>(l.tree, XmNselected), (XtPointer)4);
     // A second press on the same row within the multi-click time.
     l.ClickRow(3);
     ASSERT_EQ(Count("defaultActionCallback"), 1);
