@@ -564,13 +564,8 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
 
 TEST_F(MessageBox, FileMessagesByCode)
 {
-    char dir[] = "/tmp/xwk_errmsg_XXXXXX";
-    ASSERT_NE(mkdtemp(dir), nullptr);
-    std::string present = std::string(dir) + "/present";
-    std::string missing = std::string(dir) + "/missing";
-    FILE *f = fopen(present.c_str(), "w");
-    fputs("data", f);
-    fclose(f);
+    xwktest::TempDir dir;
+    std::string present = dir.Write("present", "data"), missing = dir.Path("missing");
 
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 1), 0);
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 4), 0);
@@ -578,7 +573,7 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(access(present.c_str(), F_OK), 0) << "an existing file stays";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 6), 0);
     EXPECT_NE(access(missing.c_str(), F_OK), 0) << "the probe file is gone again";
-    std::string probed = std::string(dir) + "/probed";
+    std::string probed = dir.Path("probed");
     fclose(fopen(probed.c_str(), "w"));
     EXPECT_EQ(err_msg(nullptr, probed.c_str(), 6), 0);
     EXPECT_NE(access(probed.c_str(), F_OK), 0) << "code 6 removes even a file that was there";
@@ -622,7 +617,7 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_NE(access(present.c_str(), F_OK), 0) << "overwrite removes the file";
 
     // A file name far longer than the message buffer is cut.
-    std::string very_long = std::string(dir) + "/" + std::string(4000, 'n');
+    std::string very_long = dir.Path(std::string(4000, 'n'));
     boxdriver::when_up(&step, [&] {
         text = box_text();
         xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
@@ -630,7 +625,6 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(err_msg(nullptr, very_long.c_str(), -8), 0);
     // Cut inside the bold name: a style never switched off shows nothing.
     EXPECT_EQ(text, "Invalid format of the file\n|");
-    rmdir(dir);
 }
 
 TEST_F(MessageBox, OutOfMemoryBox)

@@ -37,24 +37,14 @@ Widget ColouredLabel(Widget parent, Pixel background)
     return XtVaCreateManagedWidget("icons", xmLabelWidgetClass, parent, XmNbackground, background, NULL);
 }
 
-struct TempDirRemover {
-    std::string dir;
-    ~TempDirRemover()
-    {
-        if (!dir.empty())
-            std::filesystem::remove_all(dir);
-    }
-} temp_dir_remover;
+// The directory Xt searches for pixmaps, made before anything reads the path.
+xwktest::TempDir files;
 
 std::string TempDir()
 {
-    std::string &dir = temp_dir_remover.dir;
-    if (dir.empty()) {
-        char templ[] = "/tmp/xwk-icons-XXXXXX";
-        dir = mkdtemp(templ);
-        mkdir((dir + "/pixmaps").c_str(), 0700);
-    }
-    return dir;
+    static bool made = mkdir((files.Path() + "/pixmaps").c_str(), 0700) == 0;
+    (void)made;
+    return files.Path();
 }
 
 void WriteFile(const std::string &path, const std::string &text)

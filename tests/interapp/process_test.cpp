@@ -174,9 +174,8 @@ TEST(RunProcess, TheRunCommandCanBeReplaced)
 
 TEST(FindExecPath, NamesPathsAndTheRememberedDirectory)
 {
-    char dir_template[] = "/tmp/xwk-exec-XXXXXX";
-    ASSERT_NE(mkdtemp(dir_template), nullptr);
-    std::string dir = dir_template;
+    xwktest::TempDir tmp;
+    std::string dir = tmp.Path();
     auto make = [&](const char *name, mode_t mode) {
         std::string path = dir + "/" + name;
         close(open(path.c_str(), O_CREAT | O_WRONLY, 0600));
@@ -210,9 +209,6 @@ TEST(FindExecPath, NamesPathsAndTheRememberedDirectory)
         EXPECT_STREQ(found, c.expected) << c.name;
         free(found);
     }
-    unlink(tool.c_str());
-    unlink(hidden.c_str());
-    rmdir(dir.c_str());
 }
 
 // Reads the master until the output holds text or two seconds pass.

@@ -11,21 +11,11 @@ namespace fs = std::filesystem;
 namespace {
 
 struct RuleLoad : ::testing::Test {
-    fs::path dir;
-
-    void SetUp() override
-    {
-        char tmpl[] = "/tmp/xwk-ftload-XXXXXX";
-        ASSERT_TRUE(mkdtemp(tmpl));
-        dir = tmpl;
-    }
-
-    void TearDown() override { fs::remove_all(dir); }
-
+    xwktest::TempDir tmp;
+    fs::path dir = tmp.Path();
     std::string Write(const std::string &name, const std::string &content)
     {
-        std::ofstream(dir / name, std::ios::binary) << content;
-        return dir / name;
+        return tmp.Write(name, content);
     }
 };
 

@@ -47,24 +47,23 @@ std::ostream &operator<<(std::ostream &os, const Result &r)
 }
 
 struct FileType : ::testing::Test {
-    static fs::path dir;
+    static inline xwktest::TempDir *tmp;
+    static inline fs::path dir;
 
     static void SetUpTestSuite()
     {
-        char tmpl[] = "/tmp/xwk-ftype-XXXXXX";
-        ASSERT_TRUE(mkdtemp(tmpl));
-        dir = tmpl;
+        tmp = new xwktest::TempDir;
+        dir = tmp->Path();
         Write("rules", rule_text);
         char *action = nullptr;
         ASSERT_EQ(CheckFileType((dir / "rules").c_str(), nullptr, &action, nullptr, 0), 1);
     }
 
-    static void TearDownTestSuite() { fs::remove_all(dir); }
+    static void TearDownTestSuite() { delete tmp; }
 
     static std::string Write(const std::string &name, const std::string &content)
     {
-        std::ofstream(dir / name, std::ios::binary) << content;
-        return dir / name;
+        return tmp->Write(name, content);
     }
 
     static Result Check(const std::string &name, int flags = 0)
@@ -75,7 +74,6 @@ struct FileType : ::testing::Test {
     }
 };
 
-fs::path FileType::dir;
 
 TEST_F(FileType, SuffixRules)
 {
