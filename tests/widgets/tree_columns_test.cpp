@@ -58,10 +58,7 @@ struct Table {
     }
     std::string Layout()
     {
-        char *s = XmPrjTreeGetColumnsLayoutString(tree);
-        std::string out = s ? s : "(null)";
-        XtFree(s);
-        return out;
+        return xwktest::Take(XmPrjTreeGetColumnsLayoutString(tree));
     }
     int Boundary(int column) { return ColumnRec(column)->x + 1; }
     XmPrjTreeColumnRec *ColumnRec(int column)
@@ -80,22 +77,12 @@ struct Table {
             QueuedDrag(XtDisplay(title), rx + x, ry + title->core.height / 2, dx, 0, button);
             return;
         }
-        Display *dpy = XtDisplay(title);
-        int rx, ry;
-        xwktest::RootPosition(title, &rx, &ry);
-        int y = ry + title->core.height / 2;
-        xwktest::MovePointer(dpy, rx + x, y);
-        xwktest::Pump(50);
-        XTestFakeButtonEvent(dpy, button, True, CurrentTime);
-        XFlush(dpy);
-        xwktest::Pump(80);
-        for (int step = 1; step <= 6; step++) {
-            xwktest::MovePointer(dpy, rx + x + dx * step / 6, y);
-            xwktest::Pump(40);
-        }
-        XTestFakeButtonEvent(dpy, button, False, CurrentTime);
-        XFlush(dpy);
-        xwktest::Pump(300);
+        int y = title->core.height / 2;
+        xwktest::MoveTo(title, x, y, 50);
+        xwktest::Press(title, x, y, button, 80);
+        for (int step = 1; step <= 6; step++)
+            xwktest::MoveTo(title, x + dx * step / 6, y, 40);
+        xwktest::Release(title, button, 300);
         xwktest::Settle();
     }
 };
@@ -139,8 +126,7 @@ TEST(TreeColumns, TitleItemsAndColumnOperations)
     EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 2), 24);
     Part(t.tree).iconWidth = 0;
     // Cells: too many pieces go into the last cell, too few leave empty ones.
-    XmPrjTreeNode a = XmPrjTreeAddItem(t.tree, nullptr, "x|1|a|b|c", nullptr, nullptr,
-                                       XmSLAM_UNDEFINED, nullptr, nullptr, nullptr);
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "x|1|a|b|c", XmSLAM_UNDEFINED);
     XmPrjTreeNode b = AddRow(t.tree, nullptr, "|", XmSLAM_UNDEFINED);
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, a, 3), "a|b|c");
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, b, 1), "");
@@ -179,7 +165,7 @@ TEST(TreeColumns, LayoutStringRoundTrip)
     std::string nocomma = "A:0;B:1,5";
     EXPECT_EQ(XmPrjTreeCheckLayoutString(t.tree, nocomma.data()), 0);
     Table single("Only", 1);
-    EXPECT_EQ(single.Layout(), "(null)");
+    EXPECT_EQ(single.Layout(), "<null>");
     // A lone sortable column reaches the bar's right end, its arrow there.
     XmPrjTreeSetColumnSortable(single.tree, 1, True);
     single.Up();
@@ -227,10 +213,7 @@ TEST(TreeColumns, SortClickTogglesDirectionAndArrow)
     XmPrjTreeSetAllColumnsSortable(t.tree, True);
     Fill(t.tree);
     t.Up();
-    int rx, ry;
-    xwktest::RootPosition(t.tree, &rx, &ry);
-    xwktest::MovePointer(XtDisplay(t.tree), rx + 40, ry + 60);
-    xwktest::Pump(100);
+    xwktest::MoveTo(t.tree, 40, 60, 100);
     xwktest::Capture plain(t.title);
     int x = t.ColumnRec(1)->x + 10;
     xwktest::Click(t.title, x, t.title->core.height / 2);
@@ -284,18 +267,11 @@ TEST(TreeColumns, ScrollArrowsMoveFirstColumn)
     EXPECT_EQ(t.Layout().substr(0, 7), "A:-1,90");
     // A press on the arrow moves the columns at the release, even away
     // from the arrow.
-    Display *dpy = XtDisplay(t.title);
-    int rx, ry;
-    xwktest::RootPosition(t.title, &rx, &ry);
-    xwktest::MovePointer(dpy, rx + title->arrowLeftX + title->arrowWidth / 2,
-                         ry + title->arrowY + title->arrowHeight / 2);
-    xwktest::Pump(50);
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    xwktest::Pump(80);
-    xwktest::MovePointer(dpy, rx + 20, ry + title->arrowY + title->arrowHeight / 2);
-    xwktest::Pump(80);
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    xwktest::Pump(200);
+    int arrow_y = title->arrowY + title->arrowHeight / 2;
+    xwktest::MoveTo(t.title, title->arrowLeftX + title->arrowWidth / 2, arrow_y, 50);
+    xwktest::Press(t.title, title->arrowLeftX + title->arrowWidth / 2, arrow_y, 1, 80);
+    xwktest::MoveTo(t.title, 20, arrow_y, 80);
+    xwktest::Release(t.title, 1, 200);
     EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 1);
     // The right arrow moves on while a column follows, though all fit.
     for (int i = 1; i <= 5; i++)
@@ -328,10 +304,7 @@ TEST(TreeColumns, TitleButtonCallsItsProcAndLosesItsFrame)
     EXPECT_EQ(XmPrjTreeSetTitleItemButton(t.tree, 2, icon, TitleButton, nullptr), 0);
     EXPECT_EQ(XmPrjTreeGetTitleItemButtonIcon(t.tree, 2), icon);
     t.Up();
-    int rx, ry;
-    xwktest::RootPosition(t.tree, &rx, &ry);
-    xwktest::MovePointer(XtDisplay(t.tree), rx + 40, ry + 60);
-    xwktest::Pump(100);
+    xwktest::MoveTo(t.tree, 40, 60, 100);
     xwktest::Capture plain(t.title);
     int x = t.ColumnRec(2)->x + ColumnGapOf(t.tree) + 4, h = t.title->core.height;
     xwktest::Click(t.title, x, h / 2);
