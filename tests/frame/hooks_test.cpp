@@ -179,12 +179,7 @@ TEST(LabelHook, ArmedPushButtonTextMovesByOnePixel)
     // Inside the shadow, only the text is in the foreground colour.
     int x0, y0, x1, y1;
     text_box(&x0, &y0);
-    int rx, ry;
-    xwktest::RootPosition(button, &rx, &ry);
-    xwktest::MovePointer(XtDisplay(button), rx + button->core.width / 2, ry + button->core.height / 2);
-    XTestFakeButtonEvent(XtDisplay(button), 1, True, CurrentTime);
-    XSync(XtDisplay(button), False);
-    xwktest::Pump(100);
+    xwktest::Press(button, button->core.width / 2, button->core.height / 2, 1, 100);
     xwktest::Settle();
     text_box(&x1, &y1);
     XTestFakeButtonEvent(XtDisplay(button), 1, False, CurrentTime);

@@ -168,17 +168,12 @@ TEST(Menus, BuiltFromTheTable)
 TEST(Menus, ChosenByMouseAfterShowingShortHelp)
 {
     Window win;
-    Display *dpy = XtDisplay(win.shell);
-    int x, y;
-    xwktest::RootPosition(win.top[0].widget, &x, &y);
-    xwktest::MovePointer(dpy, x + 5, y + 5);
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    xwktest::Press(win.top[0].widget, 5, 5, 1, 0);
     ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
     Widget open = win.file[0].widget;
-    xwktest::RootPosition(open, &x, &y);
-    xwktest::MovePointer(dpy, x + 5, y + 5);
+    xwktest::MoveTo(open, 5, 5, 0);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(win.area) == "Open a file"; }));
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    xwktest::Release(open, 1, 0);
     ASSERT_TRUE(win.WaitChoice());
     EXPECT_EQ(choices[0].name, "open");
     EXPECT_EQ(choices[0].reason, XmCR_ACTIVATE);
@@ -211,13 +206,9 @@ TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
     };
     for (auto &c : cases) {
         XwkSetStatusBarForMenu(open, c.status);
-        int x, y;
-        xwktest::RootPosition(win.top[0].widget, &x, &y);
-        xwktest::MovePointer(dpy, x + 5, y + 5);
-        XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+        xwktest::Press(win.top[0].widget, 5, 5, 1, 0);
         ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
-        xwktest::RootPosition(open, &x, &y);
-        xwktest::MovePointer(dpy, x + 5, y + 5);
+        xwktest::MoveTo(open, 5, 5, 0);
         Widget shows = c.status ? other_area : win.area;
         ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(shows) == "Open a file"; }));
         EXPECT_EQ(ShortHelp(win.area), c.own_armed);
