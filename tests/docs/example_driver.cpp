@@ -12,33 +12,20 @@
 // its exit status and the lines it printed.  Some examples are run more
 // than once, to take each way through them.  Exit status 0 means every run
 // passed.
+#include "xwktest.h"
 #include "xvfb.h"
-
-#include <X11/XKBlib.h>
-#include <X11/Xlib.h>
-#include <X11/Xutil.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
 
 #include <errno.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <stdarg.h>
-#include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <time.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <cmath>
-#include <functional>
 #include <map>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -423,34 +410,6 @@ void MovePointerInto(const Win &w)
     XSync(dpy, False);
 }
 
-void PressKey(KeySym sym)
-{
-    KeyCode code = XKeysymToKeycode(dpy, sym);
-    if (!code)
-        Fail("no key for keysym 0x%lx", (unsigned long)sym);
-    bool shifted = XkbKeycodeToKeysym(dpy, code, 0, 0) != sym &&
-                   XkbKeycodeToKeysym(dpy, code, 0, 1) == sym;
-    KeyCode shift = XKeysymToKeycode(dpy, XK_Shift_L);
-    if (shifted)
-        XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
-    XTestFakeKeyEvent(dpy, code, True, CurrentTime);
-    XTestFakeKeyEvent(dpy, code, False, CurrentTime);
-    if (shifted)
-        XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
-    XSync(dpy, False);
-}
-
-void TypeText(const char *text)
-{
-    for (const char *p = text; *p; p++) {
-        char one[2] = {*p, 0};
-        KeySym sym = *p == ' ' ? XK_space : XStringToKeysym(one);
-        if (sym == NoSymbol)
-            Fail("cannot type '%c'", *p);
-        PressKey(sym);
-    }
-}
-
 // ---- The examples -----------------------------------------------------------
 
 // The buttons of the window with the title, once it is up: the lowest row
@@ -486,11 +445,11 @@ void DriveDesk()
         Fail("the check box shows %zu windows, not one toggle", toggle.size());
 
     ClickCenter(name);
-    TypeText("Ada Lovelace");
+    xwktest::TypeText(dpy, "Ada Lovelace");
     ClickCenter(copies);        // the field shows 1: replace it
-    PressKey(XK_End);
-    PressKey(XK_BackSpace);
-    TypeText("3");
+    xwktest::PressKey(dpy, XK_End);
+    xwktest::PressKey(dpy, XK_BackSpace);
+    xwktest::TypeText(dpy, "3");
     ClickCenter(toggle[0]);
     ClickCenter(buttons[0]);    // OK
     ExpectExit({"name: Ada Lovelace", "copies: 3", "copy to me: yes"});
@@ -528,7 +487,7 @@ void DriveMsgBox()
     WaitGone(box, "the question");
     buttons = Buttons("Unsaved changes", 3, &box);
     MovePointerInto(box);       // the keyboard follows the pointer
-    PressKey(XK_Escape);        // the Cancel button
+    xwktest::PressKey(dpy, XK_Escape);  // the Cancel button
     ExpectExit({"save: no", "changes: cancel"});
 }
 
