@@ -21,6 +21,27 @@ inline XmPrjTreeNode AddRow(Widget tree, XmPrjTreeNode parent, const char *label
                             nullptr, nullptr);
 }
 
+// The record of a column by its number, nullptr if none.
+inline XmPrjTreeColumnRec *Column(Widget tree, int number)
+{
+    for (XwkListNode *e = Part(tree).columns->first; e; e = e->next)
+        if (((XmPrjTreeColumnRec *)e->data)->number == number)
+            return (XmPrjTreeColumnRec *)e->data;
+    return nullptr;
+}
+
+// A Motif drag runs a loop of its own until the drop: the whole gesture, in
+// root coordinates, is queued in the server at once, each step delayed there.
+inline void QueuedDrag(Display *dpy, int x, int y, int dx, int dy, unsigned button, int steps = 8)
+{
+    XTestFakeMotionEvent(dpy, -1, x, y, 0);
+    XTestFakeButtonEvent(dpy, button, True, 60);
+    for (int step = 1; step <= steps; step++)
+        XTestFakeMotionEvent(dpy, -1, x + dx * step / steps, y + dy * step / steps, 60);
+    XTestFakeButtonEvent(dpy, button, False, 200);
+    XFlush(dpy);
+}
+
 using Args = std::initializer_list<std::pair<const char *, XtArgVal>>;
 
 // A list, scrolled or bare, made with the arguments given.

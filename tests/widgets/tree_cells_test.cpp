@@ -56,16 +56,10 @@ struct Sheet {
     }
     void ClickCell(XmPrjTreeNode node, int column)
     {
-        XRectangle r;
         int row = XmPrjTreeGetNodeNumber(tree, node) - 1;
-        for (XwkListNode *e = Part(tree).columns->first; e; e = e->next) {
-            auto *c = (XmPrjTreeColumnRec *)e->data;
-            if (c->number == column)
-                r.x = c->x + 8;
-        }
-        r.y = (short)(Part(tree).treeMarginHeight + 2 + row * Part(tree).rowHeight +
-                      Part(tree).rowHeight / 2);
-        xwktest::Click(tree, r.x, r.y);
+        xwktest::Click(tree, treetest::Column(tree, column)->x + 8,
+                       Part(tree).treeMarginHeight + 2 + row * Part(tree).rowHeight +
+                           Part(tree).rowHeight / 2);
         xwktest::Pump(200);
     }
 };
@@ -352,19 +346,10 @@ TEST(TreeCells, TextDraggedFromAnotherWidgetLandsInCell)
     int sx, sy, tx, ty;
     xwktest::RootPosition(source, &sx, &sy);
     xwktest::RootPosition(s.tree, &tx, &ty);
-    int cx = tx + 0, cy = 0;
-    for (XwkListNode *e = Part(s.tree).columns->first; e; e = e->next)
-        if (((XmPrjTreeColumnRec *)e->data)->number == 3)
-            cx = tx + ((XmPrjTreeColumnRec *)e->data)->x + 10;
-    cy = ty + Part(s.tree).treeMarginHeight + 2 + Part(s.tree).rowHeight * 3 / 2;
-    Display *dpy = XtDisplay(s.tree);
+    int cx = tx + treetest::Column(s.tree, 3)->x + 10;
+    int cy = ty + Part(s.tree).treeMarginHeight + 2 + Part(s.tree).rowHeight * 3 / 2;
     int x0 = sx + 12, y0 = sy + source->core.height / 2;
-    XTestFakeMotionEvent(dpy, -1, x0, y0, 0);
-    XTestFakeButtonEvent(dpy, 2, True, 80);
-    for (int step = 1; step <= 10; step++)
-        XTestFakeMotionEvent(dpy, -1, x0 + (cx - x0) * step / 10, y0 + (cy - y0) * step / 10, 60);
-    XTestFakeButtonEvent(dpy, 2, False, 250);
-    XFlush(dpy);
+    treetest::QueuedDrag(XtDisplay(s.tree), x0, y0, cx - x0, cy - y0, 2, 10);
     xwktest::PumpUntil([&] { return std::string(XmPrjTreeGetColumnLabel(s.tree, b, 3)) == "dropped"; },
                        4000);
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 3), "dropped");

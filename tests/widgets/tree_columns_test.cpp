@@ -21,20 +21,6 @@ int ColumnGapOf(Widget w)
     return 2 * Part(w).titleMargin + Part(w).hPad;
 }
 
-// A Motif drag runs a loop of its own until the drop: the whole gesture is
-// queued in the server at once, each step delayed there.
-void QueuedDrag(Display *dpy, int x, int y, int dx, int dy, unsigned button)
-{
-    XTestFakeMotionEvent(dpy, -1, x, y, 0);
-    XTestFakeButtonEvent(dpy, button, True, 60);
-    for (int step = 1; step <= 8; step++)
-        XTestFakeMotionEvent(dpy, -1, x + dx * step / 8, y + dy * step / 8, 60);
-    XTestFakeButtonEvent(dpy, button, False, 200);
-    XFlush(dpy);
-    xwktest::Pump(1500);
-    xwktest::Settle();
-}
-
 struct Table {
     Widget shell, tree, title;
     explicit Table(const char *titles = "Name|Size|Type", int columns = 3, int width = 360,
@@ -61,20 +47,16 @@ struct Table {
         return xwktest::Take(XmPrjTreeGetColumnsLayoutString(tree));
     }
     int Boundary(int column) { return ColumnRec(column)->x + 1; }
-    XmPrjTreeColumnRec *ColumnRec(int column)
-    {
-        for (XwkListNode *e = Part(tree).columns->first; e; e = e->next)
-            if (((XmPrjTreeColumnRec *)e->data)->number == column)
-                return (XmPrjTreeColumnRec *)e->data;
-        return nullptr;
-    }
+    XmPrjTreeColumnRec *ColumnRec(int column) { return treetest::Column(tree, column); }
     // Drags with a button in the title from x to x + dx.
     void DragTitle(int x, int dx, unsigned button = 1)
     {
         if (button != 1) {
             int rx, ry;
             xwktest::RootPosition(title, &rx, &ry);
-            QueuedDrag(XtDisplay(title), rx + x, ry + title->core.height / 2, dx, 0, button);
+            treetest::QueuedDrag(XtDisplay(title), rx + x, ry + title->core.height / 2, dx, 0, button);
+            xwktest::Pump(1500);
+            xwktest::Settle();
             return;
         }
         int y = title->core.height / 2;
