@@ -31,10 +31,7 @@ std::vector<std::string> args_of(const char *line)
 
 std::string acc(const char *text)
 {
-    char *s = XwkCreateAcc(text);
-    std::string out = s ? s : "<null>";
-    XtFree(s);
-    return out;
+    return xwktest::Take(XwkCreateAcc(text));
 }
 
 }  // namespace

@@ -68,14 +68,6 @@ std::vector<Widget> texts()
     return out;
 }
 
-std::string value_of(Widget text)
-{
-    char *s = XmTextGetString(text);
-    std::string out = s ? s : "";
-    XtFree(s);
-    return out;
-}
-
 void type_into(Widget text, const char *what)
 {
     xwktest::ClickCenter(text);
@@ -102,7 +94,7 @@ TEST_F(Prompt, OneLineTypedAndConfirmed)
         Widget text = texts().at(0);
         field_name = XtName(text);
         type_into(text, "er");
-        then(&next, [text] { return value_of(text) == "older"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "older"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Name", buffer, 31), 1);
@@ -132,8 +124,8 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     when_prompt_up(&step, [&] {
         Widget text = texts().at(0);
         type_into(text, "secret");
-        then(&next, [text] { return value_of(text).size() == 6; }, [&shown, text] {
-            shown = value_of(text);
+        then(&next, [text] { return xwktest::TextOf(text).size() == 6; }, [&shown, text] {
+            shown = xwktest::TextOf(text);
             xwktest::ClickCenter(action_button(1));
         });
     });
@@ -148,7 +140,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
         xwktest::PressKey(XtDisplay(text), XK_BackSpace);
         xwktest::PressKey(XtDisplay(text), XK_BackSpace);
         xwktest::TypeText(XtDisplay(text), "x");
-        then(&next, [text] { return value_of(text) == "***"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "***"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Password", buffer, -8), 1);
@@ -158,7 +150,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     when_prompt_up(&step, [&] {
         Widget text = texts().at(0);
         XmTextInsert(text, 0, (char *)"pasted");
-        shown = value_of(text);
+        shown = xwktest::TextOf(text);
         xwktest::ClickCenter(action_button(1));
     });
     EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Password", buffer, -8), 1);
@@ -172,7 +164,7 @@ TEST_F(Prompt, MultiLineAndTwoFields)
     when_prompt_up(&step, [&] {
         Widget text = texts().at(0);
         type_into(text, "one\ntwo");
-        then(&next, [text] { return value_of(text) == "one\ntwo"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "one\ntwo"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputb(xwkTopLevel, nullptr, "Notes", notes, 63, 30, 4), 1);
@@ -186,7 +178,7 @@ TEST_F(Prompt, MultiLineAndTwoFields)
         type_into(t.at(0), "first");
         type_into(t.at(1), "second");
         Widget last = t.at(1);
-        then(&next, [last] { return value_of(last) == "second"; },
+        then(&next, [last] { return xwktest::TextOf(last) == "second"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputc(xwkTopLevel, "Two", "A", a, 15, "B", b, 15, 20, 3), 1);
@@ -218,7 +210,7 @@ TEST_F(Prompt, CheckBoxAndThreeFields)
         XtVaGetValues(t[2], XmNwordWrap, &wrap, NULL);
         type_into(t[2], "third");
         Widget last = t[2];
-        then(&next, [last] { return value_of(last) == "third"; },
+        then(&next, [last] { return xwktest::TextOf(last) == "third"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inpute(xwkTopLevel, "Three", "One", f1, 15, 10, 1, "Two", f2, 15, 10, 1, "Three", f3,
@@ -257,7 +249,7 @@ TEST_F(Prompt, UserTextByMode)
         }
         Widget text = texts().at(0);
         type_into(text, "!");
-        then(&next, [text] { return value_of(text) == "start!"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "start!"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     char *got = XwkGetUserText(1, xwkTopLevel, "start", "Find what", "Find");
@@ -274,7 +266,7 @@ TEST_F(Prompt, UserTextByMode)
     when_prompt_up(&step, [&] {
         Widget text = texts().at(0);
         type_into(text, "pw");
-        then(&next, [text] { return value_of(text) == "**"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "**"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     got = XwkGetUserText(1001, xwkTopLevel, nullptr, "Password", nullptr);
@@ -304,11 +296,11 @@ TEST_F(Prompt, VerifyCallbackFiltersTheFirstCharacter)
         xwktest::WaitViewable(text);
         type_into(text, c.typed);
         xwktest::Settle();
-        EXPECT_EQ(value_of(text), c.result) << c.typed;
+        EXPECT_EQ(xwktest::TextOf(text), c.result) << c.typed;
         // Only the first character of an insertion is looked at.
         if (c.flags == XWK_VERIFY_DIGITS) {
             XmTextInsert(text, 0, (char *)"1a");
-            EXPECT_EQ(value_of(text), std::string("1a") + c.result);
+            EXPECT_EQ(xwktest::TextOf(text), std::string("1a") + c.result);
         }
         CloseDesk(desk);
     }

@@ -27,8 +27,7 @@ struct Fixture {
     Widget shell = nullptr, row = nullptr, combo = nullptr, button = nullptr;
     explicit Fixture(unsigned char type, int items = 5, const char *name = "combo")
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("combos", topLevelShellWidgetClass, app, NULL);
+        shell = XtVaCreatePopupShell("combos", topLevelShellWidgetClass, xwktest::StartApp(), NULL);
         row = XtVaCreateManagedWidget("row", xmRowColumnWidgetClass, shell, XmNorientation, XmVERTICAL, NULL);
         // Above the combo box, where the list does not cover it.
         button = XtVaCreateManagedWidget("push", xmPushButtonWidgetClass, row, NULL);
@@ -36,20 +35,13 @@ struct Fixture {
         std::vector<XmString> strings;
         for (int i = 0; i < items; i++)
             strings.push_back(XmStringCreateLocalized((char *)("item" + std::to_string(i + 1)).c_str()));
-        Arg args[4];
-        Cardinal n = 0;
-        XtSetArg(args[n], XmNcomboBoxType, type); n++;
-        XtSetArg(args[n], XmNitems, strings.data()); n++;
-        XtSetArg(args[n], XmNitemCount, items); n++;
-        XtSetArg(args[n], XmNvisibleItemCount, 4); n++;
-        combo = XwkCreateComboBox(row, (String)name, args, n);
+        Arg args[] = {{(String)XmNcomboBoxType, type}, {(String)XmNitems, (XtArgVal)strings.data()},
+                      {(String)XmNitemCount, items}, {(String)XmNvisibleItemCount, 4}};
+        combo = XwkCreateComboBox(row, (String)name, args, 4);
         for (XmString s : strings)
             XmStringFree(s);
         XtAddCallback(combo, XmNselectionCallback, OnSelection, nullptr);
-        XtManageChild(combo);
-        XtPopup(shell, XtGrabNone);
-        xwktest::WaitViewable(combo);
-        xwktest::Settle();
+        xwktest::Show(combo, shell, 0);
         selections.clear();
         pushes = 0;
     }
@@ -62,13 +54,7 @@ struct Fixture {
     XwkComboBoxPart &part() { return ((XwkComboBoxWidget)combo)->combo; }
     bool listUp() { return part().flags & XwkCB_LIST_UP; }
     bool WaitUp() { return xwktest::PumpUntil([&] { return listUp(); }); }
-    std::string Text()
-    {
-        char *s = XmTextGetString(XwkComboBoxGetText(combo));
-        std::string out = s ? s : "";
-        XtFree(s);
-        return out;
-    }
+    std::string Text() { return xwktest::TextOf(XwkComboBoxGetText(combo)); }
 };
 
 TEST(ComboBox, ArrowClickPopsListAndAChoiceClosesIt)

@@ -126,45 +126,39 @@ TEST(TreeClicks, SelectAndDoubleClick)
 TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
 {
     Live l(false, XmMULTIPLE_SELECT);
-    l.ClickRow(1);
-    l.ClickRow(4, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
+    // The row pressed and the modifiers held, whether the multi-click time
+    // passes first; then the rows selected, first and last (-1: any).
+    struct Step { int row; unsigned mods; bool wait; int count, first, last; } steps[] = {
+        {1, 0, false, 1, 1, 1}, {4, ControlMask, false, 2, 1, 4}, {4, ControlMask, false, 1, 1, 1},
+        {4, ControlMask, false, 2, 1, 4}, {5, ControlMask, false, 3, 1, 5},
+        // A plain press with more than one selected besides the current row
+        // clears them all first.
+        {2, 0, true, 1, 2, 2},
+        // Shift spreads the state of the current row over the range.
+        {6, ShiftMask, true, 5, 2, 6}, {4, ControlMask, false, 4, -1, -1},
+        // A plain press clears the rest.
+        {8, 0, true, 1, 8, 8},
+        // Two selected, one of them the current row: a plain press still
+        // clears the other one.
+        {3, ControlMask, false, 2, 3, 8}, {10, 0, true, 1, 10, 10},
+    };
+    for (const Step &st : steps) {
+        if (st.wait)
+            xwktest::PastMultiClick(l.tree);
+        l.ClickRow(st.row, st.mods);
+        XmPrjTreeNode *ids = nullptr;
+        int n = XmPrjTreeGetSelectedIdList(l.tree, &ids);
+        EXPECT_EQ(n, st.count) << st.row;
+        EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), st.count) << st.row;
+        if (n == st.count && st.first >= 0) {
+            EXPECT_EQ(ids[0], l.rows[st.first]) << st.row;
+            EXPECT_EQ(ids[n - 1], l.rows[st.last]) << st.row;
+        }
+        XtFree((char *)ids);
+        if (!st.mods)
+            EXPECT_EQ(l.Current(), l.rows[st.row]);
+    }
     EXPECT_GE(Count("multipleSelectionCallback"), 1);
-    l.ClickRow(4, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
-    l.ClickRow(4, ControlMask);
-    l.ClickRow(5, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 3);
-    // A plain press with more than one selected besides the current row
-    // clears them all first.
-    xwktest::PastMultiClick(l.tree);
-    l.ClickRow(2);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
-    // Shift spreads the state of the current row over the range.
-    xwktest::PastMultiClick(l.tree);
-    l.ClickRow(6, ShiftMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 5);
-    XmPrjTreeNode *ids = nullptr;
-    ASSERT_EQ(XmPrjTreeGetSelectedIdList(l.tree, &ids), 5);
-    EXPECT_EQ(ids[0], l.rows[2]);
-    EXPECT_EQ(ids[4], l.rows[6]);
-    XtFree((char *)ids);
-    l.ClickRow(4, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 4);
-    // A plain press clears the rest.
-    xwktest::PastMultiClick(l.tree);
-    l.ClickRow(8);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
-    EXPECT_EQ(l.Current(), l.rows[8]);
-    // Two selected, one of them the current row: a plain press still
-    // clears the other one.
-    l.ClickRow(3, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
-    xwktest::PastMultiClick(l.tree);
-    l.ClickRow(10);
-    ASSERT_EQ(XmPrjTreeGetSelectedIdList(l.tree, &ids), 1);
-    EXPECT_EQ(ids[0], l.rows[10]);
-    XtFree((char *)ids);
 }
 
 TEST(TreeClicks, CtrlPressInSingleSelectionOnlyTakesFocus)
