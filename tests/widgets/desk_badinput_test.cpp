@@ -29,10 +29,7 @@ struct Shown {
     }
     void Up()
     {
-        XtManageChild(desk);
-        XtPopup(shell, XtGrabNone);
-        xwktest::WaitViewable(desk);
-        xwktest::Pump(100);
+        xwktest::Show(desk, shell, 100);
     }
     ~Shown()
     {
@@ -75,9 +72,7 @@ TEST(DeskBadInput, ZeroSizedDeskAndPlainParent)
     Widget desk = XmCreatePrjDesk(shell, (String) "plain", nullptr, 0);
     for (int i = 0; i < 5; i++)
         XmPrjDeskAddItem(desk, (char *)"x", nullptr, nullptr);
-    XtManageChild(desk);
-    XtPopup(shell, XtGrabNone);
-    xwktest::WaitViewable(desk);
+    xwktest::Show(desk, shell, 0);
     XtResizeWidget(desk, 1, 1, 0);
     xwktest::Pump(50);
     EXPECT_EQ(((XmPrjDeskWidget)desk)->desk.columns, 1);

@@ -64,9 +64,7 @@ struct Folder {
                                                        XmNwidth, 200, XmNheight, 120, XmNbackground,
                                                        xwktest::NamedPixel(app, colours[i % 4]), NULL));
         }
-        XtManageChild(folder);
-        XtPopup(shell, XtGrabNone);
-        xwktest::WaitViewable(folder);
+        xwktest::Show(folder, shell, 0);
         // The shell, not the pages, sets the size from now on.
         XtVaSetValues(shell, XmNwidth, width, XmNheight, 260, NULL);
         XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);

@@ -139,9 +139,7 @@ TEST(TreeBadInput, OtherWidgetsAndNoWidgetAreIgnored)
     XtVaSetValues(tree, XmNcanSlam, True, XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, label,
                   XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
                   XmNrightAttachment, XmATTACH_FORM, NULL);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    xwktest::WaitViewable(tree);
+    xwktest::Show(tree, shell, 0);
 
     XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, (XtPointer)7,
                                          XmSLAM_OPEN, nullptr, nullptr, nullptr);

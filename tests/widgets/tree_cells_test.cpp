@@ -377,10 +377,7 @@ TEST(TreeCells, ClonesStayInStep)
         AddRow(clone, nullptr, label, XmSLAM_UNDEFINED);
     }
     XtManageChild(mother);
-    XtManageChild(clone);
-    XtPopup(shell, XtGrabNone);
-    xwktest::WaitViewable(clone);
-    xwktest::Pump(200);
+    xwktest::Show(clone, shell, 200);
     XmPrjTreeSetTopItem(clone, Nth(clone, 10));
     xwktest::Pump(100);
     EXPECT_EQ(Part(mother).topRow, 0);

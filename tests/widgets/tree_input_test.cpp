@@ -676,10 +676,7 @@ TEST(TreeSelection, DeselectAllRepaintsTheClones)
     for (int i = 0; i < 4; i++)
         XmPrjTreeAddSimpleItem(mother, (char *)"row", nullptr);
     XtManageChild(mother);
-    XtManageChild(clone);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(clone));
-    xwktest::Pump(200);
+    xwktest::Show(clone, shell, 200);
     Pixel fill = ((XmPrjTreeWidget)clone)->tree.inactiveBackground;
     xwktest::Settle();
     XmPrjTreeSelectAllItems(mother);
