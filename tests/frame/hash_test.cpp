@@ -5,15 +5,8 @@
 
 namespace {
 
-XtPointer W(intptr_t v)
-{
-    return reinterpret_cast<XtPointer>(v);
-}
-
-intptr_t V(XtPointer p)
-{
-    return reinterpret_cast<intptr_t>(p);
-}
+using xwktest::V;
+using xwktest::W;
 
 TEST(HashTable, SizesFollowTheSeries)
 {

@@ -3,15 +3,8 @@
 
 namespace {
 
-XtPointer W(intptr_t v)
-{
-    return reinterpret_cast<XtPointer>(v);
-}
-
-intptr_t V(XtPointer p)
-{
-    return reinterpret_cast<intptr_t>(p);
-}
+using xwktest::V;
+using xwktest::W;
 
 // Data words head to tail, checking links both ways and the count.
 std::vector<intptr_t> Items(const XwkList *list)

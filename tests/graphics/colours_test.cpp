@@ -26,13 +26,7 @@ void RecordWarning(String name, String type, String cls, String text, String *pa
     warnings.push_back({name, type, cls, text, params && n && *n ? params[0] : ""});
 }
 
-XColor Rgb(unsigned short r, unsigned short g, unsigned short b)
-{
-    XColor c = {};
-    c.red = r, c.green = g, c.blue = b;
-    c.flags = DoRed | DoGreen | DoBlue;
-    return c;
-}
+using xwktest::Rgb;
 
 // A second client takes every free cell of the PseudoColor screen's default
 // map as a writable cell and paints a grid of colours into them.

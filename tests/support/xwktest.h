@@ -180,6 +180,19 @@ std::string TextOf(Widget text);
 // A named colour allocated in the default colormap of the widget's screen.
 unsigned long NamedPixel(Widget w, const char *name);
 
+// Integers kept as pointers (list and table data words), and back.
+inline XtPointer W(intptr_t v) { return reinterpret_cast<XtPointer>(v); }
+inline intptr_t V(XtPointer p) { return reinterpret_cast<intptr_t>(p); }
+
+// A colour to allocate, all three channels of it.
+inline XColor Rgb(unsigned short r, unsigned short g, unsigned short b)
+{
+    XColor c = {};
+    c.red = r, c.green = g, c.blue = b;
+    c.flags = DoRed | DoGreen | DoBlue;
+    return c;
+}
+
 // One resource of a widget, read with XtVaGetValues.
 template <class T> T Get(Widget w, const char *resource)
 {
