@@ -151,13 +151,16 @@ inline std::string box_title()
 
 // Polls the desk as a client would, but never blocks for more than a second
 // without an event: gives the first non-zero result, -1, or 0 on silence.
-inline int poll_desk(XwkDeskRec *desk, int max_events = 500)
+// The by-reference form of UseDesk can stand in for it.
+inline void use_desk(XwkDeskRec **desk, int *result) { UseDesk(*desk, result); }
+inline int poll_desk(XwkDeskRec *desk, int max_events = 500,
+                     void (*use)(XwkDeskRec **, int *) = use_desk)
 {
     for (int i = 0; i < max_events; i++) {
         if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
             return 0;
         int result = 0;
-        UseDesk(desk, &result);
+        use(&desk, &result);
         if (result != 0)
             return result;
     }

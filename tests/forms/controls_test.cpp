@@ -518,16 +518,10 @@ TEST(Controls, ByReferenceForms)
     seteditfield_(&desk, &x, &y, "E", &gap, &value, &type, &length, &columns, &items[7]);
     for (XwkDeskItem *item : items)
         EXPECT_NE(item, nullptr);
-    int got = 0;
-    getradiobox_(&items[3], &got);
-    EXPECT_EQ(got, 2);
-    getoptionmenu_(&items[5], &got);
-    EXPECT_EQ(got, 2);
-    getscrolledlist_(&items[6], &got);
-    EXPECT_EQ(got, 2);
-    int pressed = 3;
-    getbutton_(&items[1], &pressed);
-    EXPECT_EQ(pressed, 0);
+    EXPECT_EQ(Read(getradiobox_, &items[3]), 2);
+    EXPECT_EQ(Read(getoptionmenu_, &items[5]), 2);
+    EXPECT_EQ(Read(getscrolledlist_, &items[6]), 2);
+    EXPECT_EQ(Read(getbutton_, &items[1]), 0);
     CloseDesk(desk);
 }
 

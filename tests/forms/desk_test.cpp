@@ -253,12 +253,6 @@ TEST(Desk, ByReferenceForms)
     EXPECT_EQ(w, ew);
     EXPECT_EQ(h, eh);
     xwktest::ClickCenter(desk->buttons[1]);
-    int result = 0;
-    for (int i = 0; i < 200 && result == 0; i++) {
-        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
-            break;
-        usedesk_(&desk, &result);
-    }
-    EXPECT_EQ(result, 2);
+    EXPECT_EQ(boxdriver::poll_desk(desk, 200, usedesk_), 2);
     closedesk_(&desk);
 }
