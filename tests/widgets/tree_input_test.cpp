@@ -155,8 +155,9 @@ TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
             EXPECT_EQ(ids[n - 1], l.rows[st.last]) << st.row;
         }
         XtFree((char *)ids);
-        if (!st.mods)
+        if (!st.mods) {
             EXPECT_EQ(l.Current(), l.rows[st.row]);
+        }
     }
     EXPECT_GE(Count("multipleSelectionCallback"), 1);
 }
@@ -661,16 +662,11 @@ TEST(TreeSelection, SelectAllCountsEveryRowAndShiftSpreadsTheState)
 
 TEST(TreeSelection, DeselectAllRepaintsTheClones)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("views", topLevelShellWidgetClass, app, XmNwidth, 300,
-                                        XmNheight, 200, NULL);
+    Widget shell = xwktest::Shell("views", 300, 200);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
-    Arg args[1];
-    XtSetArg(args[0], XmNselectionPolicy, XmMULTIPLE_SELECT);
-    Widget mother = XmCreateScrolledTreeList(form, (String) "mother", args, 1);
+    Widget mother = treetest::Create(form, "mother", {{XmNselectionPolicy, XmMULTIPLE_SELECT}});
     XtVaSetValues(XtParent(mother), XmNwidth, 140, XmNheight, 180, NULL);
-    XtSetArg(args[0], XmNmother, mother);
-    Widget clone = XmCreateScrolledTreeList(form, (String) "clone", args, 1);
+    Widget clone = treetest::Create(form, "clone", {{XmNmother, (XtArgVal)mother}});
     XtVaSetValues(XtParent(clone), XmNwidth, 140, XmNheight, 180, XmNleftAttachment,
                   XmATTACH_WIDGET, XmNleftWidget, XtParent(mother), NULL);
     for (int i = 0; i < 4; i++)
@@ -804,9 +800,7 @@ TEST(TreePointer, CtrlDragBelowTheWindowTogglesAsItScrolls)
 // Last in the file: it leaves the keyboard focus to a window that goes.
 TEST(TreeTraversal, TabAndShiftTabMoveBetweenGroups)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("tabs", topLevelShellWidgetClass, app, XmNwidth, 300,
-                                        XmNheight, 240, NULL);
+    Widget shell = xwktest::Shell("tabs", 300, 240);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
     Widget tree = XmCreateScrolledTreeList(form, (String) "list", nullptr, 0);
     XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,

@@ -256,9 +256,7 @@ TEST(RowMarks, HighlightTopItemAndOrigins)
 
 TEST(RowViews, CloneShowsTheMothersRows)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("views", topLevelShellWidgetClass, app, XmNwidth, 300,
-                                        XmNheight, 200, NULL);
+    Widget shell = xwktest::Shell("views", 300, 200);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
     // Each view in a scrolled window, which keeps its count of rows on the page.
     Widget mother = XmCreateScrolledTreeList(form, (String) "mother", nullptr, 0);
@@ -269,10 +267,8 @@ TEST(RowViews, CloneShowsTheMothersRows)
     XtAddCallback(mother, XmNselectionChanged, count, nullptr);
     // The clone's own lists give way to the mother's, which serve every view.
     XtCallbackRec own[] = {{count, nullptr}, {nullptr, nullptr}};
-    Arg args[2];
-    XtSetArg(args[0], XmNmother, mother);
-    XtSetArg(args[1], XmNselectionChanged, own);
-    Widget clone = XmCreateScrolledTreeList(form, (String) "clone", args, 2);
+    Widget clone = treetest::Create(form, "clone",
+                                    {{XmNmother, (XtArgVal)mother}, {XmNselectionChanged, (XtArgVal)own}});
     XtVaSetValues(XtParent(clone), XmNwidth, 140, XmNheight, 180, XmNleftAttachment,
                   XmATTACH_WIDGET, XmNleftWidget, XtParent(mother), NULL);
     XtManageChild(mother);
@@ -312,8 +308,7 @@ TEST(RowViews, CloneShowsTheMothersRows)
 
     // A clone goes with its mother, and shares nothing it would free again;
     // so does a shell holding both, the mother first.
-    XtSetArg(args[0], XmNmother, mother);
-    Widget orphan = XmCreateScrolledTreeList(form, (String) "orphan", args, 1);
+    Widget orphan = treetest::Create(form, "orphan", {{XmNmother, (XtArgVal)mother}});
     XtManageChild(orphan);
     static bool orphan_gone;
     orphan_gone = false;
@@ -323,8 +318,7 @@ TEST(RowViews, CloneShowsTheMothersRows)
     XtDestroyWidget(mother);
     EXPECT_TRUE(orphan_gone);
     Widget second = XmCreateScrolledTreeList(form, (String) "second", nullptr, 0);
-    XtSetArg(args[0], XmNmother, second);
-    XmCreateScrolledTreeList(form, (String) "secondClone", args, 1);
+    treetest::Create(form, "secondClone", {{XmNmother, (XtArgVal)second}});
     XmPrjTreeAddSimpleItem(second, "shared", (XtPointer)1);
     XtDestroyWidget(shell);
 }
