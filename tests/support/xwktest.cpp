@@ -1,24 +1,13 @@
-#include <gtest/gtest.h>
-
 #include "xwktest.h"
 
 #include "xvfb.h"
 
-#include <Xm/Xm.h>
-#include <Xm/Text.h>
-#include <Xwk/Xwk.h>
-#include <X11/extensions/XTest.h>
-#include <X11/IntrinsicP.h>
 #include <X11/CompositeP.h>
+#include <X11/IntrinsicP.h>
 #include <X11/XKBlib.h>
-#include <X11/keysym.h>
-#include <X11/Shell.h>
-
 #include <poll.h>
-#include <stdlib.h>
 #include <time.h>
 
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
