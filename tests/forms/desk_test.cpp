@@ -4,8 +4,6 @@
 #include <Xm/DialogS.h>
 #include <Xm/PanedW.h>
 
-#include <poll.h>
-
 #include "boxdriver.h"
 
 namespace {

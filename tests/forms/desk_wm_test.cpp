@@ -3,11 +3,6 @@
 // transients, waiting for the manager to map, and moving and restacking.
 #include "xwktest.h"
 
-#include <X11/Xatom.h>
-
-#include <stddef.h>
-#include <time.h>
-
 #include "boxdriver.h"
 
 namespace {

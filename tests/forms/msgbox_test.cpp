@@ -6,8 +6,6 @@
 #include <Xm/DrawnB.h>
 #include <Xm/ScrolledW.h>
 
-#include <errno.h>
-
 #include "boxdriver.h"
 
 namespace {

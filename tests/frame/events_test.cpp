@@ -4,9 +4,6 @@
 #include <Xm/DialogS.h>
 #include <Xm/LabelG.h>
 
-#include <stddef.h>
-#include <time.h>
-
 namespace {
 
 std::vector<int> calls;

@@ -1,8 +1,6 @@
 // Hash tables with the shared entry pool, and bucket trees.
 #include "xwktest.h"
 
-#include <set>
-
 namespace {
 
 using xwktest::V;

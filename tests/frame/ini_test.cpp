@@ -3,11 +3,8 @@
 #include "xwktest.h"
 
 #include <dirent.h>
-#include <signal.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 
-#include <fstream>
 #include <sstream>
 
 namespace {

@@ -1,12 +1,9 @@
 // Path services, in a private temporary directory.
 #include "xwktest.h"
 
-#include <fcntl.h>
 #include <limits.h>
 #include <pwd.h>
-#include <sys/stat.h>
 
-#include <fstream>
 #include <sstream>
 
 namespace {

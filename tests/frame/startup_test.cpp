@@ -8,8 +8,6 @@
 
 #include <grp.h>
 
-#include <set>
-
 // Runs first: nothing is started yet.
 TEST(Units, BeforeStartUpEverythingIsZero)
 {

@@ -7,11 +7,6 @@
 #include <Xm/ScrolledW.h>
 #include <Xm/Xm.h>
 
-#include <sys/stat.h>
-
-#include <filesystem>
-#include <fstream>
-
 namespace {
 
 const char *kFace[] = {

@@ -3,12 +3,6 @@
 // through the selection, found dead and started again.
 #include "xwktest.h"
 
-#include <X11/Xatom.h>
-
-#include <errno.h>
-#include <signal.h>
-#include <sys/wait.h>
-
 #include "../forms/boxdriver.h"
 
 namespace {

@@ -6,13 +6,6 @@
 
 #include "xwktest.h"
 
-#include <X11/Xatom.h>
-
-#include <fcntl.h>
-#include <poll.h>
-#include <signal.h>
-#include <sys/wait.h>
-
 namespace peers {
 
 // One winfo_peer process; stdin closed ends it.

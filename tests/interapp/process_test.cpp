@@ -2,13 +2,6 @@
 // box; the search path; a child talking through a pseudo-terminal.
 #include "xwktest.h"
 
-#include <errno.h>
-#include <fcntl.h>
-#include <poll.h>
-#include <signal.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-
 #include "../forms/boxdriver.h"
 
 namespace {

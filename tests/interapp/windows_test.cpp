@@ -9,10 +9,6 @@
 #include <X11/CompositeP.h>
 #include <X11/extensions/Xfixes.h>
 
-#include <stddef.h>
-
-#include <set>
-
 #include "peers.h"
 
 namespace {

@@ -2,12 +2,7 @@
 // gestures on its decorations: moving, raising and closing a window.
 #include "xwktest.h"
 
-#include <signal.h>
 #include <sys/prctl.h>
-#include <sys/wait.h>
-#include <time.h>
-
-#include <set>
 
 namespace xwktest {
 namespace {

@@ -5,11 +5,7 @@
 #include <X11/CompositeP.h>
 #include <X11/IntrinsicP.h>
 #include <X11/XKBlib.h>
-#include <poll.h>
-#include <time.h>
 
-#include <filesystem>
-#include <fstream>
 #include <iterator>
 
 namespace xwktest {
@@ -125,7 +121,6 @@ Widget PseudoColorShell()
                                XtNcolormap, DefaultColormap(dpy, 1), XmNwidth, 60, XmNheight, 40, nullptr);
     return shell;
 }
-
 
 bool PumpUntil(const std::function<bool()> &cond, int timeout_ms)
 {

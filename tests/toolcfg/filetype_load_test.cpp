@@ -2,10 +2,6 @@
 // Each case runs in a child process, which starts with nothing loaded.
 #include "xwktest.h"
 
-#include <filesystem>
-#include <fstream>
-#include <sys/wait.h>
-
 namespace fs = std::filesystem;
 
 namespace {

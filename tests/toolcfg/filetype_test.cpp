@@ -2,9 +2,6 @@
 // sample files in a temporary directory.
 #include "xwktest.h"
 
-#include <filesystem>
-#include <fstream>
-
 namespace fs = std::filesystem;
 
 namespace {
@@ -73,7 +70,6 @@ struct FileType : ::testing::Test {
         return {rc, action ? action : "<null>", argument ? argument : "<null>"};
     }
 };
-
 
 TEST_F(FileType, SuffixRules)
 {

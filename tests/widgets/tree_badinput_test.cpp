@@ -1,8 +1,6 @@
 // Every public tree list operation on a widget of another class, or on no
 // widget at all, is ignored: the answer is the empty one and a real list
 // beside it stays as it was.
-#include "xwktest.h"
-
 #include "treetest.h"
 
 namespace {

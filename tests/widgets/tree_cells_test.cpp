@@ -1,12 +1,9 @@
 // Cell editing in the tree list with real keys and clicks: the spreadsheet's
 // active cell, moving it, a combo cell, row deletion from an empty field,
 // text dropped on a cell by a Motif drag, and clones kept in step.
-#include "xwktest.h"
-
-#include <Xwk/PrjTreeP.h>
-#include <Xm/DragDrop.h>
-
 #include "treetest.h"
+
+#include <Xm/DragDrop.h>
 
 namespace {
 

@@ -1,10 +1,6 @@
 // The tree list's title bar and columns on the screen, driven by real
 // input: resizing by the boundary, sorting by a click, scrolling and
 // moving columns, and the layout string.
-#include "xwktest.h"
-
-#include <Xwk/PrjTreeP.h>
-
 #include "treetest.h"
 
 namespace {

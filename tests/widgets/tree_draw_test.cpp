@@ -1,12 +1,9 @@
 // The tree list on the screen: row geometry, the page, what is painted for
 // selected, closed and nested rows, read back from the server.
-#include "xwktest.h"
+#include "treetest.h"
 
-#include <Xwk/PrjTreeP.h>
 #include <Xm/ScrollBar.h>
 #include <Xm/ScrolledW.h>
-
-#include "treetest.h"
 
 namespace {
 

@@ -1,12 +1,9 @@
 // The tree list driven by real input: clicks, double clicks, Ctrl and
 // Shift gestures, keys, the slam keys and the wheel, with the callbacks
 // they raise.
-#include "xwktest.h"
-
-#include <Xwk/PrjTreeP.h>
-#include <Xm/Display.h>
-
 #include "treetest.h"
+
+#include <Xm/Display.h>
 
 namespace {
 

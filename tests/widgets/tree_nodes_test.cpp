@@ -3,7 +3,6 @@
 // sorting, and the answers kept for compatibility.
 #include "treetest.h"
 
-#include <Xwk/PrjTreeP.h>
 #include <Xm/RepType.h>
 
 namespace {

@@ -1,13 +1,9 @@
 // Rows on a live tree list: the row found at a position after many changes,
 // labels measured as Motif measures them, callbacks that delete rows,
 // highlights, origins and the top row.
-#include "xwktest.h"
-
-#include <Xwk/PrjTreeP.h>
+#include "treetest.h"
 
 #include <random>
-
-#include "treetest.h"
 
 namespace {
 
