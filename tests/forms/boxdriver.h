@@ -94,9 +94,9 @@ inline Widget button(int n)
     return find(box);
 }
 
-inline void collect(Widget w, const char *name, std::vector<Widget> *out)
+inline void collect(Widget w, const std::function<bool(Widget)> &match, std::vector<Widget> *out)
 {
-    if (strcmp(XtName(w), name) == 0)
+    if (match(w))
         out->push_back(w);
     if (!XtIsComposite(w))
         return;
@@ -104,7 +104,12 @@ inline void collect(Widget w, const char *name, std::vector<Widget> *out)
     Cardinal count = 0;
     XtVaGetValues(w, XmNchildren, &children, XmNnumChildren, &count, NULL);
     for (Cardinal i = 0; i < count; i++)
-        collect(children[i], name, out);
+        collect(children[i], match, out);
+}
+
+inline void collect(Widget w, const char *name, std::vector<Widget> *out)
+{
+    collect(w, [name](Widget c) { return strcmp(XtName(c), name) == 0; }, out);
 }
 
 // Line breaks come back as "\n".

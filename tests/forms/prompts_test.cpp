@@ -53,18 +53,7 @@ Widget action_button(int n)
 std::vector<Widget> texts()
 {
     std::vector<Widget> out;
-    std::function<void(Widget)> walk = [&](Widget w) {
-        if (XmIsText(w))
-            out.push_back(w);
-        if (!XtIsComposite(w))
-            return;
-        WidgetList children = nullptr;
-        Cardinal count = 0;
-        XtVaGetValues(w, XmNchildren, &children, XmNnumChildren, &count, NULL);
-        for (Cardinal i = 0; i < count; i++)
-            walk(children[i]);
-    };
-    walk(prompt());
+    boxdriver::collect(prompt(), [](Widget w) { return XmIsText(w); }, &out);
     return out;
 }
 

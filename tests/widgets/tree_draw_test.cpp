@@ -61,13 +61,10 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
     auto number = [&](int y) {
         return XmPrjTreeGetNodeNumber(s.tree, XmPrjTreeWhichNode(XmTREE_PART_ROW, x, y, s.tree));
     };
-    EXPECT_EQ(number(edge + rh - 1), 11);
-    EXPECT_EQ(number(edge + rh), 12);
-    EXPECT_EQ(number(edge), 11);
-    EXPECT_EQ(number(edge - rh + 1), 11);
-    EXPECT_EQ(number(edge - rh), 10);
-    EXPECT_EQ(number(edge - 2 * rh + 1), 10);
-    EXPECT_EQ(number(edge - 2 * rh), 9);
+    for (auto [y, row] : {std::pair{edge + rh - 1, 11}, {edge + rh, 12}, {edge, 11},
+                          {edge - rh + 1, 11}, {edge - rh, 10}, {edge - 2 * rh + 1, 10},
+                          {edge - 2 * rh, 9}})
+        EXPECT_EQ(number(y), row) << y - edge;
     XmPrjTreeSetOrigins(s.tree, -1, 0);
     EXPECT_EQ(number(edge - rh + 1), 1);
     EXPECT_EQ(number(edge - rh), 0);
