@@ -8,11 +8,6 @@ namespace {
 
 std::vector<int> calls;
 
-struct Removal {
-    Widget widget;
-    int id;
-};
-
 XEvent client_message(Widget w, long data)
 {
     XEvent ev = {};

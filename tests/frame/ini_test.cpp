@@ -5,8 +5,6 @@
 #include <dirent.h>
 #include <sys/resource.h>
 
-#include <sstream>
-
 namespace {
 
 class Ini : public ::testing::Test {
@@ -34,9 +32,7 @@ protected:
     std::string Get()
     {
         std::ifstream in(file_, std::ios::binary);
-        std::stringstream ss;
-        ss << in.rdbuf();
-        return ss.str();
+        return std::string(std::istreambuf_iterator<char>(in), {});
     }
     int TempEntries()
     {

@@ -4,8 +4,6 @@
 #include <limits.h>
 #include <pwd.h>
 
-#include <sstream>
-
 namespace {
 
 std::string Cwd()
