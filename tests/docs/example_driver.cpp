@@ -12,33 +12,20 @@
 // its exit status and the lines it printed.  Some examples are run more
 // than once, to take each way through them.  Exit status 0 means every run
 // passed.
+#include "xwktest.h"
 #include "xvfb.h"
-
-#include <X11/XKBlib.h>
-#include <X11/Xlib.h>
-#include <X11/Xutil.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
 
 #include <errno.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <stdarg.h>
-#include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <time.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <cmath>
-#include <functional>
 #include <map>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -423,41 +410,25 @@ void MovePointerInto(const Win &w)
     XSync(dpy, False);
 }
 
-void PressKey(KeySym sym)
-{
-    KeyCode code = XKeysymToKeycode(dpy, sym);
-    if (!code)
-        Fail("no key for keysym 0x%lx", (unsigned long)sym);
-    bool shifted = XkbKeycodeToKeysym(dpy, code, 0, 0) != sym &&
-                   XkbKeycodeToKeysym(dpy, code, 0, 1) == sym;
-    KeyCode shift = XKeysymToKeycode(dpy, XK_Shift_L);
-    if (shifted)
-        XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
-    XTestFakeKeyEvent(dpy, code, True, CurrentTime);
-    XTestFakeKeyEvent(dpy, code, False, CurrentTime);
-    if (shifted)
-        XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
-    XSync(dpy, False);
-}
-
-void TypeText(const char *text)
-{
-    for (const char *p = text; *p; p++) {
-        char one[2] = {*p, 0};
-        KeySym sym = *p == ' ' ? XK_space : XStringToKeysym(one);
-        if (sym == NoSymbol)
-            Fail("cannot type '%c'", *p);
-        PressKey(sym);
-    }
-}
-
 // ---- The examples -----------------------------------------------------------
+
+// The buttons of the window with the title, once it is up: the lowest row
+// of controls, from left to right.
+std::vector<Win> Buttons(const char *title, size_t count, Win *window)
+{
+    *window = WaitForWindow(title);
+    std::vector<Win> buttons = BottomRow(*window);
+    if (buttons.size() != count)
+        Fail("\"%s\" shows %zu buttons, not %zu", title, buttons.size(), count);
+    return buttons;
+}
 
 // desk.c: fill in the form and press OK; then, in a second run, Cancel.
 void DriveDesk()
 {
     StartChild();
-    Win desk = WaitForWindow("Send report");
+    Win desk;
+    std::vector<Win> buttons = Buttons("Send report", 3, &desk);
     // The places SetLabel, SetEditField and SetCheckBox were given.
     std::vector<Win> controls = ControlsAt(desk, {{0.5, 0.5}, {0.5, 1.5}, {0.5, 2.75}, {0.5, 4.0}});
     // An edit field is its title and, right behind it, the taller text.
@@ -472,37 +443,21 @@ void DriveDesk()
     std::vector<Win> toggle = Leaves(controls[3]);
     if (toggle.size() != 1)
         Fail("the check box shows %zu windows, not one toggle", toggle.size());
-    std::vector<Win> buttons = BottomRow(desk);
-    if (buttons.size() != 3)
-        Fail("the desk shows %zu action buttons, not OK, Cancel and Help", buttons.size());
 
     ClickCenter(name);
-    TypeText("Ada Lovelace");
+    xwktest::TypeText(dpy, "Ada Lovelace");
     ClickCenter(copies);        // the field shows 1: replace it
-    PressKey(XK_End);
-    PressKey(XK_BackSpace);
-    TypeText("3");
+    xwktest::PressKey(dpy, XK_End);
+    xwktest::PressKey(dpy, XK_BackSpace);
+    xwktest::TypeText(dpy, "3");
     ClickCenter(toggle[0]);
     ClickCenter(buttons[0]);    // OK
     ExpectExit({"name: Ada Lovelace", "copies: 3", "copy to me: yes"});
 
     StartChild();
-    desk = WaitForWindow("Send report");
-    buttons = BottomRow(desk);
-    if (buttons.size() != 3)
-        Fail("the desk shows %zu action buttons, not OK, Cancel and Help", buttons.size());
+    buttons = Buttons("Send report", 3, &desk);
     ClickCenter(buttons[1]);    // Cancel
     ExpectExit({"cancelled"});
-}
-
-// The buttons of the message box with the title, once it is up.
-std::vector<Win> BoxButtons(const char *title, size_t count, Win *box)
-{
-    *box = WaitForWindow(title);
-    std::vector<Win> buttons = BottomRow(*box);
-    if (buttons.size() != count)
-        Fail("the box \"%s\" shows %zu buttons, not %zu", title, buttons.size(), count);
-    return buttons;
 }
 
 // msgbox.c: Yes and the confirmation; No and a button of the second box;
@@ -511,28 +466,28 @@ void DriveMsgBox()
 {
     Win box;
     StartChild();
-    std::vector<Win> buttons = BoxButtons("Question", 2, &box);
+    std::vector<Win> buttons = Buttons("Question", 2, &box);
     ClickCenter(buttons[0]);    // Yes
     WaitGone(box, "the question");
-    buttons = BoxButtons("Information", 1, &box);
+    buttons = Buttons("Information", 1, &box);
     ClickCenter(buttons[0]);    // OK
     ExpectExit({"save: yes", "saved"});
 
     StartChild();
-    buttons = BoxButtons("Question", 2, &box);
+    buttons = Buttons("Question", 2, &box);
     ClickCenter(buttons[1]);    // No
     WaitGone(box, "the question");
-    buttons = BoxButtons("Unsaved changes", 3, &box);
+    buttons = Buttons("Unsaved changes", 3, &box);
     ClickCenter(buttons[1]);    // Keep a copy
     ExpectExit({"save: no", "changes: keep a copy"});
 
     StartChild();
-    buttons = BoxButtons("Question", 2, &box);
+    buttons = Buttons("Question", 2, &box);
     ClickCenter(buttons[1]);    // No
     WaitGone(box, "the question");
-    buttons = BoxButtons("Unsaved changes", 3, &box);
+    buttons = Buttons("Unsaved changes", 3, &box);
     MovePointerInto(box);       // the keyboard follows the pointer
-    PressKey(XK_Escape);        // the Cancel button
+    xwktest::PressKey(dpy, XK_Escape);  // the Cancel button
     ExpectExit({"save: no", "changes: cancel"});
 }
 
@@ -597,7 +552,8 @@ int WaitSelectedRow(const Win &tree, int not_at)
 void DriveTreeList()
 {
     StartChild();
-    Win desk = WaitForWindow("Project files");
+    Win desk;
+    std::vector<Win> buttons = Buttons("Project files", 3, &desk);
     // The list is the largest control of the desk.
     std::vector<Win> leaves = Leaves(desk);
     Win tree = *std::max_element(leaves.begin(), leaves.end(), [](const Win &a, const Win &b) {
@@ -605,9 +561,6 @@ void DriveTreeList()
     });
     if (tree.w < (int)(5 * kPixelsPerCm) || tree.h < (int)(4 * kPixelsPerCm))
         Fail("the largest control, %dx%d, is too small to be the tree list", tree.w, tree.h);
-    std::vector<Win> buttons = BottomRow(desk);
-    if (buttons.size() != 3)
-        Fail("the desk shows %zu action buttons, not OK, Cancel and Help", buttons.size());
 
     // The first row is current from the start.  Its painted band tells
     // where the rows are: the row below begins at most a band's height
@@ -635,10 +588,7 @@ void DriveTreeList()
                 "chosen: include/util.h"});
 
     StartChild();
-    desk = WaitForWindow("Project files");
-    buttons = BottomRow(desk);
-    if (buttons.size() != 3)
-        Fail("the desk shows %zu action buttons, not OK, Cancel and Help", buttons.size());
+    buttons = Buttons("Project files", 3, &desk);
     ClickCenter(buttons[1]);                            // Cancel
     ExpectExit({"selected: src", "cancelled"});
 }

@@ -4,19 +4,10 @@
 #ifndef XWK_TEST_BOXDRIVER_H
 #define XWK_TEST_BOXDRIVER_H
 
-#include <Xwk/Xwk.h>
+#include "xwktest.h"
 
 #include <Xm/Xm.h>
 #include <X11/StringDefs.h>
-
-#include <stdio.h>
-#include <string.h>
-
-#include <functional>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace boxdriver {
 
@@ -103,9 +94,9 @@ inline Widget button(int n)
     return find(box);
 }
 
-inline void collect(Widget w, const char *name, std::vector<Widget> *out)
+inline void collect(Widget w, const std::function<bool(Widget)> &match, std::vector<Widget> *out)
 {
-    if (strcmp(XtName(w), name) == 0)
+    if (match(w))
         out->push_back(w);
     if (!XtIsComposite(w))
         return;
@@ -113,7 +104,12 @@ inline void collect(Widget w, const char *name, std::vector<Widget> *out)
     Cardinal count = 0;
     XtVaGetValues(w, XmNchildren, &children, XmNnumChildren, &count, NULL);
     for (Cardinal i = 0; i < count; i++)
-        collect(children[i], name, out);
+        collect(children[i], match, out);
+}
+
+inline void collect(Widget w, const char *name, std::vector<Widget> *out)
+{
+    collect(w, [name](Widget c) { return strcmp(XtName(c), name) == 0; }, out);
 }
 
 // Line breaks come back as "\n".
@@ -156,6 +152,24 @@ inline std::string box_title()
     char *title = nullptr;
     XtVaGetValues(XtParent(xwkConditWidget), XtNtitle, &title, NULL);
     return title ? title : "";
+}
+
+// Polls the desk as a client would, but never blocks for more than a second
+// without an event: gives the first non-zero result, -1, or 0 on silence.
+// The by-reference form of UseDesk can stand in for it.
+inline void use_desk(XwkDeskRec **desk, int *result) { UseDesk(*desk, result); }
+inline int poll_desk(XwkDeskRec *desk, int max_events = 500,
+                     void (*use)(XwkDeskRec **, int *) = use_desk)
+{
+    for (int i = 0; i < max_events; i++) {
+        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
+            return 0;
+        int result = 0;
+        use(&desk, &result);
+        if (result != 0)
+            return result;
+    }
+    return 0;
 }
 
 }  // namespace boxdriver

@@ -1,24 +1,10 @@
 // Desk controls driven by real input: what the user clicks and types is
 // what Get... reads; sizes and extents follow the controls.
-#include <gtest/gtest.h>
+#include "xwktest.h"
+#include "boxdriver.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
 #include <Xm/DrawnB.h>
 #include <Xm/Frame.h>
-#include <Xm/List.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
-#include <Xm/Separator.h>
-#include <Xm/Text.h>
-#include <Xm/ToggleB.h>
-#include <X11/keysym.h>
-
-#include <string.h>
-
-#include <string>
-
-#include "xwktest.h"
 
 namespace {
 
@@ -37,18 +23,12 @@ void open(XwkDeskRec *desk)
     xwktest::Settle();
 }
 
-// Runs events until the desk answers, as the prompts do.
-int poll_desk(XwkDeskRec *desk)
+// What a Get... reads into an int.
+template <class Item> int Read(void (*get)(Item, int *), Item item)
 {
-    for (int i = 0; i < 500; i++) {
-        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
-            return 0;
-        int result = 0;
-        UseDesk(desk, &result);
-        if (result != 0)
-            return result;
-    }
-    return 0;
+    int value = -99;
+    get(item, &value);
+    return value;
 }
 
 std::string name_of(Widget w)
@@ -84,41 +64,34 @@ TEST(Controls, LabelButtonAndSeparatorRaiseTheExtents)
     unsigned short w = desk->extent_w, h = desk->extent_h;
     SetSeparator(desk, 0.0f, 4.0f, 200.0f, 4, &line);
     ASSERT_NE(line, nullptr);
-    unsigned char type = 0, orientation = 0, right = 0;
-    XtVaGetValues(line->widget, XmNseparatorType, &type, XmNorientation, &orientation,
-                  XmNrightAttachment, &right, NULL);
-    EXPECT_EQ(type, XmDOUBLE_LINE);
-    EXPECT_EQ(orientation, XmHORIZONTAL);
-    EXPECT_EQ(right, XmATTACH_FORM) << "longer than the screen: up to the edge";
+    using xwktest::Get;
+    auto type = [](XwkDeskItem *i) { return Get<unsigned char>(i->widget, XmNseparatorType); };
+    auto orientation = [](XwkDeskItem *i) { return Get<unsigned char>(i->widget, XmNorientation); };
+    EXPECT_EQ(type(line), XmDOUBLE_LINE);
+    EXPECT_EQ(orientation(line), XmHORIZONTAL);
+    EXPECT_EQ(Get<unsigned char>(line->widget, XmNrightAttachment), XmATTACH_FORM)
+        << "longer than the screen: up to the edge";
     EXPECT_EQ(desk->extent_w, w);
     EXPECT_EQ(desk->extent_h, h);
     XwkDeskItem *vertical = nullptr;
     SetSeparator(desk, 8.0f, 0.0f, -2.0f, 9, &vertical);
-    XtVaGetValues(vertical->widget, XmNseparatorType, &type, XmNorientation, &orientation, NULL);
-    EXPECT_EQ(type, XmSHADOW_ETCHED_IN);
-    EXPECT_EQ(orientation, XmVERTICAL);
+    EXPECT_EQ(type(vertical), XmSHADOW_ETCHED_IN);
+    EXPECT_EQ(orientation(vertical), XmVERTICAL);
     EXPECT_EQ(vertical->widget->core.height, 56);
     // Within the screen: the length itself, placed inside the work area's shadow.
     XwkDeskItem *shortline = nullptr;
     SetSeparator(desk, 1.0f, 3.0f, 3.0f, 3, &shortline);
-    Dimension work_shadow = 0;
-    XtVaGetValues(desk->work, XmNshadowThickness, &work_shadow, NULL);
-    int left = 0, top = 0;
-    XtVaGetValues(shortline->widget, XmNleftOffset, &left, XmNtopOffset, &top,
-                  XmNseparatorType, &type, NULL);
+    int work_shadow = Get<Dimension>(desk->work, XmNshadowThickness);
     EXPECT_EQ(shortline->width, 84);
-    EXPECT_EQ(left, 28 + work_shadow);
-    EXPECT_EQ(top, 84 + work_shadow);
-    EXPECT_EQ(type, XmSINGLE_LINE);
+    EXPECT_EQ(Get<int>(shortline->widget, XmNleftOffset), 28 + work_shadow);
+    EXPECT_EQ(Get<int>(shortline->widget, XmNtopOffset), 84 + work_shadow);
+    EXPECT_EQ(type(shortline), XmSINGLE_LINE);
 
     open(desk);
-    int pressed = 5;
     xwktest::ClickCenter(button->widget);
     xwktest::Settle();
-    GetButton(button, &pressed);
-    EXPECT_EQ(pressed, 1);
-    GetButton(button, &pressed);
-    EXPECT_EQ(pressed, 0) << "read and cleared";
+    EXPECT_EQ(Read(GetButton, button), 1);
+    EXPECT_EQ(Read(GetButton, button), 0) << "read and cleared";
     float wcm = 0, hcm = 0;
     GetDeskItemSize(button, &wcm, &hcm);
     EXPECT_FLOAT_EQ(wcm, button->width / 28.0f);
@@ -150,9 +123,7 @@ TEST(Controls, RadioBoxesByClicks)
     EXPECT_EQ(name_of(r->toggles[0]), "xwkRadioBox");
     EXPECT_EQ(r->count, 3);
     SetRadioBox(desk, 6.0f, 0.5f, "Wide", "A\0B\0C", -3, 0, &stretched);
-    unsigned char right = 0;
-    XtVaGetValues(stretched->widget, XmNrightAttachment, &right, NULL);
-    EXPECT_EQ(right, XmATTACH_FORM);
+    EXPECT_EQ(xwktest::Get<unsigned char>(stretched->widget, XmNrightAttachment), XmATTACH_FORM);
     EXPECT_EQ(((XwkToggleItem *)stretched)->count, 3);
     // Without item texts the toggles still come, empty, as many as asked.
     XwkDeskItem *bare = nullptr, *bare_menu = nullptr;
@@ -165,20 +136,15 @@ TEST(Controls, RadioBoxesByClicks)
     open(desk);
 
     int selected = 0;
-    GetRadioBox(bare, &selected);
-    EXPECT_EQ(selected, 2);
-    GetRadioBox(radio, &selected);
-    EXPECT_EQ(selected, 2);
-    GetRadioBox(stretched, &selected);
-    EXPECT_EQ(selected, 0) << "0 leaves all off";
+    EXPECT_EQ(Read(GetRadioBox, bare), 2);
+    EXPECT_EQ(Read(GetRadioBox, radio), 2);
+    EXPECT_EQ(Read(GetRadioBox, stretched), 0) << "0 leaves all off";
     xwktest::ClickCenter(r->toggles[2]);
     xwktest::Settle();
-    GetRadioBox(radio, &selected);
-    EXPECT_EQ(selected, 3);
+    EXPECT_EQ(Read(GetRadioBox, radio), 3);
     EXPECT_FALSE(XmToggleButtonGetState(r->toggles[1]));
     changeradiobox_(&radio, &(selected = 1));
-    getradiobox_(&radio, &selected);
-    EXPECT_EQ(selected, 1);
+    EXPECT_EQ(Read(getradiobox_, &radio), 1);
     CloseDesk(desk);
 }
 
@@ -224,11 +190,8 @@ TEST(Controls, OptionMenuFollowsTheChoice)
     EXPECT_EQ(name_of(o->pulldown), "xwkPulldownMenu");
     EXPECT_EQ(name_of(o->buttons[1]), "Medium");
     int selected = 0;
-    GetOptionMenu(option, &selected);
-    EXPECT_EQ(selected, 3) << "clamped to the count";
-    Widget history = nullptr;
-    XtVaGetValues(option->widget, XmNmenuHistory, &history, NULL);
-    EXPECT_EQ(history, o->buttons[2]);
+    EXPECT_EQ(Read(GetOptionMenu, option), 3) << "clamped to the count";
+    EXPECT_EQ(xwktest::Get<Widget>(option->widget, XmNmenuHistory), o->buttons[2]);
     open(desk);
 
     Widget cascade = XmOptionButtonGadget(option->widget);
@@ -275,16 +238,13 @@ TEST(Controls, ScrolledListsSelectAndScroll)
         << "a widened frame keeps the list's height";
 
     int pos = 0;
-    GetScrolledList(list, &pos);
-    EXPECT_EQ(pos, 7);
+    EXPECT_EQ(Read(GetScrolledList, list), 7);
     int top = 0;
     XtVaGetValues(l->list, XmNtopItemPosition, &top, NULL);
     EXPECT_LE(top, 7);
     EXPECT_GT(top + 3, 7) << "the selection is scrolled into view";
-    getscrolledlist_(&first, &pos);
-    EXPECT_EQ(pos, 1);
-    GetScrolledList(last, &pos);
-    EXPECT_EQ(pos, 8);
+    EXPECT_EQ(Read(getscrolledlist_, &first), 1);
+    EXPECT_EQ(Read(GetScrolledList, last), 8);
     int *positions = nullptr, count = 0;
     GetScrolledListExt(multi, &positions, &count);
     ASSERT_EQ(count, 3);
@@ -297,16 +257,13 @@ TEST(Controls, ScrolledListsSelectAndScroll)
     Widget lw = ((XwkListItem *)first)->list;
     xwktest::Click(lw, lw->core.width / 2, 6);
     xwktest::Settle();
-    GetScrolledList(first, &pos);
-    EXPECT_EQ(pos, 1);
+    EXPECT_EQ(Read(GetScrolledList, first), 1);
     xwktest::PressKey(XtDisplay(lw), XK_Down);
     xwktest::PressKey(XtDisplay(lw), XK_Down);
     xwktest::Settle();
-    GetScrolledList(first, &pos);
-    EXPECT_EQ(pos, 3);
+    EXPECT_EQ(Read(GetScrolledList, first), 3);
     changescrolledlist_(&first, &(pos = 2));
-    GetScrolledList(first, &pos);
-    EXPECT_EQ(pos, 2);
+    EXPECT_EQ(Read(GetScrolledList, first), 2);
     int more[] = {7, 8, 2};
     ChangeScrolledListExt(multi, more, 2);
     GetScrolledListExt(multi, &positions, &count);
@@ -330,26 +287,18 @@ TEST(Controls, EditFieldsReadWhatWasTyped)
     EXPECT_EQ(name_of(nfield->widget), "xwkForm");
     EXPECT_EQ(name_of(n->text), "xwkTextField");
     EXPECT_EQ(name_of(n->title), "xwkLabel");
-    char *shown = XmTextGetString(n->text);
-    EXPECT_STREQ(shown, "42");
-    XtFree(shown);
-    shown = XmTextGetString(((XwkEditItem *)rfield)->text);
-    EXPECT_STREQ(shown, "2.500000");
-    XtFree(shown);
+    EXPECT_EQ(xwktest::TextOf(n->text), "42");
+    EXPECT_EQ(xwktest::TextOf(((XwkEditItem *)rfield)->text), "2.500000");
 
     // Layout by gap: beside the title, at a distance, or below it.
-    Dimension lw = 0;
-    XtVaGetValues(n->title, XtNwidth, &lw, NULL);
-    EXPECT_EQ(nfield->width, lw + n->text->core.width);
+    EXPECT_EQ(nfield->width, xwktest::Get<Dimension>(n->title, XtNwidth) + n->text->core.width);
     XwkEditItem *r = (XwkEditItem *)rfield;
     int left = 0;
     XtVaGetValues(r->text, XmNleftOffset, &left, NULL);
     EXPECT_EQ(left, 84 + 14) << "the gap plus the desk position";
     EXPECT_EQ(rfield->width, r->text->core.width + 84);
     XwkEditItem *s = (XwkEditItem *)sfield;
-    Dimension th = 0;
-    XtVaGetValues(s->title, XtNheight, &th, NULL);
-    EXPECT_EQ(sfield->height, th + s->text->core.height);
+    EXPECT_EQ(sfield->height, xwktest::Get<Dimension>(s->title, XtNheight) + s->text->core.height);
     // Beside the field, the title stands centred on its line; above it, at the top.
     for (XwkEditItem *f : {n, r, s}) {
         Dimension lh = 0;
@@ -443,24 +392,18 @@ TEST(Controls, DisplayOnlyAndMultiLineFields)
     EXPECT_STREQ(plain, "ABC");
     XtFree(plain);
     XmStringFree(s);
-    XtVaGetValues(sh->text, XmNforeground, &fg, NULL);
-    EXPECT_NE(fg, bg);
+    EXPECT_NE(xwktest::PixelOf(sh->text, XmNforeground), bg);
 
     XwkEditItem *m = (XwkEditItem *)multi;
     EXPECT_EQ(name_of(m->text), "xwkText");
     EXPECT_EQ(name_of(XtParent(XtParent(m->text))), "xwkFrame");
-    Boolean hscroll = False;
-    unsigned char bottom = 0, right = 0;
-    XtVaGetValues(m->text, XmNscrollHorizontal, &hscroll, NULL);
-    XtVaGetValues(multi->widget, XmNbottomAttachment, &bottom, XmNrightAttachment, &right, NULL);
-    EXPECT_TRUE(hscroll) << "rows and columns both negative";
-    EXPECT_EQ(bottom, XmATTACH_FORM);
-    EXPECT_EQ(right, XmATTACH_FORM);
+    using xwktest::Get;
+    EXPECT_TRUE(Get<Boolean>(m->text, XmNscrollHorizontal)) << "rows and columns both negative";
+    EXPECT_EQ(Get<unsigned char>(multi->widget, XmNbottomAttachment), XmATTACH_FORM);
+    EXPECT_EQ(Get<unsigned char>(multi->widget, XmNrightAttachment), XmATTACH_FORM);
 
     XwkEditItem *f = (XwkEditItem *)fill;
-    Boolean editable = True;
-    XtVaGetValues(f->text, XmNeditable, &editable, NULL);
-    EXPECT_FALSE(editable) << "columns 0: a field that only shows";
+    EXPECT_FALSE(Get<Boolean>(f->text, XmNeditable)) << "columns 0: a field that only shows";
     open(desk);
 
     // The empty value draws nothing inside the shadow, yet takes the room of "ABC".
@@ -575,16 +518,10 @@ TEST(Controls, ByReferenceForms)
     seteditfield_(&desk, &x, &y, "E", &gap, &value, &type, &length, &columns, &items[7]);
     for (XwkDeskItem *item : items)
         EXPECT_NE(item, nullptr);
-    int got = 0;
-    getradiobox_(&items[3], &got);
-    EXPECT_EQ(got, 2);
-    getoptionmenu_(&items[5], &got);
-    EXPECT_EQ(got, 2);
-    getscrolledlist_(&items[6], &got);
-    EXPECT_EQ(got, 2);
-    int pressed = 3;
-    getbutton_(&items[1], &pressed);
-    EXPECT_EQ(pressed, 0);
+    EXPECT_EQ(Read(getradiobox_, &items[3]), 2);
+    EXPECT_EQ(Read(getoptionmenu_, &items[5]), 2);
+    EXPECT_EQ(Read(getscrolledlist_, &items[6]), 2);
+    EXPECT_EQ(Read(getbutton_, &items[1]), 0);
     CloseDesk(desk);
 }
 
@@ -596,6 +533,6 @@ TEST(Controls, DeskAnswersWhileControlsAreUsed)
     SetEditField(desk, 0.5f, 0.5f, "Field", 0.0f, value, 4, 7, 8, &field);
     open(desk);
     xwktest::ClickCenter(desk->buttons[0]);
-    EXPECT_EQ(poll_desk(desk), 1);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 1);
     CloseDesk(desk);
 }

@@ -1,39 +1,12 @@
 // Desk forms on an application started by the client.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/DialogS.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
-#include <Xm/PanedW.h>
-#include <Xm/PushB.h>
-#include <X11/Shell.h>
-
-#include <poll.h>
-#include <stdlib.h>
-
-#include <string>
-
-#include "boxdriver.h"
 #include "xwktest.h"
 
-namespace {
+#include <Xm/DialogS.h>
+#include <Xm/PanedW.h>
 
-// Polls the desk as a client would, but never blocks for more than a second
-// without an event: gives the first non-zero result, -1, or 0 on silence.
-int poll_desk(XwkDeskRec *desk, int max_events = 500)
-{
-    for (int i = 0; i < max_events; i++) {
-        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
-            return 0;
-        int result = 0;
-        UseDesk(desk, &result);
-        if (result != 0)
-            return result;
-    }
-    return 0;
-}
+#include "boxdriver.h"
+
+namespace {
 
 XwkDeskRec *open_desk(const char *title, Widget parent = nullptr, const char *labels = nullptr,
                       int count = 0)
@@ -98,9 +71,9 @@ TEST(Desk, ClickedButtonNumbers)
     XwkDeskRec *desk = open_desk("Buttons");
     ASSERT_EQ(desk->nbuttons, 3);
     xwktest::ClickCenter(desk->buttons[0]);
-    EXPECT_EQ(poll_desk(desk), 1);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 1);
     xwktest::ClickCenter(desk->buttons[1]);
-    EXPECT_EQ(poll_desk(desk), 2);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 2);
     // The last button is help: it never yields a result.  Without a help
     // server installed, it says so.
     int helped = 0;
@@ -115,7 +88,7 @@ TEST(Desk, ClickedButtonNumbers)
     });
     xwktest::ClickCenter(desk->buttons[2]);
     EXPECT_TRUE(xwktest::PumpUntil([&] { return step.done; }, 5000));
-    EXPECT_EQ(poll_desk(desk, 30), 0);
+    EXPECT_EQ(boxdriver::poll_desk(desk, 30), 0);
     EXPECT_EQ(helped, 1);
     EXPECT_EQ(text, "Help system is not available!|");
     CloseDesk(desk);
@@ -131,9 +104,9 @@ TEST(Desk, ButtonsShareOneWidthAndTheLastStandsRight)
     Widget area = desk->action;
     EXPECT_EQ(desk->buttons[2]->core.x + desk->buttons[2]->core.width + 5, (int)area->core.width);
     EXPECT_EQ(desk->buttons[0]->core.x, 5);
-    KeySym mnemonic = 0;
-    XtVaGetValues(desk->buttons[2], XmNmnemonic, &mnemonic, NULL);
-    EXPECT_EQ(mnemonic, (KeySym)'H');
+    // The shell is never narrower than the buttons with a gap around each.
+    EXPECT_EQ(xwktest::Get<int>(XwkGetShell(area), XtNminWidth), 3 * (w0 + 5) + 2 * 5);
+    EXPECT_EQ(xwktest::Get<KeySym>(desk->buttons[2], XmNmnemonic), (KeySym)'H');
     WidgetList buttons = nullptr;
     EXPECT_EQ(XwkGetActionButtons(desk->panes, &buttons), 3);
     EXPECT_EQ(buttons[1], desk->buttons[1]);
@@ -172,7 +145,7 @@ TEST(Desk, WindowManagerClosePressesCancel)
     XwkDeskRec *desk = open_desk("Close me");
     Widget shell = XtParent(desk->form);
     xwktest::SendDeleteWindow(shell);
-    EXPECT_EQ(poll_desk(desk), 2);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 2);
     CloseDesk(desk);
 }
 
@@ -184,7 +157,7 @@ TEST(Desk, DestroyedShellGivesMinusOne)
     XtAddCallback(desk->buttons[0], XmNactivateCallback,
                   [](Widget, XtPointer s, XtPointer) { XtDestroyWidget((Widget)s); }, shell);
     xwktest::ClickCenter(desk->buttons[0]);
-    EXPECT_EQ(poll_desk(desk), -1);
+    EXPECT_EQ(boxdriver::poll_desk(desk), -1);
     int result = 0;
     UseDesk(desk, &result);
     EXPECT_EQ(result, -1) << "the desk closed itself with its shell";
@@ -216,7 +189,7 @@ TEST(Desk, DialogDeskUnderAParent)
     EXPECT_EQ(xwkParentWidget, desk->form);
     EXPECT_EQ(shell_title(desk), "Inner");
     xwktest::ClickCenter(desk->buttons[0]);
-    EXPECT_EQ(poll_desk(desk), 1);
+    EXPECT_EQ(boxdriver::poll_desk(desk), 1);
     CloseDesk(desk);
     EXPECT_EQ(xwkParentWidget, XtParent(outer->form)) << "the shell the dialog hung on";
     CloseDesk(outer);
@@ -278,12 +251,6 @@ TEST(Desk, ByReferenceForms)
     EXPECT_EQ(w, ew);
     EXPECT_EQ(h, eh);
     xwktest::ClickCenter(desk->buttons[1]);
-    int result = 0;
-    for (int i = 0; i < 200 && result == 0; i++) {
-        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
-            break;
-        usedesk_(&desk, &result);
-    }
-    EXPECT_EQ(result, 2);
+    EXPECT_EQ(boxdriver::poll_desk(desk, 200, usedesk_), 2);
     closedesk_(&desk);
 }

@@ -1,20 +1,9 @@
 // Desks, boxes and prompts under a real reparenting window manager (run
 // once under mwm and once under openbox): placing, the manager's close,
 // transients, waiting for the manager to map, and moving and restacking.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/Form.h>
-#include <X11/Xatom.h>
-#include <X11/keysym.h>
-
-#include <stddef.h>
-#include <string.h>
-#include <time.h>
+#include "xwktest.h"
 
 #include "boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 

@@ -1,10 +1,4 @@
 // The first desk of a process starts the toolkit itself.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <X11/Shell.h>
-
 #include "xwktest.h"
 
 TEST(FirstDesk, StartsXtAndRunsUntilAButtonIsPressed)

@@ -1,7 +1,5 @@
 // A message before the toolkit is started is lost, silently.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
+#include "xwktest.h"
 
 TEST(MessageBoxBeforeStart, GivesMinusOne)
 {

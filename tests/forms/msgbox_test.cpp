@@ -1,32 +1,12 @@
 // Message boxes answered by real input: clicks, keys and the window
 // manager's close, while condit runs its own loop.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
 #include <Xm/DialogS.h>
 #include <Xm/DrawnB.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
-#include <Xm/PushB.h>
 #include <Xm/ScrolledW.h>
-#include <Xm/Separator.h>
-#include <Xm/Text.h>
-#include <Xm/ToggleB.h>
-#include <X11/Shell.h>
-#include <X11/keysym.h>
-
-#include <errno.h>
-#include <stdio.h>
-#include <stdlib.h>
-#include <string.h>
-#include <unistd.h>
-
-#include <string>
-#include <vector>
 
 #include "boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 
@@ -40,6 +20,14 @@ using boxdriver::label_text;
 void click(int n)
 {
     xwktest::ClickCenter(boxdriver::button(n));
+}
+
+// A key, with the pointer over the message and off the buttons: keys go
+// where the pointer is.
+void key_over_box(KeySym key)
+{
+    xwktest::MoveTo(xwkConditWidget, 5, 5, 0);
+    xwktest::PressKey(XtDisplay(xwkConditWidget), key);
 }
 
 class MessageBox : public ::testing::Test {
@@ -182,21 +170,23 @@ TEST_F(MessageBox, ButtonSetsAndNumbers)
         for (Widget b : buttons)
             labels.push_back(label_text(b));
     };
-    boxdriver::when_up(&step, [&] { take_labels(); click(2); });
-    EXPECT_EQ(condit(nullptr, "Set 0", 2, "OK or cancel", nullptr, 0, 1, 0), 2);
-    EXPECT_EQ(labels, (std::vector<std::string>{"  OK  ", "  Cancel  "}));
-
-    boxdriver::when_up(&step, [&] { take_labels(); click(1); });
-    EXPECT_EQ(condit(nullptr, "Set 1", 3, "Yes or no", nullptr, 0, 1, 1), 1);
-    EXPECT_EQ(labels, (std::vector<std::string>{"  Yes  ", "  No  "}));
-
-    boxdriver::when_up(&step, [&] { take_labels(); click(3); });
-    EXPECT_EQ(condit(nullptr, "Set 3", 2, "Own", "One\0Two\0Three", 3, 1, 3), 3);
-    EXPECT_EQ(labels, (std::vector<std::string>{"One", "Two", "Three"}));
-
-    boxdriver::when_up(&step, [&] { take_labels(); click(1); });
-    EXPECT_EQ(condit(nullptr, "Set 2", 2, "Only OK", nullptr, 0, 1, 2), 1);
-    EXPECT_EQ(labels, (std::vector<std::string>{"  OK  "}));
+    // The kind, the button set, own labels and their count; the button clicked.
+    struct Case {
+        int kind, set;
+        const char *own;
+        int count, click;
+        std::vector<std::string> labels;
+    } cases[] = {
+        {2, 0, nullptr, 0, 2, {"  OK  ", "  Cancel  "}},
+        {3, 1, nullptr, 0, 1, {"  Yes  ", "  No  "}},
+        {2, 3, "One\0Two\0Three", 3, 3, {"One", "Two", "Three"}},
+        {2, 2, nullptr, 0, 1, {"  OK  "}},
+    };
+    for (const Case &c : cases) {
+        boxdriver::when_up(&step, [&] { take_labels(); click(c.click); });
+        EXPECT_EQ(condit(nullptr, "Set", c.kind, "Which?", c.own, c.count, 1, c.set), c.click);
+        EXPECT_EQ(labels, c.labels) << c.set;
+    }
 
     // All buttons share one width: the widest and a part of it for each
     // character of the longest label (19 here).
@@ -223,11 +213,7 @@ TEST_F(MessageBox, DefaultAndCancelButtonsByKeys)
     boxdriver::when_up(&step, [&] {
         XtVaGetValues(xwkConditWidget, XmNdefaultButton, &def, NULL);
         EXPECT_EQ(def, boxdriver::button(2));
-        // Keys go where the pointer is: over the message, off the buttons.
-        int x = 0, y = 0;
-        xwktest::RootPosition(xwkConditWidget, &x, &y);
-        xwktest::MovePointer(XtDisplay(def), x + 5, y + 5);
-        xwktest::PressKey(XtDisplay(def), XK_Return);
+        key_over_box(XK_Return);
     });
     EXPECT_EQ(condit(nullptr, "Default", 3, "Which?", nullptr, 0, 9, 0), 2);
 
@@ -236,10 +222,7 @@ TEST_F(MessageBox, DefaultAndCancelButtonsByKeys)
         Widget cancel = nullptr;
         XtVaGetValues(xwkConditWidget, XmNcancelButton, &cancel, NULL);
         EXPECT_EQ(cancel, boxdriver::button(3));
-        int x = 0, y = 0;
-        xwktest::RootPosition(xwkConditWidget, &x, &y);
-        xwktest::MovePointer(XtDisplay(cancel), x + 5, y + 5);
-        xwktest::PressKey(XtDisplay(cancel), XK_Escape);
+        key_over_box(XK_Escape);
     });
     EXPECT_EQ(condit(nullptr, "Cancel", 3, "Which?", "Save\0Discard\0Cancel", 3, 1, 3), 3);
 
@@ -379,9 +362,7 @@ TEST_F(MessageBox, ModelessBoxStaysUntilDeleted)
     int result = condit(nullptr, "Modeless", 2, "Stays", nullptr, 0, -1, 2);
     EXPECT_EQ(result, -1) << "no answer yet";
     ASSERT_NE(xwkConditWidget, nullptr);
-    unsigned char style = 0;
-    XtVaGetValues(xwkConditWidget, XmNdialogStyle, &style, NULL);
-    EXPECT_EQ(style, XmDIALOG_MODELESS);
+    EXPECT_EQ(xwktest::Get<unsigned char>(xwkConditWidget, XmNdialogStyle), XmDIALOG_MODELESS);
     Widget shell = XtParent(xwkConditWidget);
     bool destroyed = false;
     XtAddCallback(shell, XtNdestroyCallback,
@@ -416,18 +397,14 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
     EXPECT_EQ(label_text(labels[1]), "Left side") << "^x vanishes";
     EXPECT_EQ(label_text(labels[2]), "Right   T") << "tabs stop every eight columns";
     EXPECT_EQ(label_text(labels[3]), "After itmono");
-    unsigned char align[4];
-    for (int i = 0; i < 4; i++)
-        XtVaGetValues(labels[i], XmNalignment, &align[i], NULL);
-    EXPECT_EQ(align[0], XmALIGNMENT_CENTER);
-    EXPECT_EQ(align[1], XmALIGNMENT_BEGINNING);
-    EXPECT_EQ(align[2], XmALIGNMENT_END);
-    EXPECT_EQ(align[3], XmALIGNMENT_END) << "a separator keeps the alignment";
+    auto align = [](Widget w) { return xwktest::Get<unsigned char>(w, XmNalignment); };
+    EXPECT_EQ(align(labels[0]), XmALIGNMENT_CENTER);
+    EXPECT_EQ(align(labels[1]), XmALIGNMENT_BEGINNING);
+    EXPECT_EQ(align(labels[2]), XmALIGNMENT_END);
+    EXPECT_EQ(align(labels[3]), XmALIGNMENT_END) << "a separator keeps the alignment";
     Widget line = xwktest::FindWidgetOfClass(form, xmSeparatorWidgetClass);
     ASSERT_NE(line, nullptr);
-    Widget below = nullptr;
-    XtVaGetValues(labels[3], XmNtopWidget, &below, NULL);
-    EXPECT_EQ(below, line);
+    EXPECT_EQ(xwktest::Get<Widget>(labels[3], XmNtopWidget), line);
 
     // Font tags of the pieces.
     XmString s = nullptr;
@@ -457,8 +434,7 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
     // far, which then takes the new alignment.
     Widget one = XwkCreateCompoundLabels(form, "^bB^b^lx\ny");
     EXPECT_EQ(label_text(one), "Bx\ny");
-    XtVaGetValues(one, XmNalignment, &align[0], NULL);
-    EXPECT_EQ(align[0], XmALIGNMENT_BEGINNING);
+    EXPECT_EQ(align(one), XmALIGNMENT_BEGINNING);
 
     // A line takes the string built so far along even with nothing pending.
     Widget form2 = XtVaCreateManagedWidget("form2", xmFormWidgetClass, form, NULL);
@@ -468,8 +444,7 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
     ASSERT_EQ(labels.size(), 2u);
     EXPECT_EQ(label_text(labels[0]), "B");
     EXPECT_EQ(label_text(after), "X");
-    XtVaGetValues(after, XmNtopWidget, &below, NULL);
-    EXPECT_TRUE(XmIsSeparator(below));
+    EXPECT_TRUE(XmIsSeparator(xwktest::Get<Widget>(after, XmNtopWidget)));
     // Styles do not nest: overlapping ones come out of order.
     EXPECT_EQ(label_text(XwkCreateCompoundLabels(form2, "^bA^iB^bC^i")), "ACB");
     XtDestroyWidget(shell);
@@ -587,13 +562,8 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
 
 TEST_F(MessageBox, FileMessagesByCode)
 {
-    char dir[] = "/tmp/xwk_errmsg_XXXXXX";
-    ASSERT_NE(mkdtemp(dir), nullptr);
-    std::string present = std::string(dir) + "/present";
-    std::string missing = std::string(dir) + "/missing";
-    FILE *f = fopen(present.c_str(), "w");
-    fputs("data", f);
-    fclose(f);
+    xwktest::TempDir dir;
+    std::string present = dir.Write("present", "data"), missing = dir.Path("missing");
 
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 1), 0);
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 4), 0);
@@ -601,7 +571,7 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(access(present.c_str(), F_OK), 0) << "an existing file stays";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 6), 0);
     EXPECT_NE(access(missing.c_str(), F_OK), 0) << "the probe file is gone again";
-    std::string probed = std::string(dir) + "/probed";
+    std::string probed = dir.Path("probed");
     fclose(fopen(probed.c_str(), "w"));
     EXPECT_EQ(err_msg(nullptr, probed.c_str(), 6), 0);
     EXPECT_NE(access(probed.c_str(), F_OK), 0) << "code 6 removes even a file that was there";
@@ -610,13 +580,14 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(xwkConditWidget, nullptr);
 
     std::string text, name;
-    boxdriver::when_up(&step, [&] { text = box_text(); name = XtName(xwkConditWidget); click(1); });
-    EXPECT_EQ(err_msg(nullptr, missing.c_str(), 1), 1);
-    EXPECT_EQ(text, "Can't find the file\n`" + missing + "'.|");
-    EXPECT_EQ(name, "xwkError");
-    boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
-    EXPECT_EQ(err_msg(nullptr, present.c_str(), -4), 1) << "negative: no test";
-    EXPECT_EQ(text, "Can't read the file\n`" + present + "'.|");
+    // A negative code shows its box without testing the file.
+    for (auto [code, file, verb] : {std::tuple{1, missing, "find"}, {-4, present, "read"},
+                                    {-2, present, "create"}, {-6, present, "open"}}) {
+        boxdriver::when_up(&step, [&] { text = box_text(); name = XtName(xwkConditWidget); click(1); });
+        EXPECT_EQ(err_msg(nullptr, file.c_str(), code), 1);
+        EXPECT_EQ(text, "Can't " + std::string(verb) + " the file\n`" + file + "'.|");
+        EXPECT_EQ(name, "xwkError");
+    }
     for (int code : {8, 11}) {
         boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
         int code_ref = code;
@@ -644,7 +615,7 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_NE(access(present.c_str(), F_OK), 0) << "overwrite removes the file";
 
     // A file name far longer than the message buffer is cut.
-    std::string very_long = std::string(dir) + "/" + std::string(4000, 'n');
+    std::string very_long = dir.Path(std::string(4000, 'n'));
     boxdriver::when_up(&step, [&] {
         text = box_text();
         xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
@@ -652,7 +623,6 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(err_msg(nullptr, very_long.c_str(), -8), 0);
     // Cut inside the bold name: a style never switched off shows nothing.
     EXPECT_EQ(text, "Invalid format of the file\n|");
-    rmdir(dir);
 }
 
 TEST_F(MessageBox, OutOfMemoryBox)

@@ -1,17 +1,7 @@
 // Parameter lists, argument lists and accelerator strings.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-
-#include <stdlib.h>
-#include <string.h>
-
-#include <string>
-#include <vector>
+#include "xwktest.h"
 
 #include "boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 
@@ -41,10 +31,7 @@ std::vector<std::string> args_of(const char *line)
 
 std::string acc(const char *text)
 {
-    char *s = XwkCreateAcc(text);
-    std::string out = s ? s : "<null>";
-    XtFree(s);
-    return out;
+    return xwktest::Take(XwkCreateAcc(text));
 }
 
 }  // namespace

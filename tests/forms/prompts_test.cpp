@@ -1,23 +1,9 @@
 // Prompts answered by typing and clicking, while they poll their desk.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/Form.h>
 #include <Xm/MwmUtil.h>
-#include <Xm/Text.h>
-#include <Xm/ToggleB.h>
-#include <X11/Shell.h>
-#include <X11/keysym.h>
-
-#include <string.h>
-
-#include <functional>
-#include <string>
-#include <vector>
 
 #include "boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 
@@ -67,26 +53,7 @@ Widget action_button(int n)
 std::vector<Widget> texts()
 {
     std::vector<Widget> out;
-    std::function<void(Widget)> walk = [&](Widget w) {
-        if (XmIsText(w))
-            out.push_back(w);
-        if (!XtIsComposite(w))
-            return;
-        WidgetList children = nullptr;
-        Cardinal count = 0;
-        XtVaGetValues(w, XmNchildren, &children, XmNnumChildren, &count, NULL);
-        for (Cardinal i = 0; i < count; i++)
-            walk(children[i]);
-    };
-    walk(prompt());
-    return out;
-}
-
-std::string value_of(Widget text)
-{
-    char *s = XmTextGetString(text);
-    std::string out = s ? s : "";
-    XtFree(s);
+    boxdriver::collect(prompt(), [](Widget w) { return XmIsText(w); }, &out);
     return out;
 }
 
@@ -116,7 +83,7 @@ TEST_F(Prompt, OneLineTypedAndConfirmed)
         Widget text = texts().at(0);
         field_name = XtName(text);
         type_into(text, "er");
-        then(&next, [text] { return value_of(text) == "older"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "older"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Name", buffer, 31), 1);
@@ -146,8 +113,8 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     when_prompt_up(&step, [&] {
         Widget text = texts().at(0);
         type_into(text, "secret");
-        then(&next, [text] { return value_of(text).size() == 6; }, [&shown, text] {
-            shown = value_of(text);
+        then(&next, [text] { return xwktest::TextOf(text).size() == 6; }, [&shown, text] {
+            shown = xwktest::TextOf(text);
             xwktest::ClickCenter(action_button(1));
         });
     });
@@ -162,7 +129,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
         xwktest::PressKey(XtDisplay(text), XK_BackSpace);
         xwktest::PressKey(XtDisplay(text), XK_BackSpace);
         xwktest::TypeText(XtDisplay(text), "x");
-        then(&next, [text] { return value_of(text) == "***"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "***"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Password", buffer, -8), 1);
@@ -172,7 +139,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     when_prompt_up(&step, [&] {
         Widget text = texts().at(0);
         XmTextInsert(text, 0, (char *)"pasted");
-        shown = value_of(text);
+        shown = xwktest::TextOf(text);
         xwktest::ClickCenter(action_button(1));
     });
     EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Password", buffer, -8), 1);
@@ -186,7 +153,7 @@ TEST_F(Prompt, MultiLineAndTwoFields)
     when_prompt_up(&step, [&] {
         Widget text = texts().at(0);
         type_into(text, "one\ntwo");
-        then(&next, [text] { return value_of(text) == "one\ntwo"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "one\ntwo"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputb(xwkTopLevel, nullptr, "Notes", notes, 63, 30, 4), 1);
@@ -200,7 +167,7 @@ TEST_F(Prompt, MultiLineAndTwoFields)
         type_into(t.at(0), "first");
         type_into(t.at(1), "second");
         Widget last = t.at(1);
-        then(&next, [last] { return value_of(last) == "second"; },
+        then(&next, [last] { return xwktest::TextOf(last) == "second"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputc(xwkTopLevel, "Two", "A", a, 15, "B", b, 15, 20, 3), 1);
@@ -232,7 +199,7 @@ TEST_F(Prompt, CheckBoxAndThreeFields)
         XtVaGetValues(t[2], XmNwordWrap, &wrap, NULL);
         type_into(t[2], "third");
         Widget last = t[2];
-        then(&next, [last] { return value_of(last) == "third"; },
+        then(&next, [last] { return xwktest::TextOf(last) == "third"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inpute(xwkTopLevel, "Three", "One", f1, 15, 10, 1, "Two", f2, 15, 10, 1, "Three", f3,
@@ -271,7 +238,7 @@ TEST_F(Prompt, UserTextByMode)
         }
         Widget text = texts().at(0);
         type_into(text, "!");
-        then(&next, [text] { return value_of(text) == "start!"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "start!"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     char *got = XwkGetUserText(1, xwkTopLevel, "start", "Find what", "Find");
@@ -288,7 +255,7 @@ TEST_F(Prompt, UserTextByMode)
     when_prompt_up(&step, [&] {
         Widget text = texts().at(0);
         type_into(text, "pw");
-        then(&next, [text] { return value_of(text) == "**"; },
+        then(&next, [text] { return xwktest::TextOf(text) == "**"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     got = XwkGetUserText(1001, xwkTopLevel, nullptr, "Password", nullptr);
@@ -318,11 +285,11 @@ TEST_F(Prompt, VerifyCallbackFiltersTheFirstCharacter)
         xwktest::WaitViewable(text);
         type_into(text, c.typed);
         xwktest::Settle();
-        EXPECT_EQ(value_of(text), c.result) << c.typed;
+        EXPECT_EQ(xwktest::TextOf(text), c.result) << c.typed;
         // Only the first character of an insertion is looked at.
         if (c.flags == XWK_VERIFY_DIGITS) {
             XmTextInsert(text, 0, (char *)"1a");
-            EXPECT_EQ(value_of(text), std::string("1a") + c.result);
+            EXPECT_EQ(xwktest::TextOf(text), std::string("1a") + c.result);
         }
         CloseDesk(desk);
     }

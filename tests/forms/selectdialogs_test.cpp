@@ -1,16 +1,9 @@
 // The selection dialogs answered by mouse and keys while they poll their desk.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <X11/keysym.h>
-
-#include <functional>
-#include <string>
 
 #include "boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 

@@ -1,29 +1,12 @@
 // Raw event filters, the main loop and the shell walks.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/DialogS.h>
-#include <Xm/Form.h>
-#include <Xm/LabelG.h>
-#include <Xm/PushB.h>
-#include <X11/Shell.h>
-
-#include <stddef.h>
-#include <time.h>
-
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xm/DialogS.h>
+#include <Xm/LabelG.h>
 
 namespace {
 
 std::vector<int> calls;
-
-struct Removal {
-    Widget widget;
-    int id;
-};
 
 XEvent client_message(Widget w, long data)
 {
@@ -213,9 +196,7 @@ TEST(Shells, TransientChildIsCentredAndClamped)
     Widget child = XtVaCreatePopupShell("child", transientShellWidgetClass, shell, XmNwidth, 200,
                                         XmNheight, 100, NULL);
     XwkSetTransientFor(parent, child);
-    Widget transient_for = nullptr;
-    XtVaGetValues(child, XtNtransientFor, &transient_for, NULL);
-    EXPECT_EQ(transient_for, parent);
+    EXPECT_EQ(xwktest::Get<Widget>(child, XtNtransientFor), parent);
     EXPECT_EQ(child->core.x, 100 + 100);
     EXPECT_EQ(child->core.y, 120 + 100);
 

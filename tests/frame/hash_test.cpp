@@ -1,26 +1,10 @@
 // Hash tables with the shared entry pool, and bucket trees.
-#include <gtest/gtest.h>
-
-#include <Xwk/Lists.h>
-
-#include <cstdint>
-#include <cstring>
-#include <set>
-#include <string>
-#include <utility>
-#include <vector>
+#include "xwktest.h"
 
 namespace {
 
-XtPointer W(intptr_t v)
-{
-    return reinterpret_cast<XtPointer>(v);
-}
-
-intptr_t V(XtPointer p)
-{
-    return reinterpret_cast<intptr_t>(p);
-}
+using xwktest::V;
+using xwktest::W;
 
 TEST(HashTable, SizesFollowTheSeries)
 {

@@ -1,17 +1,8 @@
 // The behaviour changes made to Motif's sash and label classes.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
-#include <Xm/PanedW.h>
-#include <Xm/PushB.h>
-#include <Xm/SashP.h>
-
-#include <X11/extensions/XTest.h>
-
 #include "xwktest.h"
+
+#include <Xm/PanedW.h>
+#include <Xm/SashP.h>
 
 namespace {
 
@@ -188,12 +179,7 @@ TEST(LabelHook, ArmedPushButtonTextMovesByOnePixel)
     // Inside the shadow, only the text is in the foreground colour.
     int x0, y0, x1, y1;
     text_box(&x0, &y0);
-    int rx, ry;
-    xwktest::RootPosition(button, &rx, &ry);
-    xwktest::MovePointer(XtDisplay(button), rx + button->core.width / 2, ry + button->core.height / 2);
-    XTestFakeButtonEvent(XtDisplay(button), 1, True, CurrentTime);
-    XSync(XtDisplay(button), False);
-    xwktest::Pump(100);
+    xwktest::Press(button, button->core.width / 2, button->core.height / 2, 1, 100);
     xwktest::Settle();
     text_box(&x1, &y1);
     XTestFakeButtonEvent(XtDisplay(button), 1, False, CurrentTime);

@@ -1,22 +1,9 @@
 // Ini files, in a private temporary directory that also takes the
 // temporary copies, so that a test sees whether they are cleaned up.
-#include <gtest/gtest.h>
-
-#include <Xwk/Ini.h>
+#include "xwktest.h"
 
 #include <dirent.h>
-#include <signal.h>
-#include <stdlib.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cstdio>
-#include <cstring>
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -45,9 +32,7 @@ protected:
     std::string Get()
     {
         std::ifstream in(file_, std::ios::binary);
-        std::stringstream ss;
-        ss << in.rdbuf();
-        return ss.str();
+        return std::string(std::istreambuf_iterator<char>(in), {});
     }
     int TempEntries()
     {
@@ -101,22 +86,17 @@ TEST_F(Ini, ReadCleansKeysAndValues)
     EXPECT_EQ(Read("s"), "k|v\n");
 }
 
-TEST_F(Ini, ReadStopsAtASecondHeaderOfTheSameName)
+TEST_F(Ini, ReadStopsAtASecondHeaderAndSplitsLongLines)
 {
-    Put("[s]\na=1\n[s]\nb=2\n");
-    EXPECT_EQ(Read("s"), "a|1\n");
-}
-
-TEST_F(Ini, ReadLosesALastLineWithoutNewline)
-{
-    Put("[s]\na=1\nb=2");
-    EXPECT_EQ(Read("s"), "a|1\n");
-}
-
-TEST_F(Ini, ReadSplitsLongLines)
-{
-    Put("[s]\nk=" + std::string(4093, 'v') + "j=1\n");
-    EXPECT_EQ(Read("s"), "k|" + std::string(4093, 'v') + "\nj|1\n");
+    struct Case { std::string text, entries; } cases[] = {
+        {"[s]\na=1\n[s]\nb=2\n", "a|1\n"},
+        {"[s]\na=1\nb=2", "a|1\n"},  // a last line without newline is lost
+        {"[s]\nk=" + std::string(4093, 'v') + "j=1\n", "k|" + std::string(4093, 'v') + "\nj|1\n"},
+    };
+    for (const Case &c : cases) {
+        Put(c.text);
+        EXPECT_EQ(Read("s"), c.entries) << c.text.substr(0, 20);
+    }
 }
 
 TEST_F(Ini, ReadCountIsASignedByte)
@@ -163,57 +143,36 @@ TEST_F(Ini, ReadFailures)
     EXPECT_EQ(XwkReadIni(file_.c_str(), "s", &keys, &values, nullptr), 0);
 }
 
-TEST_F(Ini, WriteCreatesTheFile)
+TEST_F(Ini, WriteCreatesAppendsAndReplaces)
 {
     EXPECT_EQ(Write("s", {"a", "", "b"}, {"1", "lost", nullptr}), 1);
     EXPECT_EQ(Get(), "[s]\na = 1\nb = \n");
     EXPECT_EQ(Read("s"), "a|1\nb|\n");
-}
-
-TEST_F(Ini, WriteAppendsAMissingSection)
-{
-    Put("[x]\nk=v\n");
-    EXPECT_EQ(Write("s", {"a"}, {"1"}), 1);
-    EXPECT_EQ(Get(), "[x]\nk=v\n\n[s]\na = 1\n");
-}
-
-TEST_F(Ini, WriteReplacesByPrefixAndKeepsTheRest)
-{
-    Put("; head\n[s]\n; inside\nfoo=old\n other = 2\nab = 3\n foo = 4\n[t]\nfoo=5\n");
-    EXPECT_EQ(Write("s", {"foo", "a", "new"}, {"F", "A", "N"}), 1);
-    EXPECT_EQ(Get(),
-              "; head\n[s]\n; inside\n"
-              "foo = F\na = A\nnew = N\n other = 2\n foo = 4\n"
-              "[t]\nfoo=5\n");
-}
-
-TEST_F(Ini, WriteAtTheEndOfTheFile)
-{
-    Put("[s]\nb=1\nc=2\n");
-    EXPECT_EQ(Write("s", {"c", "d", "c"}, {"3", "4", "5"}), 1);
-    // A key takes one line only; a second "c" finds none left.
-    EXPECT_EQ(Get(), "[s]\nc = 3\nd = 4\nc = 5\nb=1\n");
-}
-
-TEST_F(Ini, WriteIntoAnEmptySectionSwallowsTheNextHeader)
-{
-    Put("[s]\n[t]\nx=1\n");
-    EXPECT_EQ(Write("s", {"x"}, {"9"}), 1);
-    EXPECT_EQ(Get(), "[s]\nx = 9\n[t]\n");
-}
-
-TEST_F(Ini, WriteWithTwoSectionsOfTheSameName)
-{
-    Put("[s]\na=1\n[o]\n[s]\na=2\n[p]\nq=1\n");
-    EXPECT_EQ(Write("s", {"a"}, {"9"}), 1);
-    EXPECT_EQ(Get(), "[s]\na = 9\n[o]\n[s]\na = 9\n[p]\nq=1\n");
-}
-
-TEST_F(Ini, WriteLosesALastLineWithoutNewline)
-{
-    Put("[s]\na=1\n[t]\nz=2");
-    EXPECT_EQ(Write("s", {"a"}, {"3"}), 1);
-    EXPECT_EQ(Get(), "[s]\na = 3\n[t]\n");
+    struct Case {
+        const char *before;
+        std::vector<const char *> keys, values;
+        const char *after;
+    } cases[] = {
+        // A missing section is appended.
+        {"[x]\nk=v\n", {"a"}, {"1"}, "[x]\nk=v\n\n[s]\na = 1\n"},
+        // Keys replace by prefix, the rest stays.
+        {"; head\n[s]\n; inside\nfoo=old\n other = 2\nab = 3\n foo = 4\n[t]\nfoo=5\n",
+         {"foo", "a", "new"}, {"F", "A", "N"},
+         "; head\n[s]\n; inside\nfoo = F\na = A\nnew = N\n other = 2\n foo = 4\n[t]\nfoo=5\n"},
+        // A key takes one line only; a second "c" finds none left.
+        {"[s]\nb=1\nc=2\n", {"c", "d", "c"}, {"3", "4", "5"}, "[s]\nc = 3\nd = 4\nc = 5\nb=1\n"},
+        // An empty section swallows the next header.
+        {"[s]\n[t]\nx=1\n", {"x"}, {"9"}, "[s]\nx = 9\n[t]\n"},
+        {"[s]\na=1\n[o]\n[s]\na=2\n[p]\nq=1\n", {"a"}, {"9"},
+         "[s]\na = 9\n[o]\n[s]\na = 9\n[p]\nq=1\n"},
+        // A last line without newline is lost.
+        {"[s]\na=1\n[t]\nz=2", {"a"}, {"3"}, "[s]\na = 3\n[t]\n"},
+    };
+    for (const Case &c : cases) {
+        Put(c.before);
+        EXPECT_EQ(Write("s", c.keys, c.values), 1);
+        EXPECT_EQ(Get(), c.after) << c.before;
+    }
 }
 
 TEST_F(Ini, WriteRejectsIncompleteCalls)
@@ -263,27 +222,23 @@ TEST_F(Ini, FailedWriteKeepsTheOldText)
     EXPECT_EQ(Get(), old);
 }
 
-TEST_F(Ini, DeleteByKeyPrefix)
+TEST_F(Ini, DeleteByKeyPrefixValueOrSection)
 {
-    Put("[s]\nfoo=1\nfoobar = 1\n fooz=3\nbar=foo\n[t]\nfoo=2\n");
-    XwkDeleteIni(file_.c_str(), "s", "foo", nullptr);
-    EXPECT_EQ(Get(), "[s]\n fooz=3\nbar=foo\n[t]\nfoo=2\n");
-}
-
-TEST_F(Ini, DeleteByValue)
-{
-    Put("[s]\na=xyz\nb=abc\ny=q\nnoeq y\n[t]\nc=y\n");
-    XwkDeleteIni(file_.c_str(), "s", nullptr, "y");
-    EXPECT_EQ(Get(), "[s]\nb=abc\ny=q\nnoeq y\n[t]\nc=y\n");
-    XwkDeleteIni(file_.c_str(), "s", "b", "q");
-    EXPECT_EQ(Get(), "[s]\nnoeq y\n[t]\nc=y\n");
-}
-
-TEST_F(Ini, DeleteAWholeSectionKeepsItsComments)
-{
-    Put("# top\n[s]\na=1\n; note\nb=2\n[t]\nc=3\n[s]\nd=4\n");
-    XwkDeleteIni(file_.c_str(), "s", nullptr, nullptr);
-    EXPECT_EQ(Get(), "# top\n; note\n[t]\nc=3\n");
+    struct Case { const char *before, *key, *value, *after; } cases[] = {
+        {"[s]\nfoo=1\nfoobar = 1\n fooz=3\nbar=foo\n[t]\nfoo=2\n", "foo", nullptr,
+         "[s]\n fooz=3\nbar=foo\n[t]\nfoo=2\n"},
+        {"[s]\na=xyz\nb=abc\ny=q\nnoeq y\n[t]\nc=y\n", nullptr, "y",
+         "[s]\nb=abc\ny=q\nnoeq y\n[t]\nc=y\n"},
+        {"[s]\nb=abc\ny=q\nnoeq y\n[t]\nc=y\n", "b", "q", "[s]\nnoeq y\n[t]\nc=y\n"},
+        // A whole section goes, its comments stay.
+        {"# top\n[s]\na=1\n; note\nb=2\n[t]\nc=3\n[s]\nd=4\n", nullptr, nullptr,
+         "# top\n; note\n[t]\nc=3\n"},
+    };
+    for (const Case &c : cases) {
+        Put(c.before);
+        XwkDeleteIni(file_.c_str(), "s", c.key, c.value);
+        EXPECT_EQ(Get(), c.after) << c.before;
+    }
 }
 
 TEST_F(Ini, DeleteOnMissingOrOddFiles)
@@ -298,18 +253,6 @@ TEST_F(Ini, DeleteOnMissingOrOddFiles)
     Put(std::string("[s]\nk=\0v\nkeep\n", 14));
     XwkDeleteIni(file_.c_str(), "s", "k=", nullptr);
     EXPECT_EQ(Get(), "[s]\nkeep\n");
-}
-
-TEST(IniGlobals, ArePlainVariables)
-{
-    EXPECT_EQ(xwkConfigFileName, nullptr);
-    EXPECT_EQ(xwkConfigFileLine, 0ul);
-    char name[] = "tool.cfg";
-    xwkConfigFileName = name;
-    xwkConfigFileLine = 12;
-    EXPECT_STREQ(xwkConfigFileName, "tool.cfg");
-    xwkConfigFileName = nullptr;
-    xwkConfigFileLine = 0;
 }
 
 }  // namespace

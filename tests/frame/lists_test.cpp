@@ -1,23 +1,10 @@
 // Numbered lists: order, indices, ownership callbacks.
-#include <gtest/gtest.h>
-
-#include <Xwk/Lists.h>
-
-#include <cstdint>
-#include <string>
-#include <vector>
+#include "xwktest.h"
 
 namespace {
 
-XtPointer W(intptr_t v)
-{
-    return reinterpret_cast<XtPointer>(v);
-}
-
-intptr_t V(XtPointer p)
-{
-    return reinterpret_cast<intptr_t>(p);
-}
+using xwktest::V;
+using xwktest::W;
 
 // Data words head to tail, checking links both ways and the count.
 std::vector<intptr_t> Items(const XwkList *list)

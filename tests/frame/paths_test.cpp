@@ -1,21 +1,8 @@
 // Path services, in a private temporary directory.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Frame.h>
-#include <Xwk/Strings.h>
-
-#include <fcntl.h>
 #include <limits.h>
 #include <pwd.h>
-#include <stdlib.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cstring>
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -29,40 +16,18 @@ class Paths : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        char tmpl[] = "/tmp/xwkpathsXXXXXX";
-        ASSERT_NE(mkdtemp(tmpl), nullptr);
         char real[PATH_MAX];
-        ASSERT_NE(realpath(tmpl, real), nullptr);
+        ASSERT_NE(realpath(tmp_.Path().c_str(), real), nullptr);
         dir_ = real;
         ASSERT_EQ(mkdir((dir_ + "/sub").c_str(), 0755), 0);
         Write("f", "content");
     }
-    void TearDown() override
-    {
-        std::string cmd = "rm -rf '" + dir_ + "'";
-        ASSERT_EQ(system(cmd.c_str()), 0);
-    }
-    void Write(const std::string &name, const std::string &text)
-    {
-        std::ofstream(dir_ + "/" + name, std::ios::binary) << text;
-    }
-    std::string Read(const std::string &name)
-    {
-        std::ifstream in(dir_ + "/" + name, std::ios::binary);
-        std::stringstream ss;
-        ss << in.rdbuf();
-        return ss.str();
-    }
+    void Write(const std::string &name, const std::string &text) { tmp_.Write(name, text); }
+    std::string Read(const std::string &name) { return tmp_.Read(name); }
     std::string P(const std::string &name) { return dir_ + "/" + name; }
+    xwktest::TempDir tmp_;
     std::string dir_;
 };
-
-std::string Take(char *s)
-{
-    std::string r = s ? s : "(null)";
-    XtFree(s);
-    return r;
-}
 
 TEST_F(Paths, IsFileExist)
 {
@@ -132,16 +97,16 @@ TEST_F(Paths, FindPathSearchesDirectories)
 
 TEST(Patterns, ExtensionAndRegex)
 {
-    EXPECT_EQ(Take(XwkGetExtFromPattern("*.c")), "c");
-    EXPECT_EQ(Take(XwkGetExtFromPattern("a.tar.gz")), "gz");
-    EXPECT_EQ(Take(XwkGetExtFromPattern("x.")), "");
-    EXPECT_EQ(Take(XwkGetExtFromPattern("a.b/c")), "(null)");
-    EXPECT_EQ(Take(XwkGetExtFromPattern("abc")), "(null)");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("*.c")), "c");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("a.tar.gz")), "gz");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("x.")), "");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("a.b/c")), "<null>");
+    EXPECT_EQ(xwktest::Take(XwkGetExtFromPattern("abc")), "<null>");
     EXPECT_EQ(XwkGetExtFromPattern(nullptr), nullptr);
 
-    EXPECT_EQ(Take(XwkGetMatchPattern("*.c")), "^.*\\.c$");
-    EXPECT_EQ(Take(XwkGetMatchPattern("a?b[0-9]/c*")), "^a.b[0-9]$");
-    EXPECT_EQ(Take(XwkGetMatchPattern("")), "^$");
+    EXPECT_EQ(xwktest::Take(XwkGetMatchPattern("*.c")), "^.*\\.c$");
+    EXPECT_EQ(xwktest::Take(XwkGetMatchPattern("a?b[0-9]/c*")), "^a.b[0-9]$");
+    EXPECT_EQ(xwktest::Take(XwkGetMatchPattern("")), "^$");
     EXPECT_EQ(XwkGetMatchPattern(nullptr), nullptr);
 }
 
@@ -191,35 +156,25 @@ TEST_F(Paths, GetFullPathCutsLongResults)
 
 TEST(Split, SplitPath)
 {
+    // Each part asked for, or not asked for (nullptr): "-" stands for none.
+    struct Case { const char *path; bool dir, name, ext; const char *d, *n, *e; } cases[] = {
+        {"/a/b.c", 1, 1, 1, "/a", "b", "c"},
+        {"b", 1, 1, 1, "<null>", "b", "<null>"},
+        {"/x", 1, 1, 1, "", "x", "<null>"},
+        {"a.d/b.tar.gz", 1, 1, 0, "a.d", "b.tar.gz", "-"},
+        {"a.d/b.tar.gz", 0, 1, 1, "-", "b.tar", "gz"},
+        {"a.d/b", 0, 1, 1, "-", "b", "<null>"},
+        {"d/.rc", 0, 1, 1, "-", "<null>", "rc"},
+        {"d/", 1, 1, 1, "d", "<null>", "<null>"},
+    };
+    for (const Case &c : cases) {
+        char *d = nullptr, *n = nullptr, *e = nullptr;
+        XwkSplitPath(c.path, c.dir ? &d : nullptr, c.name ? &n : nullptr, c.ext ? &e : nullptr);
+        EXPECT_EQ(c.dir ? xwktest::Take(d) : "-", c.d) << c.path;
+        EXPECT_EQ(c.name ? xwktest::Take(n) : "-", c.n) << c.path;
+        EXPECT_EQ(c.ext ? xwktest::Take(e) : "-", c.e) << c.path;
+    }
     char *d, *n, *e;
-    XwkSplitPath("/a/b.c", &d, &n, &e);
-    EXPECT_EQ(Take(d), "/a");
-    EXPECT_EQ(Take(n), "b");
-    EXPECT_EQ(Take(e), "c");
-    XwkSplitPath("b", &d, &n, &e);
-    EXPECT_EQ(Take(d), "(null)");
-    EXPECT_EQ(Take(n), "b");
-    EXPECT_EQ(Take(e), "(null)");
-    XwkSplitPath("/x", &d, &n, &e);
-    EXPECT_EQ(Take(d), "");
-    EXPECT_EQ(Take(n), "x");
-    EXPECT_EQ(Take(e), "(null)");
-    XwkSplitPath("a.d/b.tar.gz", &d, &n, nullptr);
-    EXPECT_EQ(Take(d), "a.d");
-    EXPECT_EQ(Take(n), "b.tar.gz");
-    XwkSplitPath("a.d/b.tar.gz", nullptr, &n, &e);
-    EXPECT_EQ(Take(n), "b.tar");
-    EXPECT_EQ(Take(e), "gz");
-    XwkSplitPath("a.d/b", nullptr, &n, &e);
-    EXPECT_EQ(Take(n), "b");
-    EXPECT_EQ(Take(e), "(null)");
-    XwkSplitPath("d/.rc", nullptr, &n, &e);
-    EXPECT_EQ(Take(n), "(null)");
-    EXPECT_EQ(Take(e), "rc");
-    XwkSplitPath("d/", &d, &n, &e);
-    EXPECT_EQ(Take(d), "d");
-    EXPECT_EQ(Take(n), "(null)");
-    EXPECT_EQ(Take(e), "(null)");
     d = n = e = reinterpret_cast<char *>(1);
     XwkSplitPath(nullptr, &d, &n, &e);
     EXPECT_EQ(d, nullptr);
@@ -232,75 +187,54 @@ TEST(Tilde, ExpandTilde)
 {
     char home[] = "/home/me";
     xwkHOME = home;
-    EXPECT_EQ(Take(XwkExpandTilde("~")), "/home/me");
-    EXPECT_EQ(Take(XwkExpandTilde("~/x/y")), "/home/me/x/y");
-    EXPECT_EQ(Take(XwkExpandTilde("a/~/b")), "a/~/b");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~")), "/home/me");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~/x/y")), "/home/me/x/y");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("a/~/b")), "a/~/b");
     xwkHOME = nullptr;
-    EXPECT_EQ(Take(XwkExpandTilde("~/x")), "/x");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~/x")), "/x");
     struct passwd *root = getpwnam("root");
     ASSERT_NE(root, nullptr);
-    EXPECT_EQ(Take(XwkExpandTilde("~root/x")), std::string(root->pw_dir) + "/x");
-    EXPECT_EQ(Take(XwkExpandTilde("~root")), std::string(root->pw_dir));
-    EXPECT_EQ(Take(XwkExpandTilde("~no_such_user_xwk/x")), "~no_such_user_xwk/x");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~root/x")), std::string(root->pw_dir) + "/x");
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~root")), std::string(root->pw_dir));
+    EXPECT_EQ(xwktest::Take(XwkExpandTilde("~no_such_user_xwk/x")), "~no_such_user_xwk/x");
     EXPECT_EQ(XwkExpandTilde(nullptr), nullptr);
-}
-
-struct stat Record(mode_t mode, uid_t uid, gid_t gid)
-{
-    struct stat st;
-    std::memset(&st, 0, sizeof st);
-    st.st_mode = mode;
-    st.st_uid = uid;
-    st.st_gid = gid;
-    return st;
 }
 
 TEST(Access, DecidedByTheUserGlobals)
 {
     int gids[] = {100, 200};
-    xwkUID = 500;
     xwkGIDs = gids;
     xwkNumGIDs = 2;
-
-    struct stat st = Record(S_IFREG | 0600, 500, 1);
-    EXPECT_TRUE(XwkAccess(&st, 4));
-    EXPECT_TRUE(XwkAccess(&st, 2));
-    EXPECT_FALSE(XwkAccess(&st, 1));
-    st = Record(S_IFREG | 0400, 501, 1);
-    EXPECT_FALSE(XwkAccess(&st, 4));
-    // Others need the execute bit too, even on a plain file.
-    st = Record(S_IFREG | 0004, 501, 1);
-    EXPECT_FALSE(XwkAccess(&st, 4));
-    st = Record(S_IFREG | 0005, 501, 1);
-    EXPECT_TRUE(XwkAccess(&st, 4));
-    EXPECT_FALSE(XwkAccess(&st, 2));
-    st = Record(S_IFREG | 0003, 501, 1);
-    EXPECT_TRUE(XwkAccess(&st, 2));
-    // Any group of the process counts.
-    st = Record(S_IFREG | 0040, 501, 200);
-    EXPECT_TRUE(XwkAccess(&st, 4));
-    st = Record(S_IFREG | 0040, 501, 300);
-    EXPECT_FALSE(XwkAccess(&st, 4));
-    // A directory needs the execute bit of the class as well.
-    st = Record(S_IFDIR | 0060, 501, 100);
-    EXPECT_FALSE(XwkAccess(&st, 4));
-    EXPECT_FALSE(XwkAccess(&st, 2));
-    st = Record(S_IFDIR | 0070, 501, 100);
-    EXPECT_TRUE(XwkAccess(&st, 4));
-    EXPECT_TRUE(XwkAccess(&st, 2));
-    st = Record(S_IFDIR | 0600, 500, 1);
-    EXPECT_FALSE(XwkAccess(&st, 4));
-    st = Record(S_IFDIR | 0700, 500, 1);
-    EXPECT_TRUE(XwkAccess(&st, 2));
-
-    xwkUID = 0;
-    st = Record(S_IFREG | 0000, 501, 1);
-    EXPECT_TRUE(XwkAccess(&st, 4));
-    EXPECT_TRUE(XwkAccess(&st, 7));
+    // The file's mode, owner and group; the user; what is asked; the answer.
+    struct Case { mode_t mode; uid_t owner; gid_t group; uid_t user; int want; bool ok; } cases[] = {
+        {S_IFREG | 0600, 500, 1, 500, 4, true}, {S_IFREG | 0600, 500, 1, 500, 2, true},
+        {S_IFREG | 0600, 500, 1, 500, 1, false}, {S_IFREG | 0400, 501, 1, 500, 4, false},
+        // Others need the execute bit too, even on a plain file.
+        {S_IFREG | 0004, 501, 1, 500, 4, false}, {S_IFREG | 0005, 501, 1, 500, 4, true},
+        {S_IFREG | 0005, 501, 1, 500, 2, false}, {S_IFREG | 0003, 501, 1, 500, 2, true},
+        // Any group of the process counts.
+        {S_IFREG | 0040, 501, 200, 500, 4, true}, {S_IFREG | 0040, 501, 300, 500, 4, false},
+        // A directory needs the execute bit of the class as well.
+        {S_IFDIR | 0060, 501, 100, 500, 4, false}, {S_IFDIR | 0060, 501, 100, 500, 2, false},
+        {S_IFDIR | 0070, 501, 100, 500, 4, true}, {S_IFDIR | 0070, 501, 100, 500, 2, true},
+        {S_IFDIR | 0600, 500, 1, 500, 4, false}, {S_IFDIR | 0700, 500, 1, 500, 2, true},
+        {S_IFREG | 0000, 501, 1, 0, 4, true}, {S_IFREG | 0000, 501, 1, 0, 7, true},
+    };
+    for (const Case &c : cases) {
+        struct stat st = {};
+        st.st_mode = c.mode;
+        st.st_uid = c.owner;
+        st.st_gid = c.group;
+        xwkUID = c.user;
+        EXPECT_EQ(XwkAccess(&st, c.want), c.ok) << std::oct << c.mode << " " << c.want;
+    }
     xwkUID = 500;
     xwkGIDs = nullptr;
     xwkNumGIDs = 3;
-    st = Record(S_IFREG | 0040, 501, 100);
+    struct stat st = {};
+    st.st_mode = S_IFREG | 0040;
+    st.st_uid = 501;
+    st.st_gid = 100;
     EXPECT_FALSE(XwkAccess(&st, 4));
     EXPECT_FALSE(XwkAccess(nullptr, 4));
     xwkNumGIDs = 0;

@@ -1,20 +1,12 @@
 // Start-up, the process globals, the class hooks and the centimetre scale.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/Label.h>
 #include <Xm/LabelP.h>
 #include <Xm/SashP.h>
 #include <Xm/Screen.h>
 #include <Xm/Display.h>
 
 #include <grp.h>
-#include <unistd.h>
-
-#include <set>
-
-#include "xwktest.h"
 
 // Runs first: nothing is started yet.
 TEST(Units, BeforeStartUpEverythingIsZero)

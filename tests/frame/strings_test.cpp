@@ -1,12 +1,7 @@
 // Text filters: stpcvt and the small string utilities.
-#include <gtest/gtest.h>
-
-#include <Xwk/Strings.h>
+#include "xwktest.h"
 
 #include <cmath>
-#include <cstring>
-#include <string>
-#include <vector>
 
 namespace {
 

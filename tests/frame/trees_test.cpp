@@ -1,23 +1,10 @@
 // Preorder trees: lazy numbering, searches, moves and frees.
-#include <gtest/gtest.h>
-
-#include <Xwk/Lists.h>
-
-#include <cstdint>
-#include <string>
-#include <vector>
+#include "xwktest.h"
 
 namespace {
 
-XtPointer W(intptr_t v)
-{
-    return reinterpret_cast<XtPointer>(v);
-}
-
-intptr_t V(XtPointer p)
-{
-    return reinterpret_cast<intptr_t>(p);
-}
+using xwktest::V;
+using xwktest::W;
 
 bool Stale(const XwkTree *tree)
 {

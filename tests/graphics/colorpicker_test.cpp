@@ -1,19 +1,9 @@
 // The colour picker dialog driven by real clicks and typing, on the 24-bit
 // TrueColor screen and on a full 8-bit PseudoColor map: the colour it
 // returns, its fields in every unit, and the pixels of its sample.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/TextF.h>
-#include <X11/Shell.h>
-#include <X11/keysym.h>
-
-#include <functional>
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xm/TextF.h>
 
 namespace {
 
@@ -69,10 +59,7 @@ Widget Child(Widget picker, const char *name)
 
 std::string FieldText(Widget picker, const char *name)
 {
-    char *t = XmTextFieldGetString(Child(picker, name));
-    std::string s = t ? t : "";
-    XtFree(t);
-    return s;
+    return xwktest::TextOf(Child(picker, name));
 }
 
 void TypeInto(Widget picker, const char *field, const char *text)
@@ -89,7 +76,12 @@ void TypeInto(Widget picker, const char *field, const char *text)
 
 struct Rgb8 {
     int r, g, b;
+    bool operator==(const Rgb8 &) const = default;
 };
+std::ostream &operator<<(std::ostream &os, const Rgb8 &c)
+{
+    return os << c.r << "," << c.g << "," << c.b;
+}
 
 Rgb8 Shown(Widget picker)
 {
@@ -109,18 +101,13 @@ void ExpectSample(Widget picker, Rgb8 want)
     XColor c = {};
     c.pixel = pixel;
     XQueryColor(XtDisplay(sample), sample->core.colormap, &c);
-    EXPECT_EQ((c.red >> 8), want.r);
-    EXPECT_EQ((c.green >> 8), want.g);
-    EXPECT_EQ((c.blue >> 8), want.b);
+    EXPECT_EQ((Rgb8{c.red >> 8, c.green >> 8, c.blue >> 8}), want);
 }
 
-#define EXPECT_RGB(picker, R, G, B)              \
-    do {                                         \
-        Rgb8 shown_ = Shown(picker);             \
-        EXPECT_EQ(shown_.r, R);                  \
-        EXPECT_EQ(shown_.g, G);                  \
-        EXPECT_EQ(shown_.b, B);                  \
-        ExpectSample(picker, Rgb8{R, G, B});     \
+#define EXPECT_RGB(picker, R, G, B)                \
+    do {                                           \
+        EXPECT_EQ(Shown(picker), (Rgb8{R, G, B})); \
+        ExpectSample(picker, Rgb8{R, G, B});       \
     } while (0)
 
 class ColorPickerDialog : public ::testing::TestWithParam<int> {

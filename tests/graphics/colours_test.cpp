@@ -1,15 +1,8 @@
 // Colour allocation with the nearest-cell search on a full PseudoColor map,
 // named colours, and the resource converters.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/Label.h>
-#include <Xm/Xm.h>
-
 #include "xwktest.h"
 
-#include <string>
-#include <vector>
+#include <Xm/Xm.h>
 
 namespace {
 
@@ -33,13 +26,7 @@ void RecordWarning(String name, String type, String cls, String text, String *pa
     warnings.push_back({name, type, cls, text, params && n && *n ? params[0] : ""});
 }
 
-XColor Rgb(unsigned short r, unsigned short g, unsigned short b)
-{
-    XColor c = {};
-    c.red = r, c.green = g, c.blue = b;
-    c.flags = DoRed | DoGreen | DoBlue;
-    return c;
-}
+using xwktest::Rgb;
 
 // A second client takes every free cell of the PseudoColor screen's default
 // map as a writable cell and paints a grid of colours into them.
@@ -278,9 +265,7 @@ TEST(Converters, SelectColourNamesAndFonts)
     // A label built from the converted table draws with it.
     Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, shell,
                                            XtVaTypedArg, XmNrenderTable, XmRString, "fixed", 6, NULL);
-    XmRenderTable used = nullptr;
-    XtVaGetValues(label, XmNrenderTable, &used, NULL);
-    EXPECT_NE(used, nullptr);
+    EXPECT_NE(xwktest::Get<XmRenderTable>(label, XmNrenderTable), nullptr);
     XtDestroyWidget(label);
 }
 

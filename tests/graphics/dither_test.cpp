@@ -1,8 +1,4 @@
 // Reading pixmaps back into images, and the threshold of XwkDitherPixmap.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-
 #include "xwktest.h"
 
 #include <X11/IntrinsicP.h>

@@ -1,56 +1,13 @@
 // Icons from XPM data and files, bad XPM input, drag icons, cursors and
 // scroll bar colours.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <X11/IntrinsicP.h>
 #include <Xm/DragIcon.h>
-#include <Xm/Label.h>
-#include <Xm/List.h>
 #include <Xm/ScrolledW.h>
 #include <Xm/Xm.h>
 
-#include "xwktest.h"
-
-#include <stdlib.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
-
 namespace {
-
-int x_errors;
-
-int CountError(Display *, XErrorEvent *)
-{
-    x_errors++;
-    return 0;
-}
-
-// Counts X errors of everything done in its scope, after a round trip.
-class ErrorWatch {
-public:
-    explicit ErrorWatch(Display *dpy) : dpy_(dpy)
-    {
-        XSync(dpy_, False);
-        x_errors = 0;
-        old_ = XSetErrorHandler(CountError);
-    }
-    ~ErrorWatch() { XSetErrorHandler(old_); }
-    int errors()
-    {
-        XSync(dpy_, False);
-        return x_errors;
-    }
-
-private:
-    Display *dpy_;
-    XErrorHandler old_;
-};
 
 const char *kFace[] = {
     "4 2 4 1 1 0",
@@ -75,24 +32,14 @@ Widget ColouredLabel(Widget parent, Pixel background)
     return XtVaCreateManagedWidget("icons", xmLabelWidgetClass, parent, XmNbackground, background, NULL);
 }
 
-struct TempDirRemover {
-    std::string dir;
-    ~TempDirRemover()
-    {
-        if (!dir.empty())
-            std::filesystem::remove_all(dir);
-    }
-} temp_dir_remover;
+// The directory Xt searches for pixmaps, made before anything reads the path.
+xwktest::TempDir files;
 
 std::string TempDir()
 {
-    std::string &dir = temp_dir_remover.dir;
-    if (dir.empty()) {
-        char templ[] = "/tmp/xwk-icons-XXXXXX";
-        dir = mkdtemp(templ);
-        mkdir((dir + "/pixmaps").c_str(), 0700);
-    }
-    return dir;
+    static bool made = mkdir((files.Path() + "/pixmaps").c_str(), 0700) == 0;
+    (void)made;
+    return files.Path();
 }
 
 void WriteFile(const std::string &path, const std::string &text)
@@ -198,7 +145,6 @@ TEST(Icons, OneRecordPerFile)
 TEST(Icons, BadDataGivesNothingAndNoXError)
 {
     Widget shell = xwktest::StartApp();
-    Display *dpy = XtDisplay(shell);
     std::vector<std::vector<const char *>> bad = {
         {"2 2 3 1", "a c red", "b c blue", "ab", "ba", "", ""},          // one colour short
         {"0 0 1 1", "a c red", "", ""},                                   // empty picture
@@ -212,7 +158,7 @@ TEST(Icons, BadDataGivesNothingAndNoXError)
         {"2 1 1 0", "a c red", "aa"},                                     // no chars per pixel
         {"", "", ""},
     };
-    ErrorWatch watch(dpy);
+    xwktest::Warnings watch;
     for (size_t i = 0; i < bad.size(); i++) {
         std::vector<const char *> lines = bad[i];
         for (int k = 0; k < 8; k++)
@@ -242,7 +188,7 @@ TEST(Icons, BadDataGivesNothingAndNoXError)
         WriteFile(path, files[i]);
         EXPECT_EQ(XwkIconCreateFromFile(shell, path.c_str()), nullptr) << "file " << i;
     }
-    EXPECT_EQ(watch.errors(), 0);
+    EXPECT_EQ(watch.XErrors(), 0);
 }
 
 TEST(Icons, FreeingTheListSurvivesPixmapsTheServerDropped)
@@ -256,9 +202,9 @@ TEST(Icons, FreeingTheListSurvivesPixmapsTheServerDropped)
     b->extraPixmap = extra;
     XFreePixmap(dpy, a->pixmap);
     XFreePixmap(dpy, a->mask);
-    ErrorWatch watch(dpy);
+    xwktest::Warnings watch;
     XwkIconFreeIconsList();
-    EXPECT_EQ(watch.errors(), 0);
+    EXPECT_EQ(watch.XErrors(), 0);
     // The extra pixmap went with its icon.
     Window root;
     int x, y;
@@ -306,7 +252,7 @@ TEST(Icons, PseudoColorIconOnAFullMapTakesNearestCells)
     std::string text = kFaceFile;
     text.replace(text.find("#00ff00"), 7, "#12f034");
     WriteFile(TempDir() + "/pixmaps/near.xpm", text);
-    ErrorWatch watch(dpy);
+    xwktest::Warnings watch;
     XwkIcon *icon = XwkIconCreateFromFile(pseudo, "near");
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(icon->attributes.depth, 8u);
@@ -316,7 +262,7 @@ TEST(Icons, PseudoColorIconOnAFullMapTakesNearestCells)
     XQueryColor(dpy, map, &got);
     EXPECT_EQ(pic.Pixel(0, 0), taken[0]) << std::hex << got.red << " " << got.green << " " << got.blue << " taken " << std::dec << taken.size();
     EXPECT_EQ(pic.Pixel(1, 0), pseudo->core.background_pixel);
-    EXPECT_EQ(watch.errors(), 0);
+    EXPECT_EQ(watch.XErrors(), 0);
     XwkIconFree(pseudo, icon);
     XCloseDisplay(other);
 }
@@ -350,9 +296,7 @@ TEST(DragIcons, FromAnIconOrEmpty)
     EXPECT_EQ(depth, 1u);
     EXPECT_NE(pixmap, 0u);
     Widget second = XwkCreateDragIconWidget(shell, nullptr);
-    Pixmap pixmap2 = 0;
-    XtVaGetValues(second, XmNpixmap, &pixmap2, NULL);
-    EXPECT_EQ(pixmap2, pixmap);
+    EXPECT_EQ(xwktest::Get<Pixmap>(second, XmNpixmap), pixmap);
     XtDestroyWidget(drag);
     XtDestroyWidget(empty);
     XtDestroyWidget(second);
@@ -362,10 +306,9 @@ TEST(DragIcons, FromAnIconOrEmpty)
 TEST(Cursors, SolidAndInvisibleCursors)
 {
     Widget shell = xwktest::StartApp();
-    Display *dpy = XtDisplay(shell);
     Widget box = XtVaCreateManagedWidget("box", xmLabelWidgetClass, shell, NULL);
     XtRealizeWidget(shell);
-    ErrorWatch watch(dpy);
+    xwktest::Warnings watch;
     char bits[] = {0x0f, 0x0f, 0x0f, 0x0f, 0x0f, 0x0f, 0x0f, 0x0f};
     char mask[] = {0x1f, 0x1f, 0x1f, 0x1f, 0x1f, 0x1f, 0x1f, 0x1f};
     Cursor c = create_solid_cursor(shell, bits, mask, 8, 8, 2, 3);
@@ -374,7 +317,7 @@ TEST(Cursors, SolidAndInvisibleCursors)
     XwkAddSolidCursor(shell, xmLabelWidgetClass, None);
     XwkSetNoneCursor(box);
     XwkSetNoneCursor(shell);
-    EXPECT_EQ(watch.errors(), 0);
+    EXPECT_EQ(watch.XErrors(), 0);
     XtUnmanageChild(box);
     XtDestroyWidget(box);
 }

@@ -1,20 +1,19 @@
 // Image records and colour reduction: the exact path, the median cut and its
 // rules, with no X server.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Graphics.h>
-
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <random>
-#include <vector>
 
 namespace {
 
 struct RGB {
     unsigned char r, g, b;
+    bool operator==(const RGB &) const = default;
 };
+std::ostream &operator<<(std::ostream &os, const RGB &c)
+{
+    return os << int(c.r) << "," << int(c.g) << "," << int(c.b);
+}
 
 XwkImage *MakeRGB(int w, int h, const std::vector<RGB> &pixels)
 {
@@ -221,10 +220,7 @@ TEST(Compress, ExactPathKeepsColoursInOrderOfFirstAppearance)
     EXPECT_EQ(out->bytesPerPixel, 1);
     RGB order[] = {{9, 9, 9}, {1, 2, 3}, {200, 100, 50}, {7, 7, 7}};
     for (int i = 0; i < 4; i++) {
-        RGB e = MapEntry(out, i);
-        EXPECT_EQ(e.r, order[i].r);
-        EXPECT_EQ(e.g, order[i].g);
-        EXPECT_EQ(e.b, order[i].b);
+        EXPECT_EQ(MapEntry(out, i), order[i]) << i;
     }
     unsigned want[] = {0, 1, 0, 2, 1, 3};
     for (int i = 0; i < 6; i++)
@@ -277,10 +273,8 @@ TEST(Compress, ZeroOrOneColourGivesOneEntry)
         XwkImage *out = XwkImageCompress(MakeRGB(3, 1, px), colors);
         ASSERT_EQ(out->cmapSize, 1) << colors;
         // Plain mean of the 5-bit slots shifted up: (0 + 248 + 8) / 3 etc.
-        RGB e = MapEntry(out, 0);
-        EXPECT_EQ(e.r, (0 + 248 + 8) / 3);
-        EXPECT_EQ(e.g, (0 + 248 + 16) / 3);
-        EXPECT_EQ(e.b, (0 + 248 + 24) / 3);
+        EXPECT_EQ(MapEntry(out, 0),
+                  (RGB{(0 + 248 + 8) / 3, (0 + 248 + 16) / 3, (0 + 248 + 24) / 3}));
         for (int i = 0; i < 3; i++)
             EXPECT_EQ(IndexAt(out, i), 0u);
         XwkImageDelete(out);
@@ -366,10 +360,7 @@ TEST(Compress, MedianCutMatchesTheLiteralAlgorithm)
         XwkImage *out = XwkImageCompress(MakeRGB(w, h, px), limit);
         ASSERT_EQ(out->cmapSize, (int)want_map.size()) << "round " << round;
         for (int i = 0; i < out->cmapSize; i++) {
-            RGB e = MapEntry(out, i);
-            ASSERT_EQ(e.r, want_map[i].r) << round << " entry " << i;
-            ASSERT_EQ(e.g, want_map[i].g) << round << " entry " << i;
-            ASSERT_EQ(e.b, want_map[i].b) << round << " entry " << i;
+            ASSERT_EQ(MapEntry(out, i), want_map[i]) << round << " entry " << i;
         }
         for (size_t i = 0; i < px.size(); i++)
             ASSERT_EQ(IndexAt(out, i), want_indexes[i]) << round << " pixel " << i;

@@ -1,11 +1,5 @@
 // Palettes on the 24-bit TrueColor screen and the 8-bit PseudoColor screen.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-
 #include "xwktest.h"
-
-#include <vector>
 
 namespace {
 
@@ -19,13 +13,7 @@ int CountError(Display *, XErrorEvent *e)
     return 0;
 }
 
-XColor Rgb(unsigned short r, unsigned short g, unsigned short b)
-{
-    XColor c = {};
-    c.red = r, c.green = g, c.blue = b;
-    c.flags = DoRed | DoGreen | DoBlue;
-    return c;
-}
+using xwktest::Rgb;
 
 XwkPaletteCell *FirstFree(XwkPalette *p)
 {

@@ -1,27 +1,9 @@
 // The help client: help data found up the widget tree, the server's process
 // id on the root window, and the help server c-smeld_hs started, used
 // through the selection, found dead and started again.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/Form.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
-#include <X11/Shell.h>
-#include <X11/Xatom.h>
-#include <X11/Xutil.h>
-
-#include <errno.h>
-#include <signal.h>
-#include <stdio.h>
-#include <stdlib.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <string>
+#include "xwktest.h"
 
 #include "../forms/boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 
@@ -118,24 +100,16 @@ std::string box_of_help(Widget w)
 }
 
 struct HelpDir {
-    std::string path;
+    xwktest::TempDir dir;
+    std::string path = dir.Path();
 
     explicit HelpDir(bool with_server)
     {
-        char name[] = "/tmp/xwk-help-XXXXXX";
-        path = mkdtemp(name);
         if (!with_server)
             return;
-        EXPECT_EQ(symlink(XWK_HELP_BUILD_DIR "/c-smeld_hs", (path + "/c-smeld_hs").c_str()), 0);
-        FILE *f = fopen((path + "/c-smeld.help").c_str(), "w");
-        fputs(".page one Page one\nFirst.\n.page two Page two\nSecond.\n.anchor end\nEnd.\n", f);
-        fclose(f);
-    }
-    ~HelpDir()
-    {
-        unlink((path + "/c-smeld_hs").c_str());
-        unlink((path + "/c-smeld.help").c_str());
-        rmdir(path.c_str());
+        EXPECT_EQ(symlink(XWK_HELP_BUILD_DIR "/c-smeld_hs", dir.Path("c-smeld_hs").c_str()), 0);
+        dir.Write("c-smeld.help",
+                  ".page one Page one\nFirst.\n.page two Page two\nSecond.\n.anchor end\nEnd.\n");
     }
 };
 

@@ -4,20 +4,6 @@
 #ifndef XWK_TESTS_INTERAPP_PEERS_H
 #define XWK_TESTS_INTERAPP_PEERS_H
 
-#include <Xwk/Xwk.h>
-#include <X11/Xatom.h>
-
-#include <fcntl.h>
-#include <poll.h>
-#include <signal.h>
-#include <stdlib.h>
-#include <string.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
 
 namespace peers {

@@ -1,26 +1,8 @@
 // Programs started from the loop, as the user sees their end in the message
 // box; the search path; a child talking through a pseudo-terminal.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
-
-#include <errno.h>
-#include <fcntl.h>
-#include <poll.h>
-#include <signal.h>
-#include <stdlib.h>
-#include <string.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <string>
-#include <vector>
+#include "xwktest.h"
 
 #include "../forms/boxdriver.h"
-#include "xwktest.h"
 
 namespace {
 
@@ -185,9 +167,8 @@ TEST(RunProcess, TheRunCommandCanBeReplaced)
 
 TEST(FindExecPath, NamesPathsAndTheRememberedDirectory)
 {
-    char dir_template[] = "/tmp/xwk-exec-XXXXXX";
-    ASSERT_NE(mkdtemp(dir_template), nullptr);
-    std::string dir = dir_template;
+    xwktest::TempDir tmp;
+    std::string dir = tmp.Path();
     auto make = [&](const char *name, mode_t mode) {
         std::string path = dir + "/" + name;
         close(open(path.c_str(), O_CREAT | O_WRONLY, 0600));
@@ -221,9 +202,6 @@ TEST(FindExecPath, NamesPathsAndTheRememberedDirectory)
         EXPECT_STREQ(found, c.expected) << c.name;
         free(found);
     }
-    unlink(tool.c_str());
-    unlink(hidden.c_str());
-    rmdir(dir.c_str());
 }
 
 // Reads the master until the output holds text or two seconds pass.

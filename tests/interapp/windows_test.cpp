@@ -2,27 +2,14 @@
 // peers publishing at once, a peer killed while published, menu and tree
 // list displays, windows gone before they are probed, a parent hiding its
 // child application, and busy passed from one application to another.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xm/CascadeB.h>
-#include <Xm/Form.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
 #include <X11/IntrinsicP.h>
 #include <X11/CompositeP.h>
-#include <X11/Shell.h>
 #include <X11/extensions/Xfixes.h>
 
-#include <stddef.h>
-#include <stdio.h>
-
-#include <set>
-#include <string>
-#include <vector>
-
 #include "peers.h"
-#include "xwktest.h"
 
 namespace {
 

@@ -1,12 +1,6 @@
 // Window states and frames under a real window manager (run once under mwm
 // and once under openbox): the frame and its position, the screen's bounds,
 // and hiding and showing a shell with its pop-up, iconic or not.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/Form.h>
-#include <X11/Shell.h>
-
 #include "xwktest.h"
 
 namespace {

@@ -2,19 +2,7 @@
 // gestures on its decorations: moving, raising and closing a window.
 #include "xwktest.h"
 
-#include <X11/extensions/XTest.h>
-
-#include <signal.h>
-#include <stdio.h>
-#include <stdlib.h>
 #include <sys/prctl.h>
-#include <sys/wait.h>
-#include <time.h>
-#include <unistd.h>
-
-#include <cstring>
-#include <set>
-#include <vector>
 
 namespace xwktest {
 namespace {

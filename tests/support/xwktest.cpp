@@ -2,19 +2,11 @@
 
 #include "xvfb.h"
 
-#include <Xm/Xm.h>
-#include <Xwk/Xwk.h>
-#include <X11/extensions/XTest.h>
-#include <X11/IntrinsicP.h>
 #include <X11/CompositeP.h>
+#include <X11/IntrinsicP.h>
 #include <X11/XKBlib.h>
-#include <X11/keysym.h>
 
-#include <poll.h>
-#include <stdlib.h>
-#include <time.h>
-
-#include <cstring>
+#include <iterator>
 
 namespace xwktest {
 namespace {
@@ -129,7 +121,6 @@ Widget PseudoColorShell()
                                XtNcolormap, DefaultColormap(dpy, 1), XmNwidth, 60, XmNheight, 40, nullptr);
     return shell;
 }
-
 
 bool PumpUntil(const std::function<bool()> &cond, int timeout_ms)
 {
@@ -376,11 +367,186 @@ int Capture::height() const
     return image_->height;
 }
 
+std::string Take(char *s)
+{
+    std::string out = s ? s : "<null>";
+    XtFree(s);
+    return out;
+}
+
+std::string TextOf(Widget text)
+{
+    char *s = XmTextGetString(text);
+    std::string out = s ? s : "";
+    XtFree(s);
+    return out;
+}
+
+unsigned long NamedPixel(Widget w, const char *name)
+{
+    XColor c, exact;
+    XAllocNamedColor(XtDisplay(w), DefaultColormapOfScreen(XtScreen(w)), name, &c, &exact);
+    return c.pixel;
+}
+
 unsigned long PixelOf(Widget w, const char *resource)
 {
     Pixel p = 0;
     XtVaGetValues(w, resource, &p, nullptr);
     return p;
+}
+
+Widget Shell(const char *name, int width, int height)
+{
+    return XtVaCreatePopupShell(name, topLevelShellWidgetClass, StartApp(), XtNwidth, width,
+                                XtNheight, height, nullptr);
+}
+
+void Show(Widget w, Widget shell, int pump_ms)
+{
+    XtManageChild(w);
+    XtPopup(shell, XtGrabNone);
+    if (!WaitViewable(w))
+        ADD_FAILURE() << XtName(w) << " did not come up";
+    Pump(pump_ms);
+    Settle();
+}
+
+void PastMultiClick(Widget w)
+{
+    Pump((int)XtGetMultiClickTime(XtDisplay(w)) + 50);
+}
+
+void HoldModifiers(Display *dpy, unsigned mask, bool down)
+{
+    static const struct { unsigned mask; KeySym sym; } mods[] = {
+        {ShiftMask, XK_Shift_L}, {ControlMask, XK_Control_L}, {Mod1Mask, XK_Alt_L}};
+    for (auto &m : mods)
+        if (mask & m.mask)
+            XTestFakeKeyEvent(dpy, XKeysymToKeycode(dpy, m.sym), down, CurrentTime);
+    XSync(dpy, False);
+}
+
+void MoveTo(Widget w, int x, int y, int ms)
+{
+    int rx, ry;
+    RootPosition(w, &rx, &ry);
+    PointerTo(XtDisplay(w), XtScreen(w), rx + x, ry + y);
+    Pump(ms);
+}
+
+void Press(Widget w, int x, int y, unsigned button, int ms)
+{
+    MoveTo(w, x, y, 0);
+    XTestFakeButtonEvent(XtDisplay(w), button, True, CurrentTime);
+    XSync(XtDisplay(w), False);
+    Pump(ms);
+}
+
+void Release(Widget w, unsigned button, int ms)
+{
+    XTestFakeButtonEvent(XtDisplay(w), button, False, CurrentTime);
+    XSync(XtDisplay(w), False);
+    Pump(ms);
+}
+
+void ClickWith(Widget w, int x, int y, unsigned modifiers, unsigned button)
+{
+    HoldModifiers(XtDisplay(w), modifiers, true);
+    Click(w, x, y, button);
+    HoldModifiers(XtDisplay(w), modifiers, false);
+}
+
+XwkIcon *SolidIcon(Widget w, int width, int height, const char *colour)
+{
+    std::string header = std::to_string(width) + " " + std::to_string(height) + " 1 1";
+    std::string colours = std::string("x c ") + colour;
+    std::string row((size_t)width, 'x');
+    std::vector<char *> data{(char *)header.c_str(), (char *)colours.c_str()};
+    for (int i = 0; i < height; i++)
+        data.push_back((char *)row.c_str());
+    return XwkIconCreateFromData(w, data.data());
+}
+
+namespace {
+Warnings *current_warnings;
+int x_errors;
+
+void WarningMsg(String name, String, String, String def, String *, Cardinal *)
+{
+    if (current_warnings)
+        current_warnings->texts.push_back(def ? def : name);
+}
+
+void WarningText(String message)
+{
+    if (current_warnings)
+        current_warnings->texts.push_back(message ? message : "");
+}
+
+int CountXError(Display *, XErrorEvent *)
+{
+    x_errors++;
+    return 0;
+}
+
+XErrorHandler old_x_handler;
+}  // namespace
+
+Warnings::Warnings()
+{
+    current_warnings = this;
+    XtAppSetWarningMsgHandler(App(), WarningMsg);
+    XtAppSetWarningHandler(App(), WarningText);
+    XSync(XtDisplay(StartApp()), False);
+    x_errors = 0;
+    old_x_handler = XSetErrorHandler(CountXError);
+}
+
+Warnings::~Warnings()
+{
+    XSync(XtDisplay(StartApp()), False);
+    XSetErrorHandler(old_x_handler);
+    XtAppSetWarningMsgHandler(App(), nullptr);
+    XtAppSetWarningHandler(App(), nullptr);
+    current_warnings = nullptr;
+}
+
+int Warnings::XErrors()
+{
+    XSync(XtDisplay(StartApp()), False);
+    return x_errors;
+}
+
+TempDir::TempDir()
+{
+    char tmpl[] = "/tmp/xwktestXXXXXX";
+    if (!mkdtemp(tmpl))
+        ADD_FAILURE() << "no temporary directory";
+    dir_ = tmpl;
+}
+
+TempDir::~TempDir()
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(dir_, ignored);
+}
+
+std::string TempDir::Path(const std::string &name) const
+{
+    return name.empty() ? dir_ : dir_ + "/" + name;
+}
+
+std::string TempDir::Write(const std::string &name, const std::string &text) const
+{
+    std::ofstream(Path(name), std::ios::binary) << text;
+    return Path(name);
+}
+
+std::string TempDir::Read(const std::string &name) const
+{
+    std::ifstream in(Path(name), std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 }  // namespace xwktest

@@ -3,12 +3,52 @@
 #ifndef XWK_TEST_SUPPORT_H
 #define XWK_TEST_SUPPORT_H
 
+// Every test includes this first: it brings GoogleTest (ahead of the X
+// headers, whose macros clash with it), the library, the Motif widgets the
+// tests build their windows from, and the standard containers they use.
+#include <gtest/gtest.h>
+
+#include <Xwk/Xwk.h>
+#include <Xm/XmP.h>
+#include <Xm/Form.h>
+#include <Xm/Label.h>
+#include <Xm/List.h>
+#include <Xm/PushB.h>
+#include <Xm/RowColumn.h>
+#include <Xm/Separator.h>
+#include <Xm/Text.h>
+#include <Xm/ToggleB.h>
 #include <X11/Intrinsic.h>
+#include <X11/Shell.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+#include <X11/Xatom.h>
+#include <X11/keysym.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <stddef.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <functional>
+#include <initializer_list>
+#include <set>
 #include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace xwktest {
 
@@ -88,6 +128,52 @@ bool HasFocus(Widget shell);
 // Position of a top-level window among the root's children, bottom first.
 int StackingIndex(Display *dpy, Window top);
 
+// ---- Shared pieces of the widget tests ----
+// A top-level pop-up shell of the application StartApp made.
+Widget Shell(const char *name, int width, int height);
+// Manages w, pops its shell up and waits until w is on the screen.
+void Show(Widget w, Widget shell, int pump_ms = 150);
+// Pumps past the multi-click time, so that the next click is a first one.
+void PastMultiClick(Widget w);
+// Holds down (or lets go of) the modifier keys of the mask through XTest.
+void HoldModifiers(Display *dpy, unsigned mask, bool down);
+// Button pressed (held) and released with the pointer at a place of the
+// widget; MoveTo moves the pointer there.  Each pumps for ms after.
+void MoveTo(Widget w, int x, int y, int ms = 50);
+void Press(Widget w, int x, int y, unsigned button = 1, int ms = 50);
+void Release(Widget w, unsigned button = 1, int ms = 50);
+// A click with modifier keys held.
+void ClickWith(Widget w, int x, int y, unsigned modifiers, unsigned button = 1);
+// An icon of one colour (an XPM colour name or #RRGGBB), width x height.
+XwkIcon *SolidIcon(Widget w, int width, int height, const char *colour);
+
+// The Xt warnings and X errors that come while it stands.
+class Warnings {
+public:
+    Warnings();
+    ~Warnings();
+    Warnings(const Warnings &) = delete;
+    Warnings &operator=(const Warnings &) = delete;
+    std::vector<std::string> texts;
+    int XErrors();  // after a round trip
+};
+
+// A private temporary directory, removed with all it holds.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir &) = delete;
+    TempDir &operator=(const TempDir &) = delete;
+    // The directory itself, or a name in it.
+    std::string Path(const std::string &name = "") const;
+    // Writes (replaces) a file in it and returns its path; reads one back.
+    std::string Write(const std::string &name, const std::string &text) const;
+    std::string Read(const std::string &name) const;
+private:
+    std::string dir_;
+};
+
 // Pixels read back from the server.
 class Capture {
 public:
@@ -107,6 +193,33 @@ private:
 };
 
 unsigned long PixelOf(Widget w, const char *resource);  // e.g. XmNbackground
+// A string from XtMalloc as a std::string ("<null>" for none), freed.
+std::string Take(char *s);
+// The text of an XmText or XmTextField widget.
+std::string TextOf(Widget text);
+// A named colour allocated in the default colormap of the widget's screen.
+unsigned long NamedPixel(Widget w, const char *name);
+
+// Integers kept as pointers (list and table data words), and back.
+inline XtPointer W(intptr_t v) { return reinterpret_cast<XtPointer>(v); }
+inline intptr_t V(XtPointer p) { return reinterpret_cast<intptr_t>(p); }
+
+// A colour to allocate, all three channels of it.
+inline XColor Rgb(unsigned short r, unsigned short g, unsigned short b)
+{
+    XColor c = {};
+    c.red = r, c.green = g, c.blue = b;
+    c.flags = DoRed | DoGreen | DoBlue;
+    return c;
+}
+
+// One resource of a widget, read with XtVaGetValues.
+template <class T> T Get(Widget w, const char *resource)
+{
+    T value{};
+    XtVaGetValues(w, resource, &value, nullptr);
+    return value;
+}
 
 }  // namespace xwktest
 

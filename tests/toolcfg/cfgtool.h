@@ -3,10 +3,7 @@
 #ifndef XWK_TEST_CFGTOOL_H
 #define XWK_TEST_CFGTOOL_H
 
-#include <Xwk/ToolCfg.h>
-
-#include <initializer_list>
-#include <utility>
+#include "xwktest.h"
 
 namespace cfgtest {
 

@@ -1,15 +1,8 @@
 // MD5 against RFC 1321's test suite and md5sum; CRC-32 in both bit orders
 // against a bit-at-a-time computation.
-#include <Xwk/Text.h>
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
 #include <dlfcn.h>
-
-#include <cstdio>
-#include <cstring>
-#include <string>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 
@@ -77,17 +70,11 @@ TEST(Md5, Rfc1321Suite)
 // against coreutils md5sum of the same bytes.
 TEST(Md5, AgreesWithMd5sumAtPaddingBoundaries)
 {
-    char path[] = "/tmp/xwk-md5-XXXXXX";
-    int fd = mkstemp(path);
-    ASSERT_GE(fd, 0);
-    close(fd);
+    xwktest::TempDir tmp;
     for (size_t len : {1, 55, 56, 57, 63, 64, 65, 119, 120, 128, 4097}) {
         std::vector<unsigned char> data = Pattern(len, unsigned(len));
-        FILE *f = std::fopen(path, "wb");
-        ASSERT_TRUE(f);
-        std::fwrite(data.data(), 1, len, f);
-        std::fclose(f);
-        std::string cmd = std::string("md5sum ") + path;
+        std::string path = tmp.Write("data", std::string(data.begin(), data.end()));
+        std::string cmd = "md5sum " + path;
         FILE *p = popen(cmd.c_str(), "r");
         ASSERT_TRUE(p);
         char line[128] = "";
@@ -97,7 +84,6 @@ TEST(Md5, AgreesWithMd5sumAtPaddingBoundaries)
         md5_buffer(reinterpret_cast<const char *>(data.data()), len, digest);
         EXPECT_EQ(Hex(digest), std::string(line, 32)) << "length " << len;
     }
-    unlink(path);
 }
 
 TEST(Md5, PiecesStreamAndBlocksGiveTheSameDigest)

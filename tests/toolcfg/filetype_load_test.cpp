@@ -1,35 +1,17 @@
 // Loading the rule file: failures, syntax errors and the 250-rule table.
 // Each case runs in a child process, which starts with nothing loaded.
-#include <Xwk/Text.h>
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <string>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "xwktest.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
 struct RuleLoad : ::testing::Test {
-    fs::path dir;
-
-    void SetUp() override
-    {
-        char tmpl[] = "/tmp/xwk-ftload-XXXXXX";
-        ASSERT_TRUE(mkdtemp(tmpl));
-        dir = tmpl;
-    }
-
-    void TearDown() override { fs::remove_all(dir); }
-
+    xwktest::TempDir tmp;
+    fs::path dir = tmp.Path();
     std::string Write(const std::string &name, const std::string &content)
     {
-        std::ofstream(dir / name, std::ios::binary) << content;
-        return dir / name;
+        return tmp.Write(name, content);
     }
 };
 

@@ -1,11 +1,6 @@
 // File type lookups against one rule file, loaded once for the process, and
 // sample files in a temporary directory.
-#include <Xwk/Text.h>
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <string>
+#include "xwktest.h"
 
 namespace fs = std::filesystem;
 
@@ -49,24 +44,23 @@ std::ostream &operator<<(std::ostream &os, const Result &r)
 }
 
 struct FileType : ::testing::Test {
-    static fs::path dir;
+    static inline xwktest::TempDir *tmp;
+    static inline fs::path dir;
 
     static void SetUpTestSuite()
     {
-        char tmpl[] = "/tmp/xwk-ftype-XXXXXX";
-        ASSERT_TRUE(mkdtemp(tmpl));
-        dir = tmpl;
+        tmp = new xwktest::TempDir;
+        dir = tmp->Path();
         Write("rules", rule_text);
         char *action = nullptr;
         ASSERT_EQ(CheckFileType((dir / "rules").c_str(), nullptr, &action, nullptr, 0), 1);
     }
 
-    static void TearDownTestSuite() { fs::remove_all(dir); }
+    static void TearDownTestSuite() { delete tmp; }
 
     static std::string Write(const std::string &name, const std::string &content)
     {
-        std::ofstream(dir / name, std::ios::binary) << content;
-        return dir / name;
+        return tmp->Write(name, content);
     }
 
     static Result Check(const std::string &name, int flags = 0)
@@ -76,8 +70,6 @@ struct FileType : ::testing::Test {
         return {rc, action ? action : "<null>", argument ? argument : "<null>"};
     }
 };
-
-fs::path FileType::dir;
 
 TEST_F(FileType, SuffixRules)
 {

@@ -1,18 +1,8 @@
 // Template expansion: file name forms, built-in and own macros, nesting,
 // unknown names, and failures by line number.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Frame.h>
-#include <Xwk/Text.h>
-
-#include <cstdlib>
-#include <cstring>
 #include <ctime>
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 
@@ -87,44 +77,51 @@ TEST_F(Templates, InitAddsTheTenBuiltInsAndFreeClears)
     EXPECT_EQ(list, nullptr);
 }
 
-TEST_F(Templates, FileNameForms)
+// Expansions that need no macro of the test's own, on "/src/dir/main.c"
+// unless the case names another file.
+TEST_F(Templates, PlainExpansions)
 {
-    EXPECT_EQ(Expand("$@"), "/src/dir/main.c");
-    EXPECT_EQ(Expand("[$(@D)] [$(@F)]"), "[/src/dir] [main.c]");
-    EXPECT_EQ(Expand("$(@D)|$(@F)|", "plain.c"), "|plain.c|");
-    EXPECT_EQ(Expand("$(@D)", "/top"), "");
-    // The character behind the ")" is copied without being looked at.
-    EXPECT_EQ(Expand("$(@F)$@"), "main.c$@");
-    EXPECT_EQ(Expand("$(@F)$(upper x)"), "main.c$(upper x)");
-    EXPECT_EQ(Expand("$(@F)"), "main.c");
-}
-
-TEST_F(Templates, FileNameFormAtLineEndDoublesTheNewline)
-{
-    EXPECT_EQ(Expand("a $(@F)\nb"), "a main.c\n\nb");
-    EXPECT_EQ(Expand("$(@D)\n"), "/src/dir\n\n");
-    EXPECT_EQ(Expand("$@\nb"), "/src/dir/main.c\nb");
-}
-
-TEST_F(Templates, DollarBeforeAnythingElseStaysWithItsCharacter)
-{
-    EXPECT_EQ(Expand("$$@ $x $$(upper a) $(1x) $( upper)"), "$$@ $x $$(upper a) $(1x) $( upper)");
-    EXPECT_EQ(Expand("end $"), "end $");
-    EXPECT_EQ(Expand("$\nx"), "$\n\nx");
-}
-
-TEST_F(Templates, StringBuiltIns)
-{
-    EXPECT_EQ(Expand("$(upper Hello, World 1)"), "HELLO, WORLD 1");
-    EXPECT_EQ(Expand("$(lower Hello, World)"), "hello, world");
-    EXPECT_EQ(Expand("$(capitalize hello world)"), "Hello world");
-    EXPECT_EQ(Expand("$(identifier 9lives-of.a cat)"), "_lives_of_a_cat");
-    EXPECT_EQ(Expand("$(identifier abc_12)"), "abc_12");
-    EXPECT_EQ(Expand("$(basename dir.v2/file)"), "dir");
-    EXPECT_EQ(Expand("$(basename $(@F))"), "main");
-    EXPECT_EQ(Expand("$(basename README)"), "README");
-    EXPECT_EQ(Expand("$(suffix a.tar.gz)"), "gz");
-    EXPECT_EQ(Expand("[$(suffix README)]"), "[]");
+    struct Case { const char *text, *expanded, *file = "/src/dir/main.c"; } cases[] = {
+        {"$@", "/src/dir/main.c"},
+        {"[$(@D)] [$(@F)]", "[/src/dir] [main.c]"},
+        {"$(@D)|$(@F)|", "|plain.c|", "plain.c"},
+        {"$(@D)", "", "/top"},
+        // The character behind the ")" is copied without being looked at.
+        {"$(@F)$@", "main.c$@"},
+        {"$(@F)$(upper x)", "main.c$(upper x)"},
+        {"$(@F)", "main.c"},
+        // A file name form at a line end doubles the newline.
+        {"a $(@F)\nb", "a main.c\n\nb"},
+        {"$(@D)\n", "/src/dir\n\n"},
+        {"$@\nb", "/src/dir/main.c\nb"},
+        // A dollar before anything else stays with its character.
+        {"$$@ $x $$(upper a) $(1x) $( upper)", "$$@ $x $$(upper a) $(1x) $( upper)"},
+        {"end $", "end $"},
+        {"$\nx", "$\n\nx"},
+        {"$(upper Hello, World 1)", "HELLO, WORLD 1"},
+        {"$(lower Hello, World)", "hello, world"},
+        {"$(capitalize hello world)", "Hello world"},
+        {"$(identifier 9lives-of.a cat)", "_lives_of_a_cat"},
+        {"$(identifier abc_12)", "abc_12"},
+        {"$(basename dir.v2/file)", "dir"},
+        {"$(basename $(@F))", "main"},
+        {"$(basename README)", "README"},
+        {"$(suffix a.tar.gz)", "gz"},
+        {"[$(suffix README)]", "[]"},
+        // A missing close ends the call at the line end.
+        {"$(upper abc\n$(upper def", "ABC\nDEF"},
+        {"x $(nosuch abc\ny", "x $(nosuch abc\ny"},
+        // Inside an argument the copied character is the ")" closing the call.
+        {"$(upper $(@F))!", "MAIN.C)!"},
+        {"", ""},
+        {"\n\n", "\n\n"},
+        {"a\n", "a\n"},
+        {"/* $(@F) */\n#ifndef $(upper $(identifier $(basename $(@F))))_H\n"
+         "#define $(upper $(identifier $(basename $(@F))))_H\n#endif /* $(suffix $@) */\n",
+         "/* io-util.h */\n#ifndef IO_UTIL_H\n#define IO_UTIL_H\n#endif /* h */\n", "src/io-util.h"},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(Expand(c.text, c.file), c.expanded) << c.text;
 }
 
 TEST_F(Templates, EnvironmentBuiltIns)
@@ -156,18 +153,6 @@ TEST_F(Templates, ArgumentsNestAndSkipLeadingBlanks)
     EXPECT_EQ(seen, (std::vector<std::string>{"", "", "a (b) c ", "Xy"}));
     EXPECT_EQ(Expand("$(upper $(lower $(capitalize ABC)))"), "ABC");
     EXPECT_EQ(Expand("$(upper)"), "");
-}
-
-TEST_F(Templates, MissingCloseEndsTheCallAtTheLineEnd)
-{
-    EXPECT_EQ(Expand("$(upper abc\n$(upper def"), "ABC\nDEF");
-    EXPECT_EQ(Expand("x $(nosuch abc\ny"), "x $(nosuch abc\ny");
-}
-
-// Inside an argument the copied character is the ")" closing the call.
-TEST_F(Templates, FileNameFormAtTheEndOfAnArgument)
-{
-    EXPECT_EQ(Expand("$(upper $(@F))!"), "MAIN.C)!");
 }
 
 TEST_F(Templates, UnknownNamesStayAsTheyStand)
@@ -208,32 +193,6 @@ TEST_F(Templates, ResultsAreBoundTo4095CharactersALine)
     // Plain text past the bound is cut, not a failure.
     std::string plain(5000, 'p');
     EXPECT_EQ(Expand(plain.c_str()), std::string(4095, 'p'));
-}
-
-TEST_F(Templates, EmptyTextAndLineEnds)
-{
-    EXPECT_EQ(Expand(""), "");
-    EXPECT_EQ(Expand("\n\n"), "\n\n");
-    EXPECT_EQ(Expand("a\n"), "a\n");
-}
-
-TEST_F(Templates, TemplateFileExpandsToTheExpectedSource)
-{
-    char dir[] = "/tmp/xwk-templ-XXXXXX";
-    ASSERT_TRUE(mkdtemp(dir));
-    std::string path = std::string(dir) + "/header.tpl";
-    {
-        std::ofstream f(path);
-        f << "/* $(@F) */\n#ifndef $(upper $(identifier $(basename $(@F))))_H\n"
-             "#define $(upper $(identifier $(basename $(@F))))_H\n#endif /* $(suffix $@) */\n";
-    }
-    std::ifstream f(path);
-    std::stringstream text;
-    text << f.rdbuf();
-    EXPECT_EQ(Expand(text.str().c_str(), "src/io-util.h"),
-              "/* io-util.h */\n#ifndef IO_UTIL_H\n#define IO_UTIL_H\n#endif /* h */\n");
-    unlink(path.c_str());
-    rmdir(dir);
 }
 
 } // namespace

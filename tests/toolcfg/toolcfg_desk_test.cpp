@@ -1,30 +1,15 @@
 // Divisions built into a desk: the controls show the item states, what the
 // user clicks and types is read back into the items, values written by name
 // follow on the screen, and insensitive options ignore the user.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/XmP.h>
-#include <Xm/List.h>
-#include <Xm/Text.h>
-#include <Xm/ToggleB.h>
-#include <X11/keysym.h>
-
-#include <string>
+#include "xwktest.h"
 
 #include "tests/toolcfg/cfgtool.h"
-#include "xwktest.h"
 
 using namespace cfgtest;
 
 namespace {
 
-std::string Take(char *s)
-{
-    std::string r = s ? s : "<null>";
-    XtFree(s);
-    return r;
-}
+using xwktest::Take;
 
 Widget ToggleOf(IDECfgItem *item, int i)
 {
@@ -114,9 +99,7 @@ TEST(ToolCfgDesk, ControlsShowAndReadBackTheItems)
     EXPECT_TRUE(IDECfgSetSensitivity(tool, "-I", False));
     ClickAndSettle(ToggleOf(debug, 0));
     EXPECT_TRUE(XmToggleButtonGetState(ToggleOf(debug, 0)));
-    Boolean editable = True;
-    XtVaGetValues(text, XmNeditable, &editable, NULL);
-    EXPECT_FALSE(editable);
+    EXPECT_FALSE(xwktest::Get<Boolean>(text, XmNeditable));
     EXPECT_TRUE(IDECfgSetSensitivity(tool, "-g", True));
     ClickAndSettle(ToggleOf(debug, 0));
     EXPECT_FALSE(XmToggleButtonGetState(ToggleOf(debug, 0)));

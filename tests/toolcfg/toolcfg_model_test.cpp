@@ -1,11 +1,7 @@
 // The tool configuration model without a display: option text to items and
 // back for every item kind, extra options, clones, references, settings,
 // look-ups and the macro table.
-#include <gtest/gtest.h>
-
-#include <Xwk/ToolCfg.h>
-
-#include <string>
+#include "xwktest.h"
 
 #include "tests/toolcfg/cfgtool.h"
 
@@ -13,12 +9,7 @@ using namespace cfgtest;
 
 namespace {
 
-std::string Take(char *s)
-{
-    std::string r = s ? s : "<null>";
-    XtFree(s);
-    return r;
-}
+using xwktest::Take;
 
 struct Model : ::testing::Test {
     IDECfgTool *tool = SampleTool();
@@ -99,10 +90,10 @@ TEST_F(Model, ResetAndPrefixRules)
 TEST_F(Model, EditFieldsQuoteSplitAndAssign)
 {
     IDECfgEditItem *inc = EditAt(1, 0);
-    char *lines = (char *)"one\ntwo dirs\n\nthree,four\n";
+    char *lines = (char *)"one\ntwo dirs\n\nthree,four\nfive;six\n";
     ASSERT_TRUE(IDECfgSetValue(tool, "-I", &lines));
     EXPECT_EQ(Take(IDECfgDivisionToString(tool->divisions[1])),
-              "-Ione -I\"two dirs \" -Ithree,four");
+              "-Ione -I\"two dirs \" -Ithree,four -Ifive -Isix") << "a ';' separates too";
     Parse("-Ione -I\"two dirs\" -Ithree");
     EXPECT_STREQ(inc->value, "one\ntwo dirs\nthree");
     // A lone newline starts the value, so it is a blank behind the prefix.

@@ -1,29 +1,15 @@
 // Tool bars, the tip label and short help, driven by real pointer input.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xm/DrawnBP.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
 #include <Xm/ManagerP.h>
-#include <Xm/Separator.h>
-#include <X11/Shell.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
 
 #include <chrono>
-#include <string>
-
-#include "xwktest.h"
 
 namespace {
 
 const unsigned long kTipColour = 0xffff00;
 String fallback[] = {(String) "*xwkTipLabel.background: #ffff00", nullptr};
-
-const char *kRed[] = {"12 12 1 1", "r c #ff0000", "rrrrrrrrrrrr", "rrrrrrrrrrrr", "rrrrrrrrrrrr",
-                      "rrrrrrrrrrrr", "rrrrrrrrrrrr", "rrrrrrrrrrrr", "rrrrrrrrrrrr", "rrrrrrrrrrrr",
-                      "rrrrrrrrrrrr", "rrrrrrrrrrrr", "rrrrrrrrrrrr", "rrrrrrrrrrrr"};
 
 struct Press {
     Widget widget;
@@ -47,16 +33,13 @@ Widget App()
 
 XwkIcon *Red()
 {
-    static XwkIcon *icon = XwkIconCreateFromData(App(), (char **)kRed);
+    static XwkIcon *icon = xwktest::SolidIcon(App(), 12, 12, "#ff0000");
     return icon;
 }
 
 std::string ShortHelp(Widget w)
 {
-    char *text = XwkGetShortHelp(w);
-    std::string out = text ? text : "(none)";
-    XtFree(text);
-    return out;
+    return xwktest::Take(XwkGetShortHelp(w));
 }
 
 unsigned long RootPixel(int x, int y)
@@ -103,9 +86,7 @@ struct Bar {
     Widget button(int i) { return table->buttons[i]->widget; }
     void Enter(int i)
     {
-        int x, y;
-        xwktest::RootPosition(button(i), &x, &y);
-        xwktest::MovePointer(XtDisplay(shell), x + XtWidth(button(i)) / 2, y + XtHeight(button(i)) / 2);
+        xwktest::MoveTo(button(i), XtWidth(button(i)) / 2, XtHeight(button(i)) / 2, 0);
     }
 };
 

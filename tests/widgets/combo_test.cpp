@@ -1,22 +1,9 @@
 // The combo box: popping the list with real clicks and keys, choosing,
 // typing, and taking it down so that nothing stays grabbed.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xwk/ComboBoxP.h>
-#include <Xm/XmP.h>
-#include <Xm/List.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
-#include <Xm/Text.h>
-#include <X11/ShellP.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xwk/ComboBoxP.h>
+#include <X11/ShellP.h>
 
 namespace {
 
@@ -36,28 +23,11 @@ void CollectWarning(String name, String, String, String def, String *, Cardinal 
     warnings.push_back(def ? def : name);
 }
 
-// A second client: can it take the pointer and keyboard right now?
-bool OthersCanGrab()
-{
-    Display *other = XOpenDisplay(xwktest::DisplayName());
-    if (!other)
-        return false;
-    Window root = DefaultRootWindow(other);
-    int p = XGrabPointer(other, root, False, ButtonPressMask, GrabModeAsync, GrabModeAsync, None, None,
-                         CurrentTime);
-    int k = XGrabKeyboard(other, root, False, GrabModeAsync, GrabModeAsync, CurrentTime);
-    XUngrabPointer(other, CurrentTime);
-    XUngrabKeyboard(other, CurrentTime);
-    XCloseDisplay(other);
-    return p == GrabSuccess && k == GrabSuccess;
-}
-
 struct Fixture {
     Widget shell = nullptr, row = nullptr, combo = nullptr, button = nullptr;
     explicit Fixture(unsigned char type, int items = 5, const char *name = "combo")
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("combos", topLevelShellWidgetClass, app, NULL);
+        shell = XtVaCreatePopupShell("combos", topLevelShellWidgetClass, xwktest::StartApp(), NULL);
         row = XtVaCreateManagedWidget("row", xmRowColumnWidgetClass, shell, XmNorientation, XmVERTICAL, NULL);
         // Above the combo box, where the list does not cover it.
         button = XtVaCreateManagedWidget("push", xmPushButtonWidgetClass, row, NULL);
@@ -65,20 +35,13 @@ struct Fixture {
         std::vector<XmString> strings;
         for (int i = 0; i < items; i++)
             strings.push_back(XmStringCreateLocalized((char *)("item" + std::to_string(i + 1)).c_str()));
-        Arg args[4];
-        Cardinal n = 0;
-        XtSetArg(args[n], XmNcomboBoxType, type); n++;
-        XtSetArg(args[n], XmNitems, strings.data()); n++;
-        XtSetArg(args[n], XmNitemCount, items); n++;
-        XtSetArg(args[n], XmNvisibleItemCount, 4); n++;
-        combo = XwkCreateComboBox(row, (String)name, args, n);
+        Arg args[] = {{(String)XmNcomboBoxType, type}, {(String)XmNitems, (XtArgVal)strings.data()},
+                      {(String)XmNitemCount, items}, {(String)XmNvisibleItemCount, 4}};
+        combo = XwkCreateComboBox(row, (String)name, args, 4);
         for (XmString s : strings)
             XmStringFree(s);
         XtAddCallback(combo, XmNselectionCallback, OnSelection, nullptr);
-        XtManageChild(combo);
-        XtPopup(shell, XtGrabNone);
-        xwktest::WaitViewable(combo);
-        xwktest::Settle();
+        xwktest::Show(combo, shell, 0);
         selections.clear();
         pushes = 0;
     }
@@ -91,13 +54,7 @@ struct Fixture {
     XwkComboBoxPart &part() { return ((XwkComboBoxWidget)combo)->combo; }
     bool listUp() { return part().flags & XwkCB_LIST_UP; }
     bool WaitUp() { return xwktest::PumpUntil([&] { return listUp(); }); }
-    std::string Text()
-    {
-        char *s = XmTextGetString(XwkComboBoxGetText(combo));
-        std::string out = s ? s : "";
-        XtFree(s);
-        return out;
-    }
+    std::string Text() { return xwktest::TextOf(XwkComboBoxGetText(combo)); }
 };
 
 TEST(ComboBox, ArrowClickPopsListAndAChoiceClosesIt)
@@ -110,7 +67,7 @@ TEST(ComboBox, ArrowClickPopsListAndAChoiceClosesIt)
     ASSERT_TRUE(xwktest::WaitViewable(list));
     xwktest::Pump(50);
     EXPECT_TRUE(f.listUp());  // the release of the opening click leaves it up
-    EXPECT_FALSE(OthersCanGrab());
+    EXPECT_FALSE(xwktest::OthersCanGrab());
 
     // The shell opens under the combo box, as wide as it within the highlight.
     Widget shell = XwkComboBoxGetShell(f.combo);
@@ -130,7 +87,7 @@ TEST(ComboBox, ArrowClickPopsListAndAChoiceClosesIt)
     EXPECT_EQ(selections[0].reason, XwkCR_COMBO_SELECT);
     EXPECT_EQ(selections[0].position, 3);
     EXPECT_EQ(f.Text(), "item3");
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, ClickOutsideClosesAndReachesTheWidgetUnderIt)
@@ -143,7 +100,7 @@ TEST(ComboBox, ClickOutsideClosesAndReachesTheWidgetUnderIt)
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
     ASSERT_TRUE(xwktest::PumpUntil([&] { return pushes == 1; }));
     EXPECT_TRUE(selections.empty());
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
     EXPECT_FALSE(((ShellWidget)XwkComboBoxGetShell(f.combo))->shell.popped_up);
 
     // A click on the root window closes it as well.
@@ -155,7 +112,7 @@ TEST(ComboBox, ClickOutsideClosesAndReachesTheWidgetUnderIt)
     XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
     XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
@@ -168,7 +125,7 @@ TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
     xwktest::PressKey(dpy, XK_Escape);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
     EXPECT_TRUE(selections.empty());
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 
     // Focus is back in the text: Down moves the choice and notifies.
     xwktest::PressKey(dpy, XK_Down);
@@ -185,7 +142,7 @@ TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
     xwktest::Settle();
     EXPECT_EQ(f.Text(), "item3");
     EXPECT_EQ(f.part().selectedPosition, 3);
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, EditableTextTakesTypingAndActivates)
@@ -230,13 +187,11 @@ TEST(ComboBox, WheelScrollsTheListAndLeavesItUp)
     XtVaGetValues(list, XmNtopItemPosition, &top, NULL);
     xwktest::ClickCenter(list, 5);
     xwktest::Settle();
-    int after = 0;
-    XtVaGetValues(list, XmNtopItemPosition, &after, NULL);
-    EXPECT_GT(after, top);
+    EXPECT_GT(xwktest::Get<int>(list, XmNtopItemPosition), top);
     EXPECT_TRUE(f.listUp());
     xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
@@ -246,7 +201,7 @@ TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
     ASSERT_TRUE(f->WaitUp());
     XtDestroyWidget(f->combo);
     xwktest::Settle();
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
     delete f;
 
     // Destroyed between the popup and the grabs.
@@ -254,7 +209,7 @@ TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
     XwkComboBoxProcessXY(g->combo, g->combo->core.width - 5, 5);
     XtDestroyWidget(g->combo);
     xwktest::Settle();
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
     delete g;
 }
 
@@ -281,7 +236,7 @@ TEST(ComboBox, BadValuesAndEmptyLists)
     ASSERT_TRUE(f.WaitUp());
     xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 
     EXPECT_EQ(XwkComboBoxSelectPos(f.combo, 3, True), 3);
     EXPECT_TRUE(selections.empty());
@@ -294,9 +249,7 @@ TEST(ComboBox, BadValuesAndEmptyLists)
     XwkComboBoxDeleteItem(f.combo, missing, True);
     XwkComboBoxAddItem(f.combo, missing, 0, True);
     XwkComboBoxAddItem(f.combo, missing, 0, True);
-    int count = 0;
-    XtVaGetValues(XwkComboBoxGetList(f.combo), XmNitemCount, &count, NULL);
-    EXPECT_EQ(count, 1);
+    EXPECT_EQ(xwktest::Get<int>(XwkComboBoxGetList(f.combo), XmNitemCount), 1);
     EXPECT_EQ(f.Text(), "missing");
     XmStringFree(missing);
 }
@@ -344,7 +297,7 @@ TEST(ComboBox, PopupListKindAndPlacementAtScreenEdge)
     xwktest::Settle();
     ASSERT_EQ(selections.size(), 1u);
     EXPECT_EQ(selections[0].position, 1);
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, ListNearTheBottomOpensAbove)
@@ -363,7 +316,7 @@ TEST(ComboBox, ListNearTheBottomOpensAbove)
     EXPECT_LT(sy + (int)shell->core.height, cy + 2);
     xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(OthersCanGrab());
+    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, ArrowIsDrawnAndResourcesComeFromTheDatabase)
@@ -383,6 +336,7 @@ TEST(ComboBox, ArrowIsDrawnAndResourcesComeFromTheDatabase)
     XrmPutStringResource(&db, "*typed.comboBoxType", "drop_down_combo_box");
     Widget c = XwkCreateComboBox(g.row, (String) "typed", nullptr, 0);
     EXPECT_EQ(((XwkComboBoxWidget)c)->combo.comboBoxType, XwkDROP_DOWN_COMBO_BOX);
+    EXPECT_EQ(((XwkComboBoxWidget)c)->combo.visibleItemCount, 10) << "the default";
     XtDestroyWidget(c);
 
     // The arrow has its bar and shadows: more than one colour inside it.

@@ -1,18 +1,9 @@
 // The desk list given bad input: empty, missing and very long labels, icons
 // of odd sizes or none, a zero-sized desk, items deleted inside their own
 // callbacks, and every operation on a widget of another class.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjDeskP.h>
-#include <Xm/XmP.h>
-#include <Xm/Label.h>
-#include <X11/extensions/XTest.h>
-
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xwk/PrjDeskP.h>
 
 namespace {
 
@@ -38,10 +29,7 @@ struct Shown {
     }
     void Up()
     {
-        XtManageChild(desk);
-        XtPopup(shell, XtGrabNone);
-        xwktest::WaitViewable(desk);
-        xwktest::Pump(100);
+        xwktest::Show(desk, shell, 100);
     }
     ~Shown()
     {
@@ -84,9 +72,7 @@ TEST(DeskBadInput, ZeroSizedDeskAndPlainParent)
     Widget desk = XmCreatePrjDesk(shell, (String) "plain", nullptr, 0);
     for (int i = 0; i < 5; i++)
         XmPrjDeskAddItem(desk, (char *)"x", nullptr, nullptr);
-    XtManageChild(desk);
-    XtPopup(shell, XtGrabNone);
-    xwktest::WaitViewable(desk);
+    xwktest::Show(desk, shell, 0);
     XtResizeWidget(desk, 1, 1, 0);
     xwktest::Pump(50);
     EXPECT_EQ(((XmPrjDeskWidget)desk)->desk.columns, 1);

@@ -2,23 +2,11 @@
 // selected look read back from the screen; clicks, Ctrl clicks, the rubber
 // band, keys, the wheel and the drag gesture through XTest; sorting,
 // wrapping, the lists and clones through the public operations.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/PrjDeskP.h>
-#include <Xm/XmP.h>
 #include <Xm/Display.h>
 #include <Xm/ScrollBar.h>
-#include <Xm/Form.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace {
 
@@ -51,18 +39,6 @@ XmPrjDeskPart &Part(Widget w)
     return ((XmPrjDeskWidget)w)->desk;
 }
 
-// A solid icon of one colour, of any size.
-XwkIcon *SolidIcon(Widget w, int width, int height, const char *colour)
-{
-    std::string header = std::to_string(width) + " " + std::to_string(height) + " 1 1";
-    std::string colours = std::string("x c ") + colour;
-    std::string row(width, 'x');
-    std::vector<char *> data{(char *)header.c_str(), (char *)colours.c_str()};
-    for (int i = 0; i < height; i++)
-        data.push_back((char *)row.c_str());
-    return XwkIconCreateFromData(w, data.data());
-}
-
 int Inset(Widget w, bool across)
 {
     auto *pw = (XmPrimitiveWidget)w;
@@ -77,14 +53,12 @@ struct Desk {
     Desk(int n, unsigned char policy = XmSINGLE_SELECT, int width = 360, int height = 260,
          bool with_icons = true)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("desk", topLevelShellWidgetClass, app, XmNwidth, width,
-                                     XmNheight, height, NULL);
+        shell = xwktest::Shell("desk", width, height);
         Arg args[1];
         XtSetArg(args[0], XmNselectionPolicy, policy);
         desk = XmCreateScrolledDeskList(shell, (String) "icons", args, 1);
         if (with_icons)
-            icon = SolidIcon(desk, 16, 16, "#FF0000");
+            icon = xwktest::SolidIcon(desk, 16, 16, "#FF0000");
         for (const char *name :
              {"selectionChanged", "singleSelectionCallback", "multipleSelectionCallback",
               "defaultActionCallback", "startDragCallback", "focusCallback"})
@@ -96,11 +70,7 @@ struct Desk {
             items.push_back(XmPrjDeskAddItem(desk, label, icon, (XtPointer)(long)(i + 1)));
         }
         XmPrjDeskSetEditable(desk, True);
-        XtManageChild(desk);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(desk));
-        xwktest::Pump(150);
-        xwktest::Settle();
+        xwktest::Show(desk, shell);
         calls.clear();
     }
     ~Desk()
@@ -140,35 +110,15 @@ struct Desk {
     {
         int x, y;
         LabelCentre(index, &x, &y);
-        Display *dpy = XtDisplay(desk);
-        KeyCode ctrl = XKeysymToKeycode(dpy, XK_Control_L), shift = XKeysymToKeycode(dpy, XK_Shift_L);
-        if (mods & ControlMask)
-            XTestFakeKeyEvent(dpy, ctrl, True, CurrentTime);
-        if (mods & ShiftMask)
-            XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
-        xwktest::Click(desk, x, y, button);
-        if (mods & ShiftMask)
-            XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
-        if (mods & ControlMask)
-            XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
+        xwktest::ClickWith(desk, x, y, mods, button);
         xwktest::Pump(60);
     }
     void Drag(int x1, int y1, int x2, int y2, unsigned button = 1)
     {
-        Display *dpy = XtDisplay(desk);
-        int rx, ry;
-        xwktest::RootPosition(desk, &rx, &ry);
-        xwktest::MovePointer(dpy, rx + x1, ry + y1);
-        XTestFakeButtonEvent(dpy, button, True, CurrentTime);
-        XSync(dpy, False);
-        xwktest::Pump(30);
-        for (int step = 1; step <= 4; step++) {
-            xwktest::MovePointer(dpy, rx + x1 + (x2 - x1) * step / 4, ry + y1 + (y2 - y1) * step / 4);
-            xwktest::Pump(30);
-        }
-        XTestFakeButtonEvent(dpy, button, False, CurrentTime);
-        XSync(dpy, False);
-        xwktest::Pump(60);
+        xwktest::Press(desk, x1, y1, button, 30);
+        for (int step = 1; step <= 4; step++)
+            xwktest::MoveTo(desk, x1 + (x2 - x1) * step / 4, y1 + (y2 - y1) * step / 4, 30);
+        xwktest::Release(desk, button, 60);
     }
     int SelectedCount() { return XmPrjDeskGetSelectedItemCount(desk); }
     bool IsSelected(int index)
@@ -287,7 +237,7 @@ TEST(DeskInput, ClicksTogglesAndDoubleClick)
         Desk s(16, c.policy);
         for (auto &click : c.clicks) {
             s.ClickItem(click.first, click.second);
-            xwktest::Pump(XtGetMultiClickTime(XtDisplay(s.desk)) + 50);
+            xwktest::PastMultiClick(s.desk);
         }
         std::vector<int> got;
         for (int i = 0; i < 16; i++)
@@ -315,7 +265,7 @@ TEST(DeskInput, ClicksTogglesAndDoubleClick)
     EXPECT_EQ(dflt->data.position, 3);
     EXPECT_EQ(std::string(dflt->data.label), "item 002");
     // A double click on two items gives no default action.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(s.desk)) + 50);
+    xwktest::PastMultiClick(s.desk);
     calls.clear();
     s.ClickItem(3);
     s.ClickItem(4);
@@ -353,25 +303,15 @@ TEST(DeskInput, RubberBandScrollsWhileOutside)
 {
     Desk s(300, XmMULTIPLE_SELECT);
     XmPrjDeskPart &d = Part(s.desk);
-    Display *dpy = XtDisplay(s.desk);
-    int rx, ry;
-    xwktest::RootPosition(s.desk, &rx, &ry);
-    xwktest::MovePointer(dpy, rx + Inset(s.desk, true) - 1, ry + Inset(s.desk, false) + 2);
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    xwktest::Pump(30);
+    xwktest::Press(s.desk, Inset(s.desk, true) - 1, Inset(s.desk, false) + 2, 1, 30);
     // The band is anchored where the first motion finds the pointer.
-    xwktest::MovePointer(dpy, rx + Inset(s.desk, true), ry + Inset(s.desk, false) + 3);
-    xwktest::Pump(30);
-    xwktest::MovePointer(dpy, rx + 40, ry + s.desk->core.height / 2);
-    xwktest::Pump(30);
-    xwktest::MovePointer(dpy, rx + 40, ry + s.desk->core.height + 30);
+    xwktest::MoveTo(s.desk, Inset(s.desk, true), Inset(s.desk, false) + 3, 30);
+    xwktest::MoveTo(s.desk, 40, s.desk->core.height / 2, 30);
+    xwktest::MoveTo(s.desk, 40, s.desk->core.height + 30, 0);
     xwktest::PumpUntil([&] { return d.topRow >= 3; }, 3000);
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    xwktest::Pump(60);
+    xwktest::Release(s.desk, 1, 60);
     EXPECT_GE(d.topRow, 3);
-    int value = 0;
-    XtVaGetValues(d.scrollBar, XmNvalue, &value, NULL);
-    EXPECT_EQ(value, d.topRow);
+    EXPECT_EQ(xwktest::Get<int>(d.scrollBar, XmNvalue), d.topRow);
     // The band reaches from the first row to the rows scrolled in.
     EXPECT_TRUE(s.IsSelected(0));
     EXPECT_TRUE(s.IsSelected((d.topRow + d.visibleRows - 1) * d.columns));
@@ -408,24 +348,16 @@ TEST(DeskInput, KeysAndWheelScrollByRows)
     int step = d.visibleRows > 1 ? d.visibleRows - 1 : 1;
     EXPECT_EQ(d.topRow, step);
     EXPECT_EQ(s.CurrentIndex(), step * d.columns);
-    int value = 0;
-    XtVaGetValues(d.scrollBar, XmNvalue, &value, NULL);
-    EXPECT_EQ(value, d.topRow);
+    EXPECT_EQ(xwktest::Get<int>(d.scrollBar, XmNvalue), d.topRow);
     // A plain wheel click moves half a page, with Shift one row.
     int top = d.topRow;
-    int rx, ry;
-    xwktest::RootPosition(s.desk, &rx, &ry);
-    xwktest::MovePointer(XtDisplay(s.desk), rx + 5, ry + 5);
     int page = 0;
     XtVaGetValues(d.scrollBar, XmNpageIncrement, &page, NULL);
-    Display *dpy = XtDisplay(s.desk);
-    XTestFakeButtonEvent(dpy, 5, True, CurrentTime);
-    XTestFakeButtonEvent(dpy, 5, False, CurrentTime);
-    xwktest::Pump(80);
+    xwktest::Press(s.desk, 5, 5, 5, 0);
+    xwktest::Release(s.desk, 5, 80);
     EXPECT_EQ(d.topRow, top + page - page / 2);
-    XTestFakeButtonEvent(dpy, 4, True, CurrentTime);
-    XTestFakeButtonEvent(dpy, 4, False, CurrentTime);
-    xwktest::Pump(80);
+    xwktest::Press(s.desk, 5, 5, 4, 0);
+    xwktest::Release(s.desk, 4, 80);
     EXPECT_EQ(d.topRow, top);
     // The rows shown after a scroll are painted: the icon of the top row.
     xwktest::Capture cap(s.desk);
@@ -452,21 +384,14 @@ TEST(DeskInput, DragGestureStartsWithReason5046)
     for (auto &c : cases) {
         XtVaSetValues(xmdisplay, XmNenableBtn1Transfer, c.transfer, NULL);
         s.ClickItem(2);
-        xwktest::Pump(XtGetMultiClickTime(XtDisplay(s.desk)) + 50);
+        xwktest::PastMultiClick(s.desk);
         calls.clear();
         int x, y;
         s.LabelCentre(2, &x, &y);
         // Held no longer than the multi-click time, so only motion drags.
-        Display *dpy = XtDisplay(s.desk);
-        int rx, ry;
-        xwktest::RootPosition(s.desk, &rx, &ry);
-        xwktest::MovePointer(dpy, rx + x, ry + y);
-        XTestFakeButtonEvent(dpy, c.button, True, CurrentTime);
-        xwktest::Pump(20);
-        xwktest::MovePointer(dpy, rx + x + c.move, ry + y);
-        xwktest::Pump(20);
-        XTestFakeButtonEvent(dpy, c.button, False, CurrentTime);
-        xwktest::Pump(60);
+        xwktest::Press(s.desk, x, y, c.button, 20);
+        xwktest::MoveTo(s.desk, x + c.move, y, 20);
+        xwktest::Release(s.desk, c.button, 60);
         const Call *drag = Last("startDragCallback");
         EXPECT_EQ(drag != nullptr, c.drag) << (int)c.transfer << " " << c.move;
         if (drag) {
@@ -558,9 +483,7 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
     EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_SINGLE_SELECT);
     XmPrjDeskDeleteItem(s.desk, fig);
     EXPECT_EQ(XmPrjDeskGetSelectedItem(s.desk)->index, 0);
-    XtPointer selected_data = (XtPointer)-1;
-    XtVaGetValues(s.desk, XmNselected, &selected_data, NULL);
-    EXPECT_EQ(selected_data, XmPrjDeskGetSelectedItem(s.desk)->data
+    EXPECT_EQ(xwktest::Get<XtPointer>(s.desk, XmNselected), XmPrjDeskGetSelectedItem(s.desk)->data
                                  ? ((XmPrjDeskItem)XmPrjDeskGetSelectedItem(s.desk)->data)->userData
                                  : nullptr);
     EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 6);
@@ -577,15 +500,10 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
     Desk s(60);
     XtTranslations own = XtParseTranslationTable("<Key>F5: DeskKbdKey(5)");
     XtOverrideTranslations(s.desk, own);
-    Widget form = XtVaCreatePopupShell("clone", topLevelShellWidgetClass, xwktest::StartApp(),
-                                       XmNwidth, 200, XmNheight, 160, NULL);
-    Arg args[1];
-    XtSetArg(args[0], XmNmother, s.desk);
-    Widget clone = XmCreateScrolledDeskList(form, (String) "view", args, 1);
-    XtManageChild(clone);
-    XtPopup(form, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(clone));
-    xwktest::Pump(150);
+    Widget form = xwktest::Shell("clone", 200, 160);
+    Arg mother[] = {{(String)XmNmother, (XtArgVal)s.desk}};
+    Widget clone = XmCreateScrolledDeskList(form, (String) "view", mother, 1);
+    xwktest::Show(clone, form);
     WidgetList clones = nullptr;
     Cardinal count = 0;
     XtVaGetValues(clone, XmNclones, &clones, XmNnumClones, &count, NULL);
@@ -593,21 +511,16 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
     EXPECT_EQ(clones[0], clone);
     EXPECT_EQ(XmPrjDeskGetItemsCount(clone), 60);
     // The clone takes its mother's translations.
-    XtTranslations mother_tm = nullptr, clone_tm = nullptr;
-    XtVaGetValues(s.desk, XmNtranslations, &mother_tm, NULL);
-    XtVaGetValues(clone, XmNtranslations, &clone_tm, NULL);
-    EXPECT_EQ(clone_tm, mother_tm);
+    EXPECT_EQ(xwktest::Get<XtTranslations>(clone, XmNtranslations),
+              xwktest::Get<XtTranslations>(s.desk, XmNtranslations));
     XmPrjDeskNode added = XmPrjDeskAddItem(clone, (char *)"zzz", s.icon, (XtPointer)7);
     EXPECT_EQ(XmPrjDeskGetDeskWidgetFromItem(added), clone);
     EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 61);
     XmPrjDeskSetItem(clone, added);
     EXPECT_EQ(XmPrjDeskGetSelectedItem(s.desk), added);
     // Both desks answer XmNselected with the current item's data.
-    for (Widget v : {s.desk, clone}) {
-        XtPointer data = nullptr;
-        XtVaGetValues(v, XmNselected, &data, NULL);
-        EXPECT_EQ(data, (XtPointer)7);
-    }
+    for (Widget v : {s.desk, clone})
+        EXPECT_EQ(xwktest::Get<XtPointer>(v, XmNselected), (XtPointer)7);
     EXPECT_GT(Part(clone).topRow, 0);
     EXPECT_EQ(Part(s.desk).topRow, 0);
     // Resources set on a clone are its mother's, and size every desk.
@@ -634,8 +547,7 @@ TEST(DeskClones, ShareItemsWithOwnScroll)
 // A clone cannot outlive its mother: it goes with her.
 TEST(DeskClones, GoWithTheirMother)
 {
-    Widget shell = XtVaCreatePopupShell("later", topLevelShellWidgetClass, xwktest::StartApp(),
-                                        XmNwidth, 200, XmNheight, 160, NULL);
+    Widget shell = xwktest::Shell("later", 200, 160);
     {
         Desk s(5);
         Arg args[1];

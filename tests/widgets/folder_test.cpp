@@ -1,30 +1,18 @@
 // The folder: pages switched by clicks on tabs, by the arrows, by the popup
 // list and by keys; the look of the active tab read from the screen; pages
 // added and deleted while the folder stands, also from its own callbacks.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/FolderP.h>
 #include <Xwk/ComboBoxP.h>
 #include <Xm/BulletinB.h>
 #include <Xm/DrawingA.h>
-#include <Xm/PushB.h>
-#include <X11/Shell.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <functional>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace {
 
 std::vector<XmFolderCallbackStruct> calls;
 std::vector<int> active_during_call;  // XmFolderGetActivePage inside each call
 std::function<void(Widget, XmFolderCallbackStruct *)> on_call;
-std::vector<std::string> warnings;
 
 void Record(Widget w, XtPointer, XtPointer data)
 {
@@ -41,21 +29,15 @@ void ClearCalls()
     active_during_call.clear();
 }
 
-void CollectWarning(String name, String, String, String def, String *, Cardinal *)
+// Reason, from and to of a change.
+using Change = std::tuple<int, int, int>;
+Change Of(const XmFolderCallbackStruct &c)
 {
-    warnings.push_back(def ? def : name);
-}
-
-void CollectMessage(String message) { warnings.push_back(message ? message : ""); }
-
-Pixel NamedPixel(Widget w, const char *name)
-{
-    XColor c, exact;
-    XAllocNamedColor(XtDisplay(w), DefaultColormapOfScreen(XtScreen(w)), name, &c, &exact);
-    return c.pixel;
+    return {c.reason, c.fromId, c.toId};
 }
 
 struct Folder {
+    xwktest::Warnings log;
     Widget shell = nullptr, folder = nullptr;
     std::vector<Widget> children;  // with autoManage, one a page
 
@@ -64,10 +46,7 @@ struct Folder {
     Folder(int pages, bool auto_manage = true, int width = 420, ArgList extra = nullptr, Cardinal n_extra = 0)
     {
         Widget app = xwktest::StartApp();
-        XtAppSetWarningMsgHandler(XtWidgetToApplicationContext(app), CollectWarning);
-        XtAppSetWarningHandler(XtWidgetToApplicationContext(app), CollectMessage);
-        shell = XtVaCreatePopupShell("folders", topLevelShellWidgetClass, app, XmNwidth, width,
-                                     XmNheight, 260, NULL);
+        shell = xwktest::Shell("folders", width, 260);
         std::vector<Arg> args(extra, extra + n_extra);
         Arg a;
         XtSetArg(a, XmNshadowThickness, 2); args.push_back(a);
@@ -83,17 +62,15 @@ struct Folder {
             }
             children.push_back(XtVaCreateManagedWidget(name.c_str(), xmDrawingAreaWidgetClass, folder,
                                                        XmNwidth, 200, XmNheight, 120, XmNbackground,
-                                                       NamedPixel(app, colours[i % 4]), NULL));
+                                                       xwktest::NamedPixel(app, colours[i % 4]), NULL));
         }
-        XtManageChild(folder);
-        XtPopup(shell, XtGrabNone);
-        xwktest::WaitViewable(folder);
+        xwktest::Show(folder, shell, 0);
         // The shell, not the pages, sets the size from now on.
         XtVaSetValues(shell, XmNwidth, width, XmNheight, 260, NULL);
         XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
         xwktest::Settle();
         ClearCalls();
-        warnings.clear();
+        log.texts.clear();
         on_call = nullptr;
     }
     ~Folder()
@@ -112,27 +89,17 @@ struct Folder {
         xwktest::Click(folder, page(n).x + page(n).width / 2, page(n).y + page(n).height / 2, button);
         xwktest::Settle();
     }
+    // A click in two halves, with modifier keys held.
     void Press(int x, int y, unsigned modifiers = 0)
     {
-        Display *dpy = XtDisplay(folder);
-        int rx, ry;
-        xwktest::RootPosition(folder, &rx, &ry);
-        xwktest::MovePointer(dpy, rx + x, ry + y);
-        if (modifiers & ShiftMask)
-            XTestFakeKeyEvent(dpy, XKeysymToKeycode(dpy, XK_Shift_L), True, CurrentTime);
-        XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-        XSync(dpy, False);
+        xwktest::HoldModifiers(XtDisplay(folder), modifiers, true);
+        xwktest::Press(folder, x, y, 1, 0);
     }
     void Release(int x, int y, unsigned modifiers = 0)
     {
-        Display *dpy = XtDisplay(folder);
-        int rx, ry;
-        xwktest::RootPosition(folder, &rx, &ry);
-        xwktest::MovePointer(dpy, rx + x, ry + y);
-        XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-        if (modifiers & ShiftMask)
-            XTestFakeKeyEvent(dpy, XKeysymToKeycode(dpy, XK_Shift_L), False, CurrentTime);
-        XSync(dpy, False);
+        xwktest::MoveTo(folder, x, y, 0);
+        xwktest::Release(folder, 1, 0);
+        xwktest::HoldModifiers(XtDisplay(folder), modifiers, false);
         xwktest::Settle();
     }
     // Centre of an arrow box: 1 left, 2 right.
@@ -172,9 +139,7 @@ TEST(Folder, ClickingTabsShowsTheirPages)
     ASSERT_EQ(calls.size(), 2u);
     EXPECT_EQ(calls[0].reason, XmCR_FOLDER_SHOW_PAGE);
     EXPECT_EQ(calls[0].toId, f.id(2));
-    EXPECT_EQ(calls[1].reason, XmCR_ACTIVATE);
-    EXPECT_EQ(calls[1].fromId, f.id(1));
-    EXPECT_EQ(calls[1].toId, f.id(2));
+    EXPECT_EQ(Of(calls[1]), Change(XmCR_ACTIVATE, f.id(1), f.id(2)));
     EXPECT_EQ(active_during_call[1], f.id(2));
 
     // Press on one tab, release on another: nothing.
@@ -184,7 +149,7 @@ TEST(Folder, ClickingTabsShowsTheirPages)
     f.Release(x3, y3);
     EXPECT_EQ(f.active(), 2);
     EXPECT_TRUE(calls.empty());
-    EXPECT_TRUE(warnings.empty()) << warnings[0];
+    EXPECT_TRUE(f.log.texts.empty()) << f.log.texts[0];
 }
 
 TEST(Folder, WithoutAutoManageTheCallbackComesBeforeTheChange)
@@ -213,9 +178,7 @@ TEST(Folder, WithoutAutoManageTheCallbackComesBeforeTheChange)
     xwktest::PressKey(XtDisplay(f.folder), XK_1, ControlMask);
     xwktest::Settle();
     ASSERT_EQ(calls.size(), 1u);
-    EXPECT_EQ(calls[0].reason, XmCR_ACTIVATE);
-    EXPECT_EQ(calls[0].fromId, f.id(1));
-    EXPECT_EQ(calls[0].toId, f.id(1));
+    EXPECT_EQ(Of(calls[0]), Change(XmCR_ACTIVATE, f.id(1), f.id(1)));
 }
 
 TEST(Folder, KeysChangeThePageAlsoFromInsideIt)
@@ -257,7 +220,7 @@ TEST(Folder, KeysChangeThePageAlsoFromInsideIt)
     }
     for (auto &c : calls)
         EXPECT_TRUE(c.reason == XmCR_ACTIVATE || c.reason == XmCR_FOLDER_SHOW_PAGE);
-    EXPECT_TRUE(warnings.empty()) << warnings[0];
+    EXPECT_TRUE(f.log.texts.empty()) << f.log.texts[0];
 }
 
 TEST(Folder, ArrowsScrollTheTabsAndWithShiftChangeThePage)
@@ -365,9 +328,7 @@ TEST(Folder, ThePopupListChoosesAPage)
 
     f.ClickTab(1, 3);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return (combo.flags & XwkCB_LIST_UP) != 0; }));
-    int visible = 0;
-    XtVaGetValues(combo.list, XmNvisibleItemCount, &visible, NULL);
-    EXPECT_EQ(visible, 15);
+    EXPECT_EQ(xwktest::Get<int>(combo.list, XmNvisibleItemCount), 15);
     Widget list = combo.list;
     xwktest::Pump(50);
     int row = list->core.height / 15;
@@ -399,7 +360,7 @@ TEST(Folder, TheActiveTabStandsHigherAndOpensIntoThePage)
         Arg args[3];
         XtSetArg(args[0], XmNuseHighlight, c.highlight);
         XtSetArg(args[1], XmNhighlightNonActive, c.non_active);
-        XtSetArg(args[2], XmNfolderHighlightColor, NamedPixel(xwktest::StartApp(), "orange"));
+        XtSetArg(args[2], XmNfolderHighlightColor, xwktest::NamedPixel(xwktest::StartApp(), "orange"));
         Folder f(3, true, 420, args, 3);
         f.ClickTab(2);
         XmFolderPart &p = f.part();
@@ -407,7 +368,7 @@ TEST(Folder, TheActiveTabStandsHigherAndOpensIntoThePage)
         ASSERT_TRUE(cap.ok());
         Pixel top = xwktest::PixelOf(f.folder, XmNtopShadowColor);
         Pixel bg = f.folder->core.background_pixel;
-        Pixel orange = NamedPixel(f.folder, "orange");
+        Pixel orange = xwktest::NamedPixel(f.folder, "orange");
         Pixel select = 0, fg, ts, bs;
         XmGetColors(XtScreen(f.folder), f.folder->core.colormap, bg, &fg, &ts, &bs, &select);
         XmFolderPage &on = f.page(2), &off = f.page(1);
@@ -567,10 +528,7 @@ TEST(Folder, OperationsOnWrongWidgetsAndUnknownIds)
     EXPECT_EQ(XmFolderGetPageWidgetFolderId(button), 0);
 
     // An icon widens its tab by its width.
-    static const char *dot[] = {"10 10 2 1", "  c None", ". c black", "..........", "..........",
-                                "..........", "..........", "..........", "..........",
-                                "..........", "..........", "..........", ".........."};
-    XwkIcon *icon = XwkIconCreateFromData(f.folder, (char **)dot);
+    XwkIcon *icon = xwktest::SolidIcon(f.folder, 10, 10, "black");
     ASSERT_NE(icon, nullptr);
     Dimension before = f.page(1).tabWidth;
     EXPECT_TRUE(XmFolderSetPageIcon(f.folder, f.id(1), icon));

@@ -1,22 +1,8 @@
 // Table-driven menus and the message area, chosen by mouse, mnemonic and
 // accelerator with real input.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/CascadeB.h>
-#include <Xm/Form.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
-#include <Xm/Separator.h>
-#include <Xm/ToggleB.h>
-#include <X11/Shell.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
+
+#include <Xm/CascadeB.h>
 
 namespace {
 
@@ -47,10 +33,7 @@ void OnChoose(Widget, XtPointer closure, XtPointer call_data)
 
 std::string ShortHelp(Widget w)
 {
-    char *text = XwkGetShortHelp(w);
-    std::string out = text ? text : "(none)";
-    XtFree(text);
-    return out;
+    return xwktest::Take(XwkGetShortHelp(w));
 }
 
 void FreeItems(XwkMenuItem *items)
@@ -150,16 +133,12 @@ TEST(Menus, BuiltFromTheTable)
     Widget open = win.file[0].widget, save = win.file[1].widget;
     EXPECT_STREQ(XtName(win.bar), "xwkMenuBar");
     EXPECT_STREQ(XtName(open), "Open");
-    KeySym mnemonic = 0;
-    XtVaGetValues(open, XmNmnemonic, &mnemonic, NULL);
-    EXPECT_EQ(mnemonic, (KeySym)'O');
+    EXPECT_EQ(xwktest::Get<KeySym>(open, XmNmnemonic), (KeySym)'O');
     EXPECT_TRUE(XtIsSensitive(open));
     EXPECT_FALSE(XtIsSensitive(save));
     EXPECT_EQ(XtClass(win.file[2].widget), xmSeparatorWidgetClass);
     EXPECT_EQ(XtClass(win.edit[0].widget), xmToggleButtonWidgetClass);
-    Widget help = nullptr;
-    XtVaGetValues(win.bar, XmNmenuHelpWidget, &help, NULL);
-    EXPECT_EQ(help, win.top[2].widget);
+    EXPECT_EQ(xwktest::Get<Widget>(win.bar, XmNmenuHelpWidget), win.top[2].widget);
     XtPointer record = nullptr;
     XtVaGetValues(win.top[3].widget, XmNuserData, &record, NULL);
     EXPECT_EQ(record, nullptr);  // a cascade without submenu has no record
@@ -179,9 +158,7 @@ TEST(Menus, BuiltFromTheTable)
         XwkPrepareMenuItem(&sizes[i], names[i], nullptr, nullptr, &xmPushButtonWidgetClass, nullptr, nullptr, nullptr, nullptr);
     sizes[3] = {};
     Widget option = XwkCreateSubmenu(win.form, XwkMENU_OPTION, "&Size", 'S', 1, sizes);
-    Widget shown = nullptr;
-    XtVaGetValues(option, XmNmenuHistory, &shown, NULL);
-    EXPECT_EQ(shown, sizes[1].widget);
+    EXPECT_EQ(xwktest::Get<Widget>(option, XmNmenuHistory), sizes[1].widget);
     Widget popup = XwkCreateSubmenu(win.form, XwkMENU_POPUP, nullptr, 0, 0, sizes);
     EXPECT_STREQ(XtName(popup), "xwkPopupMenu");
     EXPECT_EQ(XwkCreateSubmenu(win.form, 7, nullptr, 0, 0, sizes), nullptr);
@@ -191,17 +168,12 @@ TEST(Menus, BuiltFromTheTable)
 TEST(Menus, ChosenByMouseAfterShowingShortHelp)
 {
     Window win;
-    Display *dpy = XtDisplay(win.shell);
-    int x, y;
-    xwktest::RootPosition(win.top[0].widget, &x, &y);
-    xwktest::MovePointer(dpy, x + 5, y + 5);
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+    xwktest::Press(win.top[0].widget, 5, 5, 1, 0);
     ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
     Widget open = win.file[0].widget;
-    xwktest::RootPosition(open, &x, &y);
-    xwktest::MovePointer(dpy, x + 5, y + 5);
+    xwktest::MoveTo(open, 5, 5, 0);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(win.area) == "Open a file"; }));
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
+    xwktest::Release(open, 1, 0);
     ASSERT_TRUE(win.WaitChoice());
     EXPECT_EQ(choices[0].name, "open");
     EXPECT_EQ(choices[0].reason, XmCR_ACTIVATE);
@@ -234,13 +206,9 @@ TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
     };
     for (auto &c : cases) {
         XwkSetStatusBarForMenu(open, c.status);
-        int x, y;
-        xwktest::RootPosition(win.top[0].widget, &x, &y);
-        xwktest::MovePointer(dpy, x + 5, y + 5);
-        XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
+        xwktest::Press(win.top[0].widget, 5, 5, 1, 0);
         ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
-        xwktest::RootPosition(open, &x, &y);
-        xwktest::MovePointer(dpy, x + 5, y + 5);
+        xwktest::MoveTo(open, 5, 5, 0);
         Widget shows = c.status ? other_area : win.area;
         ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(shows) == "Open a file"; }));
         EXPECT_EQ(ShortHelp(win.area), c.own_armed);

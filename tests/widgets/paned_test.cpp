@@ -1,36 +1,12 @@
 // The paned window: layout along either orientation, sashes dragged with the
 // pointer and moved with keys, the orientation switch and the pane queries.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xwk/PanedWP.h>
-#include <Xm/XmP.h>
-#include <Xm/DrawingA.h>
-#include <Xm/SashP.h>
-#include <X11/Shell.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <string>
-#include <vector>
-
 #include "xwktest.h"
 
+#include <Xwk/PanedWP.h>
+#include <Xm/DrawingA.h>
+#include <Xm/SashP.h>
+
 namespace {
-
-std::vector<std::string> warnings;
-
-void CollectWarning(String name, String, String, String def, String *, Cardinal *)
-{
-    warnings.push_back(def ? def : name);
-}
-
-Pixel NamedPixel(Widget w, const char *name)
-{
-    XColor c, exact;
-    XAllocNamedColor(XtDisplay(w), DefaultColormapOfScreen(XtScreen(w)), name, &c, &exact);
-    return c.pixel;
-}
 
 struct Panes {
     Widget shell = nullptr, paned = nullptr;
@@ -46,21 +22,17 @@ struct Panes {
 void Build(Panes &p, int count, const char *name = "paned", ArgList args = nullptr, Cardinal n = 0)
 {
     Widget app = xwktest::StartApp();
-    p.shell = XtVaCreatePopupShell("panes", topLevelShellWidgetClass, app, XmNwidth, 300,
-                                   XmNheight, 240, NULL);
+    p.shell = xwktest::Shell("panes", 300, 240);
     p.paned = XwkCreatePanedWindow(p.shell, (String)name, args, n);
     static const char *colours[] = {"red", "green", "blue", "yellow"};
     for (int i = 0; i < count; i++) {
         std::string pane_name = "pane" + std::to_string(i);
         p.panes.push_back(XtVaCreateManagedWidget(pane_name.c_str(), xmDrawingAreaWidgetClass,
                                                   p.paned, XmNwidth, 300, XmNheight, 70,
-                                                  XmNbackground, NamedPixel(app, colours[i % 4]),
+                                                  XmNbackground, xwktest::NamedPixel(app, colours[i % 4]),
                                                   XmNmarginWidth, 0, XmNmarginHeight, 0, NULL));
     }
-    XtManageChild(p.paned);
-    XtPopup(p.shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(p.paned));
-    xwktest::Settle();
+    xwktest::Show(p.paned, p.shell, 0);
 }
 
 std::vector<Widget> Sashes(Widget paned, bool managed_only = true)
@@ -142,9 +114,7 @@ TEST(PanedWindow, WrongWidgetsAndSinglePane)
     EXPECT_EQ(XwkGetPaneSashSize(p.panes[0]), 0u);
     EXPECT_TRUE(Sashes(p.paned).empty());
     XwkTogglePanedWindowOrientation(p.paned);
-    unsigned char orientation = 0;
-    XtVaGetValues(p.paned, XmNorientation, &orientation, NULL);
-    EXPECT_EQ(orientation, XmVERTICAL);
+    EXPECT_EQ(xwktest::Get<unsigned char>(p.paned, XmNorientation), XmVERTICAL);
     XwkTogglePanedWindowOrientation(p.shell);
     XwkConfigureSash(p.shell, True);
 }
@@ -209,7 +179,7 @@ TEST(PanedWindow, OrientationSwitchesAtRunTime)
     Panes p;
     Build(p, 3);
     Widget app = xwktest::StartApp();
-    Pixel red = NamedPixel(app, "red"), blue = NamedPixel(app, "blue");
+    Pixel red = xwktest::NamedPixel(app, "red"), blue = xwktest::NamedPixel(app, "blue");
     {
         xwktest::Capture shot(p.paned);
         ASSERT_TRUE(shot.ok());
@@ -218,9 +188,7 @@ TEST(PanedWindow, OrientationSwitchesAtRunTime)
     }
     XwkTogglePanedWindowOrientation(p.paned);
     xwktest::Settle();
-    unsigned char orientation = 0;
-    XtVaGetValues(p.paned, XmNorientation, &orientation, NULL);
-    EXPECT_EQ(orientation, XmHORIZONTAL);
+    EXPECT_EQ(xwktest::Get<unsigned char>(p.paned, XmNorientation), XmHORIZONTAL);
     for (size_t i = 1; i < p.panes.size(); i++) {
         EXPECT_EQ(p.panes[i]->core.y, p.panes[0]->core.y);
         EXPECT_GT(p.panes[i]->core.x, p.panes[i - 1]->core.x + p.panes[i - 1]->core.width);
@@ -301,22 +269,19 @@ TEST(PanedWindow, ResourceDatabaseSetsOrientation)
 
 TEST(PanedWindow, InvalidLimitsWarnAndAreRepaired)
 {
-    Widget app = xwktest::StartApp();
-    XtAppSetWarningMsgHandler(XtWidgetToApplicationContext(app), CollectWarning);
     Panes p;
     Build(p, 2);
-    warnings.clear();
+    xwktest::Warnings log;
     XtVaSetValues(p.panes[0], XmNpaneMinimum, 0, NULL);
     XtVaSetValues(p.panes[1], XmNpaneMinimum, 50, XmNpaneMaximum, 20, NULL);
-    ASSERT_EQ(warnings.size(), 2u);
-    EXPECT_NE(warnings[0].find("Invalid minimum value, must be > 0."), std::string::npos);
-    EXPECT_NE(warnings[1].find("Invalid minimum/maximum value, minimum must be < maximum."),
+    ASSERT_EQ(log.texts.size(), 2u);
+    EXPECT_NE(log.texts[0].find("Invalid minimum value, must be > 0."), std::string::npos);
+    EXPECT_NE(log.texts[1].find("Invalid minimum/maximum value, minimum must be < maximum."),
               std::string::npos);
     Dimension min = 0, max = 0;
     XtVaGetValues(p.panes[1], XmNpaneMinimum, &min, XmNpaneMaximum, &max, NULL);
     EXPECT_EQ(min, 50);
     EXPECT_EQ(max, 51);
-    XtAppSetWarningMsgHandler(XtWidgetToApplicationContext(app), nullptr);
 }
 
 TEST(PanedWindow, DestroyingAPaneTakesItsSash)

@@ -1,16 +1,11 @@
 // Every public tree list operation on a widget of another class, or on no
 // widget at all, is ignored: the answer is the empty one and a real list
 // beside it stays as it was.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xm/Form.h>
-#include <Xm/Label.h>
-#include <X11/Shell.h>
-
-#include "xwktest.h"
+#include "treetest.h"
 
 namespace {
+
+using treetest::AddRow;
 
 Boolean StopAtOnce(XmPrjTreeNode, XtPointer, XtPointer)
 {
@@ -44,8 +39,7 @@ int CallEverything(Widget w, XmPrjTreeNode node)
     Dimension width = 0, height = 0;
     int x = 0, y = 0;
 
-    note(XmPrjTreeAddItem(w, node, "a", nullptr, nullptr, XmSLAM_OPEN, nullptr, nullptr,
-                          nullptr) != nullptr);
+    note(AddRow(w, node, "a", XmSLAM_OPEN) != nullptr);
     note(XmPrjTreeAddSimpleItemToItem(w, node, "b", nullptr, nullptr) != nullptr);
     note(XmPrjTreeAddSimpleItem(w, "c", nullptr) != nullptr);
     XmPrjTreeAddDeleteItemCallback(w, node, NoteDeleted, &deleted);
@@ -143,9 +137,7 @@ TEST(TreeBadInput, OtherWidgetsAndNoWidgetAreIgnored)
     XtVaSetValues(tree, XmNcanSlam, True, XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, label,
                   XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
                   XmNrightAttachment, XmATTACH_FORM, NULL);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    xwktest::WaitViewable(tree);
+    xwktest::Show(tree, shell, 0);
 
     XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, (XtPointer)7,
                                          XmSLAM_OPEN, nullptr, nullptr, nullptr);

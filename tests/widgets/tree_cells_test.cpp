@@ -1,26 +1,13 @@
 // Cell editing in the tree list with real keys and clicks: the spreadsheet's
 // active cell, moving it, a combo cell, row deletion from an empty field,
 // text dropped on a cell by a Motif drag, and clones kept in step.
-#include <gtest/gtest.h>
+#include "treetest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <Xm/List.h>
-#include <Xm/Text.h>
-#include <Xm/Form.h>
-#include <Xm/PushB.h>
-#include <Xm/RowColumn.h>
 #include <Xm/DragDrop.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace {
+
+using treetest::AddRow;
 
 XmPrjTreePart &Part(Widget w)
 {
@@ -32,20 +19,12 @@ struct Sheet {
     std::vector<int> reasons;
     explicit Sheet(unsigned char mode = XmSPREADSHEET, unsigned char type = XmCELL_EDIT_TEXT)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("sheet", topLevelShellWidgetClass, app, XmNwidth, 360,
-                                     XmNheight, 260, NULL);
+        shell = xwktest::Shell("sheet", 360, 260);
         box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
-        Arg args[8];
-        Cardinal n = 0;
-        XtSetArg(args[n], XmNvisualMode, mode); n++;
-        XtSetArg(args[n], XmNnumColumns, 3); n++;
-        XtSetArg(args[n], XmNdelimeter, '|'); n++;
-        XtSetArg(args[n], XmNtitleString, "A|B|C"); n++;
-        XtSetArg(args[n], XmNtitleItemType, type); n++;
-        XtSetArg(args[n], XmNvisibleLines, 5); n++;
-        XtSetArg(args[n], XmNwidth, 340); n++;
-        tree = XmCreateScrolledTreeList(box, (String) "sheet", args, n);
+        tree = treetest::Create(box, "sheet",
+                                {{XmNvisualMode, mode}, {XmNnumColumns, 3}, {XmNdelimeter, '|'},
+                                 {XmNtitleString, (XtArgVal) "A|B|C"}, {XmNtitleItemType, type},
+                                 {XmNvisibleLines, 5}, {XmNwidth, 340}});
         XtAddCallback(tree, XmNcellManageCallback, Note, (XtPointer)this);
     }
     static void Note(Widget, XtPointer closure, XtPointer call)
@@ -54,15 +33,11 @@ struct Sheet {
     }
     XmPrjTreeNode Add(const char *label)
     {
-        return XmPrjTreeAddItem(tree, nullptr, label, nullptr, nullptr, XmSLAM_UNDEFINED, nullptr,
-                                nullptr, nullptr);
+        return AddRow(tree, nullptr, label, XmSLAM_UNDEFINED);
     }
     void Up()
     {
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(tree));
-        xwktest::Pump(200);
+        xwktest::Show(tree, shell, 200);
         XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
         xwktest::Pump(200);
         xwktest::Settle();
@@ -78,16 +53,10 @@ struct Sheet {
     }
     void ClickCell(XmPrjTreeNode node, int column)
     {
-        XRectangle r = {0, 0, 0, 0};
         int row = XmPrjTreeGetNodeNumber(tree, node) - 1;
-        for (XwkListNode *e = Part(tree).columns->first; e; e = e->next) {
-            auto *c = (XmPrjTreeColumnRec *)e->data;
-            if (c->number == column)
-                r.x = c->x + 8;
-        }
-        r.y = (short)(Part(tree).treeMarginHeight + 2 + row * Part(tree).rowHeight +
-                      Part(tree).rowHeight / 2);
-        xwktest::Click(tree, r.x, r.y);
+        xwktest::Click(tree, treetest::Column(tree, column)->x + 8,
+                       Part(tree).treeMarginHeight + 2 + row * Part(tree).rowHeight +
+                           Part(tree).rowHeight / 2);
         xwktest::Pump(200);
     }
 };
@@ -133,14 +102,10 @@ TEST(TreeCells, SpreadsheetTypingAndMoving)
     s.ClickCell(b, 3);
     EXPECT_EQ(s.Node(), b);
     EXPECT_EQ(s.Column(), 3);
-    char *text = XmTextGetString(s.Editor());
-    EXPECT_STREQ(text, "b3");
-    XtFree(text);
+    EXPECT_EQ(xwktest::TextOf(s.Editor()), "b3");
     // The editor follows a programmatic change of its cell.
     XmPrjTreeSetColumnLabel(s.tree, b, 3, "new");
-    text = XmTextGetString(s.Editor());
-    EXPECT_STREQ(text, "new");
-    XtFree(text);
+    EXPECT_EQ(xwktest::TextOf(s.Editor()), "new");
     EXPECT_FALSE(s.reasons.empty());
     EXPECT_EQ(s.reasons.front(), XmCR_TREE_CELL_MANAGED);
 }
@@ -153,6 +118,7 @@ TEST(TreeCells, ComboCellChoice)
                          XmStringCreateLocalized((char *)"blue")};
     XmPrjTreeSetComboBoxItems(s.tree, 2, items, 3);
     XmPrjTreeSetColumnType(s.tree, 2, XmCELL_DROP_DOWN_LIST, 0);
+    EXPECT_EQ(XmPrjTreeGetColumnType(s.tree, 2), XmCELL_DROP_DOWN_LIST);
     XmPrjTreeNode a = s.Add("one||x");
     s.Add("two||y");
     // An empty combo piece takes the first entry.
@@ -208,13 +174,8 @@ TEST(TreeCells, EditorChangeTellsOfBothEditors)
     EXPECT_EQ(columns, (std::vector<int>{1, 3}));
 }
 
-XmPrjTreeNode Nth(Widget tree, int number)
-{
-    XmPrjTreeNode n = XmPrjTreeGetFirstNode(tree);
-    while (n && --number > 0)
-        n = XmPrjTreeGetNextNode(tree, n);
-    return n;
-}
+// The rows of these lists are all top-level.
+XmPrjTreeNode Nth(Widget t, int n) { return XmPrjTreeGetItemByPositionFromParent(t, nullptr, n); }
 
 TEST(TreeCells, BlankCellStaysActive)
 {
@@ -275,9 +236,7 @@ TEST(TreeCells, CellOperations)
     EXPECT_EQ(s.Column(), 2);
     EXPECT_EQ(XmPrjTreeProcessTraversalCell(s.tree, XmTRAVERSE_UP), 0);
     XmPrjTreeSetColumnItem(s.tree, b, 2, XmCELL_EDIT_TEXT, 0, (XtPointer) "typed");
-    char *text = XmTextGetString(s.Editor());
-    EXPECT_STREQ(text, "typed");
-    XtFree(text);
+    EXPECT_EQ(xwktest::TextOf(s.Editor()), "typed");
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 2), "typed");
     XwkIconFree(s.tree, icon);
 }
@@ -289,9 +248,7 @@ TEST(TreeCells, ReturnStopsAtTheEditorEscapeGoesOn)
 {
     // In a form with default and cancel buttons: Return in a cell editor
     // stays there, Escape still cancels.
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("dialog", topLevelShellWidgetClass, app, XmNwidth, 360,
-                                        XmNheight, 200, NULL);
+    Widget shell = xwktest::Shell("dialog", 360, 200);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
     Widget ok = XtVaCreateManagedWidget("ok", xmPushButtonWidgetClass, form, XmNbottomAttachment,
                                         XmATTACH_FORM, NULL);
@@ -301,24 +258,15 @@ TEST(TreeCells, ReturnStopsAtTheEditorEscapeGoesOn)
     XtAddCallback(ok, XmNactivateCallback, Pressed, (XtPointer)0);
     XtAddCallback(cancel, XmNactivateCallback, Pressed, (XtPointer)1);
     XtVaSetValues(form, XmNdefaultButton, ok, XmNcancelButton, cancel, NULL);
-    Arg args[6];
-    Cardinal n = 0;
-    XtSetArg(args[n], XmNvisualMode, XmSPREADSHEET); n++;
-    XtSetArg(args[n], XmNnumColumns, 2); n++;
-    XtSetArg(args[n], XmNdelimeter, '|'); n++;
-    XtSetArg(args[n], XmNtitleString, "A|B"); n++;
-    XtSetArg(args[n], XmNtitleItemType, XmCELL_EDIT_TEXT); n++;
-    XtSetArg(args[n], XmNvisibleLines, 3); n++;
-    Widget tree = XmCreateScrolledTreeList(form, (String) "sheet", args, n);
+    Widget tree = treetest::Create(form, "sheet",
+                                   {{XmNvisualMode, XmSPREADSHEET}, {XmNnumColumns, 2},
+                                    {XmNdelimeter, '|'}, {XmNtitleString, (XtArgVal) "A|B"},
+                                    {XmNtitleItemType, XmCELL_EDIT_TEXT}, {XmNvisibleLines, 3}});
     XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,
                   XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNbottomAttachment,
                   XmATTACH_WIDGET, XmNbottomWidget, ok, NULL);
-    XmPrjTreeAddItem(tree, nullptr, "a|b", nullptr, nullptr, XmSLAM_UNDEFINED, nullptr, nullptr,
-                     nullptr);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(tree));
-    xwktest::Pump(200);
+    AddRow(tree, nullptr, "a|b", XmSLAM_UNDEFINED);
+    xwktest::Show(tree, shell, 200);
     XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
     xwktest::Pump(200);
     Widget editor = Part(tree).cellActive;
@@ -390,55 +338,38 @@ TEST(TreeCells, TextDraggedFromAnotherWidgetLandsInCell)
     int sx, sy, tx, ty;
     xwktest::RootPosition(source, &sx, &sy);
     xwktest::RootPosition(s.tree, &tx, &ty);
-    int cx = tx + 0, cy = 0;
-    for (XwkListNode *e = Part(s.tree).columns->first; e; e = e->next)
-        if (((XmPrjTreeColumnRec *)e->data)->number == 3)
-            cx = tx + ((XmPrjTreeColumnRec *)e->data)->x + 10;
-    cy = ty + Part(s.tree).treeMarginHeight + 2 + Part(s.tree).rowHeight * 3 / 2;
-    Display *dpy = XtDisplay(s.tree);
+    int cx = tx + treetest::Column(s.tree, 3)->x + 10;
+    int cy = ty + Part(s.tree).treeMarginHeight + 2 + Part(s.tree).rowHeight * 3 / 2;
     int x0 = sx + 12, y0 = sy + source->core.height / 2;
-    XTestFakeMotionEvent(dpy, -1, x0, y0, 0);
-    XTestFakeButtonEvent(dpy, 2, True, 80);
-    for (int step = 1; step <= 10; step++)
-        XTestFakeMotionEvent(dpy, -1, x0 + (cx - x0) * step / 10, y0 + (cy - y0) * step / 10, 60);
-    XTestFakeButtonEvent(dpy, 2, False, 250);
-    XFlush(dpy);
+    treetest::QueuedDrag(XtDisplay(s.tree), x0, y0, cx - x0, cy - y0, 2, 10);
     xwktest::PumpUntil([&] { return std::string(XmPrjTreeGetColumnLabel(s.tree, b, 3)) == "dropped"; },
                        4000);
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 3), "dropped");
 }
 
-
 TEST(TreeCells, ClonesStayInStep)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("clones", topLevelShellWidgetClass, app, NULL);
+    Widget shell = XtVaCreatePopupShell("clones", topLevelShellWidgetClass, xwktest::StartApp(), NULL);
     Widget box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
-    Arg args[7];
-    Cardinal n = 0;
-    XtSetArg(args[n], XmNvisualMode, XmTABLE_LIST); n++;
-    XtSetArg(args[n], XmNnumColumns, 2); n++;
-    XtSetArg(args[n], XmNdelimeter, '|'); n++;
-    XtSetArg(args[n], XmNtitleString, "Key|Value"); n++;
-    XtSetArg(args[n], XmNvisibleLines, 4); n++;
-    Widget mother = XmCreateScrolledTreeList(box, (String) "mother", args, n);
-    XtSetArg(args[n], XmNmother, mother); n++;
-    XtSetArg(args[n], XmNbackground, mother->core.background_pixel ^ 1); n++;
-    Widget clone = XmCreateScrolledTreeList(box, (String) "clone", args, n);
+    Widget mother = treetest::Create(box, "mother",
+                                     {{XmNvisualMode, XmTABLE_LIST}, {XmNnumColumns, 2},
+                                      {XmNdelimeter, '|'}, {XmNtitleString, (XtArgVal) "Key|Value"},
+                                      {XmNvisibleLines, 4}});
+    Widget clone = treetest::Create(box, "clone",
+                                    {{XmNvisualMode, XmTABLE_LIST}, {XmNnumColumns, 2},
+                                     {XmNdelimeter, '|'}, {XmNtitleString, (XtArgVal) "Key|Value"},
+                                     {XmNvisibleLines, 4}, {XmNmother, (XtArgVal)mother},
+                                     {XmNbackground, (XtArgVal)(mother->core.background_pixel ^ 1)}});
     ASSERT_NE(Part(clone).titleWidget, nullptr);
     // The clone takes its mother's background.
     EXPECT_EQ(clone->core.background_pixel, mother->core.background_pixel);
     for (int i = 0; i < 20; i++) {
         char label[32];
         snprintf(label, sizeof label, "k%02d|v%d", i, i);
-        XmPrjTreeAddItem(clone, nullptr, label, nullptr, nullptr, XmSLAM_UNDEFINED, nullptr,
-                         nullptr, nullptr);
+        AddRow(clone, nullptr, label, XmSLAM_UNDEFINED);
     }
     XtManageChild(mother);
-    XtManageChild(clone);
-    XtPopup(shell, XtGrabNone);
-    xwktest::WaitViewable(clone);
-    xwktest::Pump(200);
+    xwktest::Show(clone, shell, 200);
     XmPrjTreeSetTopItem(clone, Nth(clone, 10));
     xwktest::Pump(100);
     EXPECT_EQ(Part(mother).topRow, 0);
@@ -458,10 +389,6 @@ TEST(TreeCells, ClonesStayInStep)
     XtDestroyWidget(shell);
     xwktest::Pump(50);
 }
-
-}  // namespace
-
-namespace {
 
 TEST(TreeCells, ColumnHiddenWhileEdited)
 {
@@ -494,10 +421,7 @@ TEST(TreeCells, OpenPointsOfClones)
                                               XmNwidth, 240, XmNheight, 100, NULL);
     Widget second_shell = XtVaCreatePopupShell("second", topLevelShellWidgetClass, app, XmNy, 300,
                                                XmNwidth, 240, XmNheight, 100, NULL);
-    Arg lines[2];
-    XtSetArg(lines[0], XmNheight, 60);
-    XtSetArg(lines[1], XmNwidth, 200);
-    Widget mother = XmCreateScrolledTreeList(shell, (String) "mother", lines, 2);
+    Widget mother = treetest::Create(shell, "mother", {{XmNheight, 60}, {XmNwidth, 200}});
     XwkIcon *fruitless = nullptr, *open = nullptr, *closed = nullptr;
     XmPrjTreeGetDefaultItemAttributes(mother, &fruitless, &open, &closed);
     EXPECT_EQ(open, nullptr);
@@ -507,11 +431,8 @@ TEST(TreeCells, OpenPointsOfClones)
     EXPECT_NE(closed, nullptr);
     EXPECT_NE(fruitless, nullptr);
     // A drag timer armed in a clone goes with the clone.
-    Arg args[3];
-    XtSetArg(args[0], XmNmother, mother);
-    XtSetArg(args[1], XmNheight, 60);
-    XtSetArg(args[2], XmNwidth, 200);
-    Widget clone = XmCreateScrolledTreeList(clone_shell, (String) "clone", args, 3);
+    Widget clone = treetest::Create(clone_shell, "clone",
+                                    {{XmNmother, (XtArgVal)mother}, {XmNheight, 60}, {XmNwidth, 200}});
     XtAddCallback(mother, XmNstartDragCallback, Nothing, nullptr);
     XmPrjTreeAddSimpleItem(mother, "the first row, wide enough to press on", nullptr);
     XmPrjTreeAddSimpleItem(mother, "the second row", nullptr);
@@ -551,7 +472,8 @@ TEST(TreeCells, OpenPointsOfClones)
     EXPECT_EQ(drags, 0);
     XtVaSetValues(display, XmNenableBtn1Transfer, XmOFF, NULL);
     // The mother goes first: her clones go with her.
-    Widget second = XmCreateScrolledTreeList(second_shell, (String) "second", args, 3);
+    Widget second = treetest::Create(second_shell, "second",
+                                     {{XmNmother, (XtArgVal)mother}, {XmNheight, 60}, {XmNwidth, 200}});
     XtManageChild(second);
     XtPopup(second_shell, XtGrabNone);
     xwktest::Pump(100);

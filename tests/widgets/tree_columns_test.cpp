@@ -1,21 +1,11 @@
 // The tree list's title bar and columns on the screen, driven by real
 // input: resizing by the boundary, sorting by a click, scrolling and
 // moving columns, and the layout string.
-#include <gtest/gtest.h>
-
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <X11/extensions/XTest.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
+#include "treetest.h"
 
 namespace {
+
+using treetest::AddRow;
 
 XmPrjTreePart &Part(Widget w)
 {
@@ -27,47 +17,19 @@ int ColumnGapOf(Widget w)
     return 2 * Part(w).titleMargin + Part(w).hPad;
 }
 
-// A Motif drag runs a loop of its own until the drop: the whole gesture is
-// queued in the server at once, each step delayed there.
-void QueuedDrag(Display *dpy, int x, int y, int dx, int dy, unsigned button)
-{
-    XTestFakeMotionEvent(dpy, -1, x, y, 0);
-    XTestFakeButtonEvent(dpy, button, True, 60);
-    for (int step = 1; step <= 8; step++)
-        XTestFakeMotionEvent(dpy, -1, x + dx * step / 8, y + dy * step / 8, 60);
-    XTestFakeButtonEvent(dpy, button, False, 200);
-    XFlush(dpy);
-    xwktest::Pump(1500);
-    xwktest::Settle();
-}
-
 struct Table {
     Widget shell, tree, title;
     explicit Table(const char *titles = "Name|Size|Type", int columns = 3, int width = 360,
                    unsigned char mode = XmTABLE_LIST)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("table", topLevelShellWidgetClass, app, XmNwidth, width,
-                                     XmNheight, 220, NULL);
-        Arg args[8];
-        Cardinal n = 0;
-        XtSetArg(args[n], XmNvisualMode, mode); n++;
-        XtSetArg(args[n], XmNnumColumns, columns); n++;
-        XtSetArg(args[n], XmNdelimeter, '|'); n++;
-        XtSetArg(args[n], XmNtitleString, titles); n++;
-        XtSetArg(args[n], XmNuseSort, True); n++;
-        XtSetArg(args[n], XmNshowGrid, True); n++;
-        tree = XmCreateScrolledTreeList(shell, (String) "table", args, n);
+        shell = xwktest::Shell("table", width, 220);
+        tree = treetest::Create(shell, "table",
+                                {{XmNvisualMode, mode}, {XmNnumColumns, columns}, {XmNdelimeter, '|'},
+                                 {XmNtitleString, (XtArgVal)titles}, {XmNuseSort, True},
+                                 {XmNshowGrid, True}});
         title = Part(tree).titleWidget;
     }
-    void Up()
-    {
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(tree));
-        xwktest::Pump(200);
-        xwktest::Settle();
-    }
+    void Up() { xwktest::Show(tree, shell, 200); }
     ~Table() { XtDestroyWidget(shell); }
     std::vector<std::string> Column(int column)
     {
@@ -78,44 +40,27 @@ struct Table {
     }
     std::string Layout()
     {
-        char *s = XmPrjTreeGetColumnsLayoutString(tree);
-        std::string out = s ? s : "(null)";
-        XtFree(s);
-        return out;
+        return xwktest::Take(XmPrjTreeGetColumnsLayoutString(tree));
     }
     int Boundary(int column) { return ColumnRec(column)->x + 1; }
-    XmPrjTreeColumnRec *ColumnRec(int column)
-    {
-        for (XwkListNode *e = Part(tree).columns->first; e; e = e->next)
-            if (((XmPrjTreeColumnRec *)e->data)->number == column)
-                return (XmPrjTreeColumnRec *)e->data;
-        return nullptr;
-    }
+    XmPrjTreeColumnRec *ColumnRec(int column) { return treetest::Column(tree, column); }
     // Drags with a button in the title from x to x + dx.
     void DragTitle(int x, int dx, unsigned button = 1)
     {
         if (button != 1) {
             int rx, ry;
             xwktest::RootPosition(title, &rx, &ry);
-            QueuedDrag(XtDisplay(title), rx + x, ry + title->core.height / 2, dx, 0, button);
+            treetest::QueuedDrag(XtDisplay(title), rx + x, ry + title->core.height / 2, dx, 0, button);
+            xwktest::Pump(1500);
+            xwktest::Settle();
             return;
         }
-        Display *dpy = XtDisplay(title);
-        int rx, ry;
-        xwktest::RootPosition(title, &rx, &ry);
-        int y = ry + title->core.height / 2;
-        xwktest::MovePointer(dpy, rx + x, y);
-        xwktest::Pump(50);
-        XTestFakeButtonEvent(dpy, button, True, CurrentTime);
-        XFlush(dpy);
-        xwktest::Pump(80);
-        for (int step = 1; step <= 6; step++) {
-            xwktest::MovePointer(dpy, rx + x + dx * step / 6, y);
-            xwktest::Pump(40);
-        }
-        XTestFakeButtonEvent(dpy, button, False, CurrentTime);
-        XFlush(dpy);
-        xwktest::Pump(300);
+        int y = title->core.height / 2;
+        xwktest::MoveTo(title, x, y, 50);
+        xwktest::Press(title, x, y, button, 80);
+        for (int step = 1; step <= 6; step++)
+            xwktest::MoveTo(title, x + dx * step / 6, y, 40);
+        xwktest::Release(title, button, 300);
         xwktest::Settle();
     }
 };
@@ -124,8 +69,7 @@ void Fill(Widget tree)
 {
     const char *rows[] = {"beta|20|text", "alpha|3|image", "gamma|100|text", "delta|7|binary"};
     for (const char *r : rows)
-        XmPrjTreeAddItem(tree, nullptr, r, nullptr, nullptr, XmSLAM_UNDEFINED, nullptr, nullptr,
-                         nullptr);
+        AddRow(tree, nullptr, r, XmSLAM_UNDEFINED);
 }
 
 TEST(TreeColumns, TitleItemsAndColumnOperations)
@@ -160,10 +104,8 @@ TEST(TreeColumns, TitleItemsAndColumnOperations)
     EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 2), 24);
     Part(t.tree).iconWidth = 0;
     // Cells: too many pieces go into the last cell, too few leave empty ones.
-    XmPrjTreeNode a = XmPrjTreeAddItem(t.tree, nullptr, "x|1|a|b|c", nullptr, nullptr,
-                                       XmSLAM_UNDEFINED, nullptr, nullptr, nullptr);
-    XmPrjTreeNode b = XmPrjTreeAddItem(t.tree, nullptr, "|", nullptr, nullptr, XmSLAM_UNDEFINED,
-                                       nullptr, nullptr, nullptr);
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "x|1|a|b|c", XmSLAM_UNDEFINED);
+    XmPrjTreeNode b = AddRow(t.tree, nullptr, "|", XmSLAM_UNDEFINED);
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, a, 3), "a|b|c");
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, b, 1), "");
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(t.tree, b, 3), "");
@@ -201,7 +143,7 @@ TEST(TreeColumns, LayoutStringRoundTrip)
     std::string nocomma = "A:0;B:1,5";
     EXPECT_EQ(XmPrjTreeCheckLayoutString(t.tree, nocomma.data()), 0);
     Table single("Only", 1);
-    EXPECT_EQ(single.Layout(), "(null)");
+    EXPECT_EQ(single.Layout(), "<null>");
     // A lone sortable column reaches the bar's right end, its arrow there.
     XmPrjTreeSetColumnSortable(single.tree, 1, True);
     single.Up();
@@ -249,10 +191,7 @@ TEST(TreeColumns, SortClickTogglesDirectionAndArrow)
     XmPrjTreeSetAllColumnsSortable(t.tree, True);
     Fill(t.tree);
     t.Up();
-    int rx, ry;
-    xwktest::RootPosition(t.tree, &rx, &ry);
-    xwktest::MovePointer(XtDisplay(t.tree), rx + 40, ry + 60);
-    xwktest::Pump(100);
+    xwktest::MoveTo(t.tree, 40, 60, 100);
     xwktest::Capture plain(t.title);
     int x = t.ColumnRec(1)->x + 10;
     xwktest::Click(t.title, x, t.title->core.height / 2);
@@ -306,18 +245,11 @@ TEST(TreeColumns, ScrollArrowsMoveFirstColumn)
     EXPECT_EQ(t.Layout().substr(0, 7), "A:-1,90");
     // A press on the arrow moves the columns at the release, even away
     // from the arrow.
-    Display *dpy = XtDisplay(t.title);
-    int rx, ry;
-    xwktest::RootPosition(t.title, &rx, &ry);
-    xwktest::MovePointer(dpy, rx + title->arrowLeftX + title->arrowWidth / 2,
-                         ry + title->arrowY + title->arrowHeight / 2);
-    xwktest::Pump(50);
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    xwktest::Pump(80);
-    xwktest::MovePointer(dpy, rx + 20, ry + title->arrowY + title->arrowHeight / 2);
-    xwktest::Pump(80);
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    xwktest::Pump(200);
+    int arrow_y = title->arrowY + title->arrowHeight / 2;
+    xwktest::MoveTo(t.title, title->arrowLeftX + title->arrowWidth / 2, arrow_y, 50);
+    xwktest::Press(t.title, title->arrowLeftX + title->arrowWidth / 2, arrow_y, 1, 80);
+    xwktest::MoveTo(t.title, 20, arrow_y, 80);
+    xwktest::Release(t.title, 1, 200);
     EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 1);
     // The right arrow moves on while a column follows, though all fit.
     for (int i = 1; i <= 5; i++)
@@ -350,10 +282,7 @@ TEST(TreeColumns, TitleButtonCallsItsProcAndLosesItsFrame)
     EXPECT_EQ(XmPrjTreeSetTitleItemButton(t.tree, 2, icon, TitleButton, nullptr), 0);
     EXPECT_EQ(XmPrjTreeGetTitleItemButtonIcon(t.tree, 2), icon);
     t.Up();
-    int rx, ry;
-    xwktest::RootPosition(t.tree, &rx, &ry);
-    xwktest::MovePointer(XtDisplay(t.tree), rx + 40, ry + 60);
-    xwktest::Pump(100);
+    xwktest::MoveTo(t.tree, 40, 60, 100);
     xwktest::Capture plain(t.title);
     int x = t.ColumnRec(2)->x + ColumnGapOf(t.tree) + 4, h = t.title->core.height;
     xwktest::Click(t.title, x, h / 2);

@@ -1,66 +1,30 @@
 // The tree list on the screen: row geometry, the page, what is painted for
 // selected, closed and nested rows, read back from the server.
-#include <gtest/gtest.h>
+#include "treetest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
 #include <Xm/ScrollBar.h>
 #include <Xm/ScrolledW.h>
 
-#include <algorithm>
-#include <cstdio>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
-
 namespace {
 
-std::vector<std::string> warnings;
+using treetest::AddRow;
+using treetest::Part;
 
-void CollectWarning(String name, String, String, String def, String *, Cardinal *)
+bool Warned(const xwktest::Warnings &log, const char *text)
 {
-    warnings.push_back(def ? def : name);
+    for (auto &w : log.texts)
+        if (w.find(text) != std::string::npos)
+            return true;
+    return false;
 }
 
-XmPrjTreePart &Part(Widget w)
-{
-    return ((XmPrjTreeWidget)w)->tree;
-}
-
-struct Shown {
-    Widget shell, tree;
+struct Shown : treetest::Window {
     Shown(bool slam, int width = 240, int height = 200, bool scrolled = true)
+        : Window({{XmNcanSlam, slam}}, width, height, scrolled)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("drawn", topLevelShellWidgetClass, app, XmNwidth, width,
-                                     XmNheight, height, NULL);
-        Arg args[2];
-        XtSetArg(args[0], XmNcanSlam, slam);
-        tree = scrolled ? XmCreateScrolledTreeList(shell, (String) "list", args, 1)
-                        : XmCreatePrjTree(shell, (String) "list", args, 1);
     }
-    void Up()
-    {
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(tree));
-        xwktest::Pump(150);
-        xwktest::Settle();
-    }
-    ~Shown() { XtDestroyWidget(shell); }
-    Pixel Get(const char *name)
-    {
-        Pixel p = 0;
-        XtVaGetValues(tree, name, &p, NULL);
-        return p;
-    }
-    int RowY(int row)
-    {
-        Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
-        return Part(tree).treeMarginHeight + shadow + row * Part(tree).rowHeight;
-    }
+    Pixel Get(const char *name) { return xwktest::PixelOf(tree, name); }
+    int RowY(int row) { return RowTop(row); }
 };
 
 TEST(TreeGeometry, RowHeightEvenAndPageRule)
@@ -86,9 +50,7 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
     XtResizeWidget(s.tree, s.tree->core.width, exact + 1, 0);
     EXPECT_EQ(t.visibleRows, 5);
     EXPECT_TRUE(XmPrjTreeItemVisible(s.tree, XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 6)));
-    int lines = 0;
-    XtVaGetValues(s.tree, XmNvisibleLines, &lines, NULL);
-    EXPECT_EQ(lines, 5);
+    EXPECT_EQ(xwktest::Get<int>(s.tree, XmNvisibleLines), 5);
 
     // Finding the row under a point: the offset from the first shown row
     // divided by the row height, truncated toward zero, so the first shown
@@ -99,13 +61,10 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
     auto number = [&](int y) {
         return XmPrjTreeGetNodeNumber(s.tree, XmPrjTreeWhichNode(XmTREE_PART_ROW, x, y, s.tree));
     };
-    EXPECT_EQ(number(edge + rh - 1), 11);
-    EXPECT_EQ(number(edge + rh), 12);
-    EXPECT_EQ(number(edge), 11);
-    EXPECT_EQ(number(edge - rh + 1), 11);
-    EXPECT_EQ(number(edge - rh), 10);
-    EXPECT_EQ(number(edge - 2 * rh + 1), 10);
-    EXPECT_EQ(number(edge - 2 * rh), 9);
+    for (auto [y, row] : {std::pair{edge + rh - 1, 11}, {edge + rh, 12}, {edge, 11},
+                          {edge - rh + 1, 11}, {edge - rh, 10}, {edge - 2 * rh + 1, 10},
+                          {edge - 2 * rh, 9}})
+        EXPECT_EQ(number(y), row) << y - edge;
     XmPrjTreeSetOrigins(s.tree, -1, 0);
     EXPECT_EQ(number(edge - rh + 1), 1);
     EXPECT_EQ(number(edge - rh), 0);
@@ -170,42 +129,36 @@ TEST(TreeGeometry, EmptyListHasNoLabelHeight)
     Shown s(false);
     s.Up();
     XmPrjTreePart &t = Part(s.tree);
-    Dimension vpad = 0, fpad = 0, ht = 0, row = 0;
+    Dimension vpad = 0, fpad = 0, ht = 0;
     XtVaGetValues(s.tree, XmNvPad, &vpad, XmNvFontPad, &fpad, XmNhighlightThickness, &ht, NULL);
     auto even = [&](int v) { return t.useDashLine && (v & 1) ? v + 1 : v; };
+    auto row = [&] { return xwktest::Get<Dimension>(s.tree, XmNrowHeight); };
     int pads = even(2 * fpad + 2 * (vpad + ht));
-    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
-    EXPECT_EQ(row, pads);
+    EXPECT_EQ(row(), pads);
     EXPECT_EQ(t.labelHeight, 0);
 
-    XmPrjTreeNode a = XmPrjTreeAddItem(s.tree, nullptr, "one", nullptr, nullptr, XmSLAM_UNDEFINED,
-                                       nullptr, nullptr, nullptr);
-    XmPrjTreeNode b = XmPrjTreeAddItem(s.tree, nullptr, "two", nullptr, nullptr, XmSLAM_UNDEFINED,
-                                       nullptr, nullptr, nullptr);
+    XmPrjTreeNode a = AddRow(s.tree, nullptr, "one", XmSLAM_UNDEFINED);
+    XmPrjTreeNode b = AddRow(s.tree, nullptr, "two", XmSLAM_UNDEFINED);
     Dimension label = t.labelHeight;
     ASSERT_GT(label, 0);
-    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
-    EXPECT_EQ(row, even(2 * fpad + label + 2 * (vpad + ht)));
+    EXPECT_EQ(row(), even(2 * fpad + label + 2 * (vpad + ht)));
 
     // The batch ends in a pass over no rows.
     XmPrjTreeNode both[] = {a, b};
     XmPrjTreeDeleteItems(s.tree, both, 2);
     EXPECT_EQ(XmPrjTreeGetFirstNode(s.tree), nullptr);
-    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
-    EXPECT_EQ(row, pads);
+    EXPECT_EQ(row(), pads);
 
     // A row added the fast way grows the height back without a pass.
     XmPrjTreeAddSimpleItem(s.tree, "three", nullptr);
-    XtVaGetValues(s.tree, XmNrowHeight, &row, NULL);
     EXPECT_EQ(t.labelHeight, label);
-    EXPECT_EQ(row, even(label + vpad + 2 * (fpad + ht)));
+    EXPECT_EQ(row(), even(label + vpad + 2 * (fpad + ht)));
 }
 
 TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
 {
-    warnings.clear();
-    XtAppSetWarningMsgHandler(xwktest::App(), CollectWarning);
     Shown s(false);
+    xwktest::Warnings log;
     XmPrjTreeAddSimpleItem(s.tree, "one", nullptr);
     s.Up();
     Dimension before = Part(s.tree).rowHeight;
@@ -215,23 +168,17 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
     XmPrjTreeNode node = XmPrjTreeGetFirstNode(s.tree);
     XmPrjTreeSetItemAttributes(s.tree, node, &tall, nullptr, nullptr, nullptr);
     EXPECT_EQ(Part(s.tree).rowHeight, before);
-    bool warned = false;
-    for (auto &w : warnings)
-        warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
-    EXPECT_TRUE(warned);
+    EXPECT_TRUE(Warned(log, "Item icon height is not reasonable"));
     XmPrjTreeSetItemAttributes(s.tree, node, nullptr, nullptr, nullptr, nullptr);
     // Added the fast way, the tall icon is only seen by the next pass,
     // which refuses it too.
-    warnings.clear();
+    log.texts.clear();
     XmPrjTreeNode tall_row = XmPrjTreeAddSimpleItemToItem(s.tree, nullptr, "tall", &tall, nullptr);
     xwktest::Settle();
     XmPrjTreeResizeWindow(s.tree, True);
     xwktest::Settle();
     EXPECT_LE(Part(s.tree).rowHeight, HeightOfScreen(XtScreen(s.tree)));
-    warned = false;
-    for (auto &w : warnings)
-        warned = warned || w.find("Item icon height is not reasonable") != std::string::npos;
-    EXPECT_TRUE(warned);
+    EXPECT_TRUE(Warned(log, "Item icon height is not reasonable"));
     XmPrjTreeDeleteItem(s.tree, tall_row);
     XmPrjTreeResizeWindow(s.tree, True);
     EXPECT_EQ(Part(s.tree).rowHeight, before);
@@ -239,21 +186,17 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
     // and the list still paints.
     Dimension pad = 0;
     XtVaGetValues(s.tree, XmNvFontPad, &pad, NULL);
-    warnings.clear();
+    log.texts.clear();
     XtVaSetValues(s.tree, XmNvFontPad, 20000, NULL);
     xwktest::Settle();
     EXPECT_EQ(Part(s.tree).rowHeight, before);
-    warned = false;
-    for (auto &w : warnings)
-        warned = warned || w.find("Item label height is not reasonable") != std::string::npos;
-    EXPECT_TRUE(warned);
+    EXPECT_TRUE(Warned(log, "Item label height is not reasonable"));
     {
         xwktest::Capture c(s.tree);
         EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowY(0), 60, before), 0);
     }
     XtVaSetValues(s.tree, XmNvFontPad, pad, NULL);
     EXPECT_EQ(Part(s.tree).rowHeight, before);
-    XtAppSetWarningMsgHandler(xwktest::App(), nullptr);
 }
 
 TEST(TreePaint, HighlightMarkComesAndGoesWithoutClearing)
@@ -291,13 +234,10 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
 {
     Shown s(true);
     XtVaSetValues(s.tree, XmNactiveBackground, xwktest::PixelOf(s.tree, XmNforeground), NULL);
-    XmPrjTreeNode a = XmPrjTreeAddItem(s.tree, nullptr, "alpha", nullptr, nullptr, XmSLAM_OPEN,
-                                       nullptr, nullptr, nullptr);
-    XmPrjTreeNode a1 = XmPrjTreeAddItem(s.tree, a, "child", nullptr, nullptr, XmSLAM_CLOSE, nullptr,
-                                        nullptr, nullptr);
-    XmPrjTreeAddItem(s.tree, a1, "grand", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(s.tree, nullptr, "beta", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
-                     nullptr);
+    XmPrjTreeNode a = AddRow(s.tree, nullptr, "alpha", XmSLAM_OPEN);
+    XmPrjTreeNode a1 = AddRow(s.tree, a, "child");
+    AddRow(s.tree, a1, "grand");
+    AddRow(s.tree, nullptr, "beta");
     s.Up();
     XmPrjTreePart &t = Part(s.tree);
     Pixel bg = xwktest::PixelOf(s.tree, XmNbackground);
@@ -338,19 +278,11 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
     }
 }
 
-const char *square[] = {"16 16 2 1", "  c None", "x c #0000FF",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                        "xxxxxxxxxxxxxxxx"};
-
 TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
 {
     Shown s(false);
     XtVaSetValues(s.tree, XmNuseDashLine, False, NULL);
-    XwkIcon *icon = XwkIconCreateFromData(s.tree, (char **)square);
+    XwkIcon *icon = xwktest::SolidIcon(s.tree, 16, 16, "#0000FF");
     ASSERT_NE(icon, nullptr);
     XmPrjTreeNode a = XmPrjTreeAddSimpleItemToItem(s.tree, nullptr, "top", icon, nullptr);
     XmPrjTreeNode b = XmPrjTreeAddSimpleItemToItem(s.tree, a, "one", icon, nullptr);
@@ -388,35 +320,20 @@ TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
     XwkIconFree(s.tree, icon);
 }
 
-const char *solid9[] = {"9 9 1 1", "x c #FF0000",
-                        "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx",
-                        "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx", "xxxxxxxxx"};
-
 // A nested row's state icon stands centred on the trunk's joint, and a
 // press finds it exactly where it is painted.
 TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
 {
-    Widget app = xwktest::StartApp();
-    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, app, NULL);
-    XwkIcon *red = XwkIconCreateFromData(probe, (char **)solid9);
+    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, xwktest::StartApp(), NULL);
+    XwkIcon *red = xwktest::SolidIcon(probe, 9, 9, "#FF0000");
     ASSERT_NE(red, nullptr);
-    Widget shell = XtVaCreatePopupShell("joint", topLevelShellWidgetClass, app, XmNwidth, 240,
-                                        XmNheight, 200, NULL);
-    Arg args[2];
-    XtSetArg(args[0], XmNcanSlam, True);
-    XtSetArg(args[1], XmNclosedStateIcon, red);
-    Widget tree = XmCreateScrolledTreeList(shell, (String) "list", args, 2);
-    XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, nullptr, XmSLAM_OPEN,
-                                         nullptr, nullptr, nullptr);
-    XmPrjTreeNode mid = XmPrjTreeAddItem(tree, top, "mid", nullptr, nullptr, XmSLAM_CLOSE,
-                                         nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(tree, mid, "leaf", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(tree, top, "last", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(tree));
-    xwktest::Pump(150);
-    xwktest::Settle();
+    auto *w = new treetest::Window({{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)red}});
+    Widget tree = w->tree;
+    XmPrjTreeNode top = AddRow(tree, nullptr, "top", XmSLAM_OPEN);
+    XmPrjTreeNode mid = AddRow(tree, top, "mid");
+    AddRow(tree, mid, "leaf");
+    AddRow(tree, top, "last");
+    w->Up();
     XmPrjTreePart &t = Part(tree);
     ASSERT_TRUE(t.treeTrunkDrawing);
     ASSERT_EQ(t.rowHeight % 2, 0);
@@ -451,7 +368,7 @@ TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
         EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_STATE_ICON, x, bottom + 1, tree), nullptr);
         EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_INDENT, x, bottom + 1, tree), mid);
     }
-    XtDestroyWidget(shell);
+    delete w;
     XwkIconFree(probe, red);
     XtDestroyWidget(probe);
 }
@@ -476,28 +393,18 @@ std::pair<int, int> Span(Widget w, unsigned long pixel, int y, int h)
 // would stand.
 TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
 {
-    Widget app = xwktest::StartApp();
-    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, app, NULL);
-    XwkIcon *red = XwkIconCreateFromData(probe, (char **)solid9);
-    XwkIcon *blue = XwkIconCreateFromData(probe, (char **)square);
+    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, xwktest::StartApp(), NULL);
+    XwkIcon *red = xwktest::SolidIcon(probe, 9, 9, "#FF0000");
+    XwkIcon *blue = xwktest::SolidIcon(probe, 16, 16, "#0000FF");
     ASSERT_TRUE(red && blue);
-    Widget shell = XtVaCreatePopupShell("columns", topLevelShellWidgetClass, app, XmNwidth, 260,
-                                        XmNheight, 200, NULL);
-    Arg args[3];
-    XtSetArg(args[0], XmNcanSlam, True);
-    XtSetArg(args[1], XmNclosedStateIcon, red);
-    XtSetArg(args[2], XmNtreeTrunkDrawing, False);
-    Widget tree = XmCreateScrolledTreeList(shell, (String) "list", args, 3);
-    XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, nullptr, XmSLAM_OPEN,
-                                         nullptr, nullptr, nullptr);
+    auto *w = new treetest::Window(
+        {{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)red}, {XmNtreeTrunkDrawing, False}}, 260);
+    Widget tree = w->tree;
+    XmPrjTreeNode top = AddRow(tree, nullptr, "top", XmSLAM_OPEN);
     XmPrjTreeNode mid = XmPrjTreeAddItem(tree, top, "mid", blue, nullptr, XmSLAM_CLOSE, nullptr,
                                          nullptr, nullptr);
-    XmPrjTreeAddItem(tree, mid, "leaf", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(tree));
-    xwktest::Pump(150);
-    xwktest::Settle();
+    AddRow(tree, mid, "leaf");
+    w->Up();
     XmPrjTreePart &t = Part(tree);
     ASSERT_EQ(t.iconWidth, 16);
     Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
@@ -518,26 +425,16 @@ TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
     int label = icon.first + 16 + t.hPad;
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, label, y1 + 2, tree), mid);
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, label - 1, y1 + 2, tree), nullptr);
-    XtDestroyWidget(shell);
+    delete w;
 
     // Per row, with no fruitless icon anywhere.
-    shell = XtVaCreatePopupShell("perrow", topLevelShellWidgetClass, app, XmNwidth, 260,
-                                 XmNheight, 200, NULL);
-    Arg more[3];
-    XtSetArg(more[0], XmNcanSlam, True);
-    XtSetArg(more[1], XmNslamPolicy, XmSLAM_PER_ROW);
-    XtSetArg(more[2], XmNfruitlessStateIcon, NULL);
-    tree = XmCreateScrolledTreeList(shell, (String) "list", more, 3);
-    XmPrjTreeNode p = XmPrjTreeAddItem(tree, nullptr, "p", nullptr, nullptr, XmSLAM_OPEN, nullptr,
-                                       nullptr, nullptr);
-    XmPrjTreeNode u1 = XmPrjTreeAddItem(tree, nullptr, "u1", nullptr, nullptr, XmSLAM_UNDEFINED,
-                                        nullptr, nullptr, nullptr);
-    XmPrjTreeNode u2 = XmPrjTreeAddItem(tree, p, "u2", nullptr, nullptr, XmSLAM_UNDEFINED, nullptr,
-                                        nullptr, nullptr);
-    XtManageChild(tree);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(tree));
-    xwktest::Pump(150);
+    w = new treetest::Window(
+        {{XmNcanSlam, True}, {XmNslamPolicy, XmSLAM_PER_ROW}, {XmNfruitlessStateIcon, 0}}, 260);
+    tree = w->tree;
+    XmPrjTreeNode p = AddRow(tree, nullptr, "p", XmSLAM_OPEN);
+    XmPrjTreeNode u1 = AddRow(tree, nullptr, "u1", XmSLAM_UNDEFINED);
+    XmPrjTreeNode u2 = AddRow(tree, p, "u2", XmSLAM_UNDEFINED);
+    w->Up();
     XmPrjTreePart &r = Part(tree);
     ASSERT_EQ(r.iconWidth, 0);
     ASSERT_GT(r.stateIconWidth, 0);
@@ -554,7 +451,7 @@ TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
     // "u1" at level 1: the icon x itself.
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders, row_y(2), tree), u1);
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders - 1, row_y(2), tree), nullptr);
-    XtDestroyWidget(shell);
+    delete w;
     XwkIconFree(probe, red);
     XwkIconFree(probe, blue);
     XtDestroyWidget(probe);
@@ -566,10 +463,17 @@ TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
 // its clip on the icon's way.
 TEST(TreePaint, ItemIconOnEveryRow)
 {
+    // The blue square declares a transparent colour it does not use: it
+    // gets a mask, and is composed over the background.
+    std::string row16(16, 'x'), row9(9, 'x');
+    std::vector<const char *> square{"16 16 2 1", "  c None", "x c #0000FF"};
+    std::vector<const char *> solid9{"9 9 1 1", "x c #FF0000"};
+    square.insert(square.end(), 16, row16.c_str());
+    solid9.insert(solid9.end(), 9, row9.c_str());
     struct Case {
         unsigned char mode;
         bool xft;
-        const char **data;
+        const std::vector<const char *> &data;
         Pixel colour;
     } cases[] = {
         {XmSIMPLE_LIST, false, square, 0x0000FF},
@@ -595,7 +499,7 @@ TEST(TreePaint, ItemIconOnEveryRow)
         Widget tree = XtVaCreateWidget("list", xmPrjTreeWidgetClass, shell, XmNvisualMode, c.mode,
                                        XmNnumColumns, 2, XmNdelimeter, '|', XmNtitleString,
                                        "Name|Size", NULL);
-        XwkIcon *icon = XwkIconCreateFromData(tree, (char **)c.data);
+        XwkIcon *icon = XwkIconCreateFromData(tree, (char **)c.data.data());
         ASSERT_NE(icon, nullptr);
         for (const char *row : {"one|1", "two|22", "three|333"})
             XmPrjTreeAddItem(tree, nullptr, row, icon, nullptr, XmSLAM_UNDEFINED, nullptr,
@@ -673,34 +577,26 @@ TEST(TreeCreation, ScrolledWindowNamesAndTheSlamPolicyWarning)
     EXPECT_STREQ(XtName(XtParent(named)), "filesSW");
     EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeVertScrollBar"), nullptr);
     EXPECT_NE(xwktest::FindWidget(XtParent(named), "treeHorizScrollBar"), nullptr);
-    unsigned char scrolling = 9, visual = 9, display = 9;
-    Dimension sw_shadow = 9;
-    XtVaGetValues(XtParent(named), XmNscrollingPolicy, &scrolling, XmNvisualPolicy, &visual,
-                  XmNscrollBarDisplayPolicy, &display, XmNshadowThickness, &sw_shadow, NULL);
-    EXPECT_EQ(scrolling, XmAPPLICATION_DEFINED);
-    EXPECT_EQ(visual, XmVARIABLE);
-    EXPECT_EQ(display, XmSTATIC);
-    EXPECT_EQ(sw_shadow, 0);
+    using xwktest::Get;
+    EXPECT_EQ(Get<unsigned char>(XtParent(named), XmNscrollingPolicy), XmAPPLICATION_DEFINED);
+    EXPECT_EQ(Get<unsigned char>(XtParent(named), XmNvisualPolicy), XmVARIABLE);
+    EXPECT_EQ(Get<unsigned char>(XtParent(named), XmNscrollBarDisplayPolicy), XmSTATIC);
+    EXPECT_EQ(Get<Dimension>(XtParent(named), XmNshadowThickness), 0);
     // A list put by hand into a scrolled window of the application's makes
     // its bars there and is its work window.
     Widget own = XtVaCreateWidget("own", xmScrolledWindowWidgetClass, shell, NULL);
     Widget inner = XmCreatePrjTree(own, (String) "inner", nullptr, 0);
-    XtVaGetValues(own, XmNscrollBarDisplayPolicy, &display, NULL);
-    EXPECT_EQ(display, XmSTATIC);
-    Widget work = nullptr;
-    XtVaGetValues(own, XmNworkWindow, &work, NULL);
-    EXPECT_EQ(work, inner);
+    EXPECT_EQ(Get<unsigned char>(own, XmNscrollBarDisplayPolicy), XmSTATIC);
+    EXPECT_EQ(Get<Widget>(own, XmNworkWindow), inner);
     EXPECT_NE(xwktest::FindWidget(own, "treeVertScrollBar"), nullptr);
     XtDestroyWidget(own);
-    warnings.clear();
-    XtAppSetWarningMsgHandler(xwktest::App(), CollectWarning);
-    XtVaSetValues(named, XmNslamPolicy, XmSLAM_PER_ROW, NULL);
-    XtAppSetWarningMsgHandler(xwktest::App(), nullptr);
-    ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_NE(warnings[0].find("You can't change slam policy on the fly!"), std::string::npos);
-    unsigned char policy = 0;
-    XtVaGetValues(named, XmNslamPolicy, &policy, NULL);
-    EXPECT_EQ(policy, XmSLAM_PER_ROW);
+    {
+        xwktest::Warnings log;
+        XtVaSetValues(named, XmNslamPolicy, XmSLAM_PER_ROW, NULL);
+        ASSERT_EQ(log.texts.size(), 1u);
+        EXPECT_TRUE(Warned(log, "You can't change slam policy on the fly!"));
+    }
+    EXPECT_EQ(Get<unsigned char>(named, XmNslamPolicy), XmSLAM_PER_ROW);
     // Destroying the list takes its window along.
     static bool gone;
     gone = false;

@@ -1,25 +1,14 @@
 // The tree list driven by real input: clicks, double clicks, Ctrl and
 // Shift gestures, keys, the slam keys and the wheel, with the callbacks
 // they raise.
-#include <gtest/gtest.h>
+#include "treetest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <Xm/Form.h>
-#include <Xm/PushB.h>
 #include <Xm/Display.h>
-#include <X11/extensions/XTest.h>
-#include <X11/keysym.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace {
+
+using treetest::AddRow;
+using treetest::Part;
 
 struct Call {
     std::string list;
@@ -40,83 +29,48 @@ int Count(const std::string &list)
     return n;
 }
 
-const Call *Last(const std::string &list)
+// The data of the last call on the list; reason -1 if there was none.
+const XmPrjTreeCallbackStruct &Last(const std::string &list)
 {
+    static XmPrjTreeCallbackStruct none;
     for (auto it = calls.rbegin(); it != calls.rend(); ++it)
         if (it->list == list)
-            return &*it;
-    return nullptr;
+            return it->data;
+    none.reason = -1;
+    return none;
 }
 
-XmPrjTreePart &Part(Widget w)
+// Reason, part and node of the last call on the list.
+using Seen = std::tuple<int, int, XmPrjTreeNode>;
+Seen Of(const std::string &list)
 {
-    return ((XmPrjTreeWidget)w)->tree;
+    const XmPrjTreeCallbackStruct &d = Last(list);
+    return {d.reason, d.part, d.node};
 }
 
-struct Live {
-    Widget shell, tree;
+struct Live : treetest::Window {
     std::vector<XmPrjTreeNode> rows;
     Live(bool slam, unsigned char policy = XmSINGLE_SELECT, int n = 40)
+        : Window({{XmNcanSlam, slam}, {XmNselectionPolicy, policy}}, 260, 220)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("input", topLevelShellWidgetClass, app, XmNwidth, 260,
-                                     XmNheight, 220, NULL);
-        Arg args[2];
-        XtSetArg(args[0], XmNcanSlam, slam);
-        XtSetArg(args[1], XmNselectionPolicy, policy);
-        tree = XmCreateScrolledTreeList(shell, (String) "list", args, 2);
         for (const char *name : {"activateCallback", "selectionChanged", "defaultActionCallback",
                                  "multipleSelectionCallback", "focusCallback"})
             XtAddCallback(tree, name, Record, (XtPointer)name);
         for (int i = 0; i < n; i++) {
-            char label[32];
-            snprintf(label, sizeof label, "row %d", i);
-            rows.push_back(XmPrjTreeAddItem(tree, nullptr, label, nullptr, (XtPointer)(long)(i + 1),
-                                            XmSLAM_CLOSE, nullptr, nullptr, nullptr));
+            std::string label = "row " + std::to_string(i);
+            rows.push_back(AddRow(tree, nullptr, label.c_str(), XmSLAM_CLOSE, i + 1));
         }
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(tree));
-        xwktest::Pump(200);
+        Up(200);
         calls.clear();
     }
-    ~Live()
-    {
-        XtDestroyWidget(shell);
-        xwktest::Settle();
-    }
-    int RowMiddle(int row)
-    {
-        XmPrjTreePart &t = Part(tree);
-        Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
-        return t.treeMarginHeight + shadow + (row - t.topRow) * t.rowHeight + t.rowHeight / 2;
-    }
-    void ClickRow(int row, unsigned mods = 0, int x = 60)
+    // The wheel where the pointer is, with modifier keys held.
+    void Wheel(unsigned button, unsigned mods = 0)
     {
         Display *dpy = XtDisplay(tree);
-        KeyCode ctrl = XKeysymToKeycode(dpy, XK_Control_L), shift = XKeysymToKeycode(dpy, XK_Shift_L);
-        if (mods & ControlMask)
-            XTestFakeKeyEvent(dpy, ctrl, True, CurrentTime);
-        if (mods & ShiftMask)
-            XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
-        xwktest::Click(tree, x, RowMiddle(row));
-        if (mods & ShiftMask)
-            XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
-        if (mods & ControlMask)
-            XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
-        xwktest::Pump(80);
-    }
-    void Key(KeySym sym, unsigned mods = 0)
-    {
-        xwktest::PressKey(XtDisplay(tree), sym, mods);
-        xwktest::Pump(80);
-    }
-    void Wheel(unsigned button)
-    {
-        Display *dpy = XtDisplay(tree);
+        xwktest::HoldModifiers(dpy, mods, true);
         XTestFakeButtonEvent(dpy, button, True, CurrentTime);
         XTestFakeButtonEvent(dpy, button, False, CurrentTime);
-        XSync(dpy, False);
+        xwktest::HoldModifiers(dpy, mods, false);
         xwktest::Pump(80);
     }
     XmPrjTreeNode Current() { return XmPrjTreeGetSelectedItem(tree); }
@@ -126,29 +80,24 @@ TEST(TreeClicks, SelectAndDoubleClick)
 {
     Live l(false);
     // Wait past the multi-click time after start-up.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     l.ClickRow(3);
     EXPECT_EQ(l.Current(), l.rows[3]);
-    ASSERT_NE(Last("activateCallback"), nullptr);
-    EXPECT_EQ(Last("activateCallback")->data.reason, XmCR_ACTIVATE);
-    EXPECT_EQ(Last("activateCallback")->data.node, l.rows[3]);
-    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_LABEL);
-    EXPECT_EQ(Last("activateCallback")->data.clientData, (XtPointer)4);
+    EXPECT_EQ(Of("activateCallback"), Seen(XmCR_ACTIVATE, XmTREE_PART_LABEL, l.rows[3]));
+    EXPECT_EQ(Last("activateCallback").clientData, (XtPointer)4);
     // The call data tell the row as the press found it: not yet selected.
-    EXPECT_FALSE(Last("activateCallback")->data.selected);
-    EXPECT_FALSE(Last("selectionChanged")->data.selected);
-    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_ACTIVATE);
+    EXPECT_FALSE(Last("activateCallback").selected);
+    EXPECT_FALSE(Last("selectionChanged").selected);
+    EXPECT_EQ(Last("selectionChanged").reason, XmCR_ACTIVATE);
     EXPECT_EQ(Count("selectionChanged"), 1);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
-    XtPointer selected = nullptr;
-    XtVaGetValues(l.tree, XmNselected, &selected, NULL);
-    EXPECT_EQ(selected, (XtPointer)4);
+    EXPECT_EQ(xwktest::Get<XtPointer>(l.tree, XmNselected), (XtPointer)4);
     // A second press on the same row within the multi-click time.
     l.ClickRow(3);
     ASSERT_EQ(Count("defaultActionCallback"), 1);
-    EXPECT_EQ(Last("defaultActionCallback")->data.reason, XmCR_DEFAULT_ACTION);
-    EXPECT_EQ(Last("defaultActionCallback")->data.node, l.rows[3]);
-    EXPECT_TRUE(Last("defaultActionCallback")->data.selected);
+    EXPECT_EQ(Of("defaultActionCallback"),
+              Seen(XmCR_DEFAULT_ACTION, Last("defaultActionCallback").part, l.rows[3]));
+    EXPECT_TRUE(Last("defaultActionCallback").selected);
     // A press elsewhere restarts the count.
     l.ClickRow(5);
     l.ClickRow(3);
@@ -157,13 +106,12 @@ TEST(TreeClicks, SelectAndDoubleClick)
     calls.clear();
     XmPrjTreeDeleteChildren(l.tree, nullptr);
     XmPrjTreeAddSimpleItem(l.tree, "only", nullptr);
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     l.ClickRow(4);
-    ASSERT_NE(Last("activateCallback"), nullptr);
-    EXPECT_EQ(Last("activateCallback")->data.node, nullptr);
+    EXPECT_EQ(Last("activateCallback").node, nullptr);
     // A row that took the place of the one first pressed, even at its
     // address, is no second click.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     l.ClickRow(0);
     XmPrjTreeDeleteAllItems(l.tree);
     XmPrjTreeNode again = XmPrjTreeAddSimpleItem(l.tree, "again", nullptr);
@@ -175,45 +123,40 @@ TEST(TreeClicks, SelectAndDoubleClick)
 TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
 {
     Live l(false, XmMULTIPLE_SELECT);
-    l.ClickRow(1);
-    l.ClickRow(4, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
+    // The row pressed and the modifiers held, whether the multi-click time
+    // passes first; then the rows selected, first and last (-1: any).
+    struct Step { int row; unsigned mods; bool wait; int count, first, last; } steps[] = {
+        {1, 0, false, 1, 1, 1}, {4, ControlMask, false, 2, 1, 4}, {4, ControlMask, false, 1, 1, 1},
+        {4, ControlMask, false, 2, 1, 4}, {5, ControlMask, false, 3, 1, 5},
+        // A plain press with more than one selected besides the current row
+        // clears them all first.
+        {2, 0, true, 1, 2, 2},
+        // Shift spreads the state of the current row over the range.
+        {6, ShiftMask, true, 5, 2, 6}, {4, ControlMask, false, 4, -1, -1},
+        // A plain press clears the rest.
+        {8, 0, true, 1, 8, 8},
+        // Two selected, one of them the current row: a plain press still
+        // clears the other one.
+        {3, ControlMask, false, 2, 3, 8}, {10, 0, true, 1, 10, 10},
+    };
+    for (const Step &st : steps) {
+        if (st.wait)
+            xwktest::PastMultiClick(l.tree);
+        l.ClickRow(st.row, st.mods);
+        XmPrjTreeNode *ids = nullptr;
+        int n = XmPrjTreeGetSelectedIdList(l.tree, &ids);
+        EXPECT_EQ(n, st.count) << st.row;
+        EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), st.count) << st.row;
+        if (n == st.count && st.first >= 0) {
+            EXPECT_EQ(ids[0], l.rows[st.first]) << st.row;
+            EXPECT_EQ(ids[n - 1], l.rows[st.last]) << st.row;
+        }
+        XtFree((char *)ids);
+        if (!st.mods) {
+            EXPECT_EQ(l.Current(), l.rows[st.row]);
+        }
+    }
     EXPECT_GE(Count("multipleSelectionCallback"), 1);
-    l.ClickRow(4, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
-    l.ClickRow(4, ControlMask);
-    l.ClickRow(5, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 3);
-    // A plain press with more than one selected besides the current row
-    // clears them all first.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
-    l.ClickRow(2);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
-    // Shift spreads the state of the current row over the range.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
-    l.ClickRow(6, ShiftMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 5);
-    XmPrjTreeNode *ids = nullptr;
-    ASSERT_EQ(XmPrjTreeGetSelectedIdList(l.tree, &ids), 5);
-    EXPECT_EQ(ids[0], l.rows[2]);
-    EXPECT_EQ(ids[4], l.rows[6]);
-    XtFree((char *)ids);
-    l.ClickRow(4, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 4);
-    // A plain press clears the rest.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
-    l.ClickRow(8);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
-    EXPECT_EQ(l.Current(), l.rows[8]);
-    // Two selected, one of them the current row: a plain press still
-    // clears the other one.
-    l.ClickRow(3, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
-    l.ClickRow(10);
-    ASSERT_EQ(XmPrjTreeGetSelectedIdList(l.tree, &ids), 1);
-    EXPECT_EQ(ids[0], l.rows[10]);
-    XtFree((char *)ids);
 }
 
 TEST(TreeClicks, CtrlPressInSingleSelectionOnlyTakesFocus)
@@ -239,9 +182,8 @@ TEST(TreeKeys, ArrowsPagesAndEnds)
     EXPECT_EQ(Count("selectionChanged"), 0);
     l.Key(XK_Down);
     EXPECT_EQ(l.Current(), l.rows[1]);
-    ASSERT_NE(Last("selectionChanged"), nullptr);
-    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_SINGLE_SELECT);
-    EXPECT_EQ(Last("selectionChanged")->data.part, XmTREE_PART_ROW);
+    EXPECT_EQ(Of("selectionChanged"),
+              Seen(XmCR_SINGLE_SELECT, XmTREE_PART_ROW, Last("selectionChanged").node));
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     int page = Part(l.tree).visibleRows;
     ASSERT_GT(page, 2);
@@ -272,19 +214,17 @@ TEST(TreeKeys, ArrowsPagesAndEnds)
     XmPrjTreeSetNode(l.tree, l.rows[5]);
     EXPECT_EQ(Part(l.tree).topRow, std::max(0, 5 - page / 2));
     ASSERT_EQ(Count("selectionChanged"), 1);
-    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_TREE_SELECTION_CHANGED);
-    EXPECT_EQ(Last("selectionChanged")->data.part, XmTREE_PART_ROW);
-    EXPECT_EQ(Last("selectionChanged")->data.cellType, XmCELL_NONE);
-    EXPECT_EQ(Last("selectionChanged")->data.clientData, (XtPointer)6);
+    EXPECT_EQ(Of("selectionChanged"),
+              Seen(XmCR_TREE_SELECTION_CHANGED, XmTREE_PART_ROW, Last("selectionChanged").node));
+    EXPECT_EQ(Last("selectionChanged").cellType, XmCELL_NONE);
+    EXPECT_EQ(Last("selectionChanged").clientData, (XtPointer)6);
 }
 
 TEST(TreeKeys, SlamKeysOpenAndClose)
 {
     Live l(true, XmSINGLE_SELECT, 3);
-    XmPrjTreeNode a1 = XmPrjTreeAddItem(l.tree, l.rows[0], "a1", nullptr, nullptr, XmSLAM_CLOSE,
-                                        nullptr, nullptr, nullptr);
-    XmPrjTreeNode a11 = XmPrjTreeAddItem(l.tree, a1, "a11", nullptr, nullptr, XmSLAM_CLOSE,
-                                         nullptr, nullptr, nullptr);
+    XmPrjTreeNode a1 = AddRow(l.tree, l.rows[0], "a1");
+    XmPrjTreeNode a11 = AddRow(l.tree, a1, "a11");
     XwkList *shown = Part(l.tree).visibleList;
     auto order = [&] {
         std::vector<XmPrjTreeNode> nodes;
@@ -330,8 +270,7 @@ TEST(TreeKeys, SlamKeysOpenAndClose)
 TEST(TreeKeys, StateIconPressSelectsAndToggles)
 {
     Live l(true, XmSINGLE_SELECT, 3);
-    XmPrjTreeAddItem(l.tree, l.rows[1], "b1", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
-                     nullptr);
+    AddRow(l.tree, l.rows[1], "b1");
     XmPrjTreePart &t = Part(l.tree);
     ASSERT_GT(t.stateIconWidth, 0);
     Dimension shadow = ((XmManagerWidget)l.tree)->manager.shadow_thickness;
@@ -339,31 +278,22 @@ TEST(TreeKeys, StateIconPressSelectsAndToggles)
     l.ClickRow(1, 0, x);
     EXPECT_EQ(l.Current(), l.rows[1]);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[1]), XmSLAM_OPEN);
-    ASSERT_NE(Last("activateCallback"), nullptr);
-    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_STATE_ICON);
+    EXPECT_EQ(Last("activateCallback").part, XmTREE_PART_STATE_ICON);
     EXPECT_EQ(t.visibleList->count, 4);
     // With item icons the state icon column of a top-level row counts as
     // the icon: the press selects and toggles nothing.
-    static const char *dot[] = {"16 16 1 1", "x c #0000FF", "xxxxxxxxxxxxxxxx",
-                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx",
-                                "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxx"};
-    XwkIcon *icon = XwkIconCreateFromData(l.tree, (char **)dot);
+    XwkIcon *icon = xwktest::SolidIcon(l.tree, 16, 16, "#0000FF");
     ASSERT_NE(icon, nullptr);
     XmPrjTreeSetItemAttributes(l.tree, l.rows[2], icon, nullptr, nullptr, nullptr);
-    XmPrjTreeNode c1 = XmPrjTreeAddItem(l.tree, l.rows[2], "c1", nullptr, nullptr, XmSLAM_CLOSE,
-                                        nullptr, nullptr, nullptr);
+    XmPrjTreeNode c1 = AddRow(l.tree, l.rows[2], "c1");
     XmPrjTreeResizeWindow(l.tree, True);
     xwktest::Settle();
     ASSERT_EQ(t.iconWidth, 16);
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     calls.clear();
     l.ClickRow(3, 0, x);
     EXPECT_EQ(l.Current(), l.rows[2]);
-    ASSERT_NE(Last("activateCallback"), nullptr);
-    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_ICON);
+    EXPECT_EQ(Last("activateCallback").part, XmTREE_PART_ICON);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[2]), XmSLAM_CLOSE);
     EXPECT_FALSE(XmPrjTreeItemVisible(l.tree, c1));
     XmPrjTreeSetItemAttributes(l.tree, l.rows[2], nullptr, nullptr, nullptr, nullptr);
@@ -382,16 +312,9 @@ TEST(TreeWheel, HalfPageRowAndPage)
     l.Wheel(4);
     EXPECT_EQ(t.topRow, 0);
     l.Key(XK_Down);  // keeps the pointer's focus on the list
-    Display *dpy = XtDisplay(l.tree);
-    KeyCode shift = XKeysymToKeycode(dpy, XK_Shift_L);
-    XTestFakeKeyEvent(dpy, shift, True, CurrentTime);
-    l.Wheel(5);
-    XTestFakeKeyEvent(dpy, shift, False, CurrentTime);
+    l.Wheel(5, ShiftMask);
     EXPECT_EQ(t.topRow, 1);
-    KeyCode ctrl = XKeysymToKeycode(dpy, XK_Control_L);
-    XTestFakeKeyEvent(dpy, ctrl, True, CurrentTime);
-    l.Wheel(5);
-    XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
+    l.Wheel(5, ControlMask);
     EXPECT_EQ(t.topRow, 1 + page);
     // The traversal codes of XmPrjTreeScroll: 2 a row down, 1 a row up.
     XmPrjTreeScroll(l.tree, 2);
@@ -406,14 +329,8 @@ TEST(TreeWheel, HalfPageRowAndPage)
     XmPrjTreeGetOrigins(l.tree, &x, &y);
     EXPECT_EQ(y, 7);
     EXPECT_EQ(x, 0);
-    int value = -1;
-    XtVaGetValues(t.vScrollBar, XmNvalue, &value, NULL);
-    EXPECT_EQ(value, 7);
+    EXPECT_EQ(xwktest::Get<int>(t.vScrollBar, XmNvalue), 7);
 }
-
-}  // namespace
-
-namespace {
 
 TEST(TreeFocus, FocusCallbackAndDragStart)
 {
@@ -425,8 +342,8 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
     xwktest::Pump(50);
     l.ClickRow(2);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Count("focusCallback") > 0; }));
-    EXPECT_EQ(Last("focusCallback")->data.reason, XmCR_FOCUS);
-    EXPECT_EQ(Last("focusCallback")->data.part, 1);
+    EXPECT_EQ(Last("focusCallback").reason, XmCR_FOCUS);
+    EXPECT_EQ(Last("focusCallback").part, 1);
     EXPECT_TRUE(Part(l.tree).hasFocus);
     // The current row shows the location cursor in the highlight colour.
     xwktest::Settle();
@@ -447,9 +364,7 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
     XtAddCallback(l.tree, XmNlosingFocusCallback, Record, (XtPointer) "losingFocusCallback");
     XSetInputFocus(XtDisplay(l.shell), None, RevertToNone, CurrentTime);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Count("losingFocusCallback") > 0; }));
-    EXPECT_EQ(Last("losingFocusCallback")->data.reason, XmCR_LOSING_FOCUS);
-    EXPECT_EQ(Last("losingFocusCallback")->data.part, 1);
-    EXPECT_EQ(Last("losingFocusCallback")->data.node, l.rows[2]);
+    EXPECT_EQ(Of("losingFocusCallback"), Seen(XmCR_LOSING_FOCUS, 1, l.rows[2]));
     EXPECT_FALSE(Part(l.tree).hasFocus);
     xwktest::Settle();
     {
@@ -463,9 +378,7 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
     xwktest::Click(l.tree, 60, l.RowMiddle(5), 2);
     xwktest::Pump(80);
     ASSERT_EQ(Count("startDragCallback"), 1);
-    EXPECT_EQ(Last("startDragCallback")->data.reason, XmCR_TREE_START_DRAG);
-    EXPECT_EQ(Last("startDragCallback")->data.node, l.rows[5]);
-    EXPECT_EQ(Last("startDragCallback")->data.part, XmTREE_PART_LABEL);
+    EXPECT_EQ(Of("startDragCallback"), Seen(XmCR_TREE_START_DRAG, XmTREE_PART_LABEL, l.rows[5]));
     // The location cursor follows the keys: off the old row, on the new.
     l.Key(XK_Down);
     ASSERT_EQ(l.Current(), l.rows[3]);
@@ -485,16 +398,11 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
     }
 }
 
-}  // namespace
-
-namespace {
-
 void FillOnOpen(Widget w, XtPointer, XtPointer call)
 {
     auto *cbs = (XmPrjTreeCallbackStruct *)call;
     if (cbs->part == XmTREE_PART_INDENT && cbs->node)
-        XmPrjTreeAddItem(w, cbs->node, "filled", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
-                         nullptr);
+        AddRow(w, cbs->node, "filled");
 }
 
 TEST(TreeKeys, OpeningALeafLetsTheApplicationFillIt)
@@ -504,8 +412,7 @@ TEST(TreeKeys, OpeningALeafLetsTheApplicationFillIt)
     l.ClickRow(1);
     calls.clear();
     l.Key(XK_Down, ControlMask);
-    ASSERT_NE(Last("activateCallback"), nullptr);
-    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_INDENT);
+    EXPECT_EQ(Last("activateCallback").part, XmTREE_PART_INDENT);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[1]), XmSLAM_OPEN);
     EXPECT_EQ(Part(l.tree).visibleList->count, 4);
     // Return is the default action: without a callback of its own it
@@ -513,17 +420,16 @@ TEST(TreeKeys, OpeningALeafLetsTheApplicationFillIt)
     calls.clear();
     l.Key(XK_Return);
     ASSERT_EQ(Count("defaultActionCallback"), 1);
-    EXPECT_EQ(Last("defaultActionCallback")->data.node, l.rows[1]);
-    EXPECT_EQ(Last("defaultActionCallback")->data.part, XmTREE_PART_LABEL);
+    EXPECT_EQ(Of("defaultActionCallback"),
+              Seen(Last("defaultActionCallback").reason, XmTREE_PART_LABEL, l.rows[1]));
 }
 
 TEST(TreeKeys, DoubleClickWithoutCallbackToggles)
 {
     Live l(true, XmSINGLE_SELECT, 3);
     XtRemoveAllCallbacks(l.tree, XmNdefaultActionCallback);
-    XmPrjTreeAddItem(l.tree, l.rows[0], "kid", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
-                     nullptr);
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    AddRow(l.tree, l.rows[0], "kid");
+    xwktest::PastMultiClick(l.tree);
     l.ClickRow(0);
     l.ClickRow(0);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[0]), XmSLAM_OPEN);
@@ -553,21 +459,12 @@ TEST(TreeKeys, SidewaysInALongList)
 TEST(TreePointer, DraggingBelowTheWindowScrolls)
 {
     Live l(false, XmSINGLE_SELECT, 60);
-    Display *dpy = XtDisplay(l.tree);
-    int rx, ry;
-    xwktest::RootPosition(l.tree, &rx, &ry);
-    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(1));
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    XSync(dpy, False);
-    xwktest::Pump(50);
-    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(3));
-    xwktest::Pump(50);
+    xwktest::Press(l.tree, 40, l.RowMiddle(1));
+    xwktest::MoveTo(l.tree, 40, l.RowMiddle(3));
     EXPECT_EQ(l.Current(), l.rows[3]);
-    xwktest::MovePointer(dpy, rx + 40, ry + l.tree->core.height + 30);
+    xwktest::MoveTo(l.tree, 40, l.tree->core.height + 30, 0);
     bool scrolled = xwktest::PumpUntil([&] { return Part(l.tree).topRow > 2; }, 4000);
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    XSync(dpy, False);
-    xwktest::Pump(100);
+    xwktest::Release(l.tree, 1, 100);
     EXPECT_TRUE(scrolled);
     int row = XmPrjTreeGetNodeNumber(l.tree, l.Current()) - 1;
     EXPECT_GE(row, Part(l.tree).topRow);
@@ -577,10 +474,6 @@ TEST(TreePointer, DraggingBelowTheWindowScrolls)
     xwktest::Pump(300);
     EXPECT_EQ(Part(l.tree).topRow, top);
 }
-
-}  // namespace
-
-namespace {
 
 // What the deleting callback removes when it hears its list.
 enum class Drop { nothing, parent, all, node };
@@ -620,24 +513,22 @@ struct Deleting : Live {
 TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
 {
     Deleting l(XmSINGLE_SELECT);
-    XmPrjTreeNode k1 = XmPrjTreeAddItem(l.tree, l.rows[0], "k1", nullptr, nullptr, XmSLAM_CLOSE,
-                                        nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(l.tree, l.rows[0], "k2", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr,
-                     nullptr);
+    XmPrjTreeNode k1 = AddRow(l.tree, l.rows[0], "k1");
+    AddRow(l.tree, l.rows[0], "k2");
     XmPrjTreeChangeState(l.tree, l.rows[0], XmSLAM_OPEN);
     xwktest::Settle();
     ASSERT_EQ(l.Shown(), 8);
     // A press whose activate callback deletes the pressed row's parent:
     // the branch goes with the row that would have followed it as current,
     // and the press itself raises nothing more.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     l.Arm("activateCallback", Drop::parent);
     calls.clear();
     l.ClickRow(2);
     EXPECT_EQ(l.Shown(), 5);
     EXPECT_EQ(l.Current(), nullptr);
     ASSERT_EQ(Count("selectionChanged"), 1);
-    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_TREE_SELECTION_CHANGED);
+    EXPECT_EQ(Last("selectionChanged").reason, XmCR_TREE_SELECTION_CHANGED);
     (void)k1;
     // The list still answers the pointer.
     l.ClickRow(0);
@@ -653,10 +544,9 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     EXPECT_EQ(l.Current(), nullptr);
     // Rows again; a double click whose default action deletes its row.
     for (const char *name : {"x0", "x1", "x2"})
-        XmPrjTreeAddItem(l.tree, nullptr, (char *)name, nullptr, nullptr, XmSLAM_CLOSE, nullptr,
-                         nullptr, nullptr);
+        AddRow(l.tree, nullptr, name);
     xwktest::Settle();
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     l.ClickRow(1);
     l.Arm("defaultActionCallback", Drop::node);
     l.ClickRow(1);
@@ -665,7 +555,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     EXPECT_EQ(l.Current(), first);
     // Opening a leaf from the keyboard, where the application deletes it
     // instead of filling it.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     l.ClickRow(1);
     XmPrjTreeNode leaf = l.Current();
     ASSERT_NE(leaf, nullptr);
@@ -676,12 +566,11 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     // Ctrl-Up on a leaf climbs to its parent, whose selection callback
     // deletes that parent: the climb ends there.
-    XmPrjTreeNode p = XmPrjTreeAddItem(l.tree, nullptr, "p", nullptr, nullptr, XmSLAM_OPEN,
-                                       nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(l.tree, p, "c", nullptr, nullptr, XmSLAM_CLOSE, nullptr, nullptr, nullptr);
+    XmPrjTreeNode p = AddRow(l.tree, nullptr, "p", XmSLAM_OPEN);
+    AddRow(l.tree, p, "c");
     xwktest::Settle();
     ASSERT_EQ(l.Shown(), 3);
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     l.ClickRow(2);
     l.Arm("selectionChanged", Drop::node);
     l.Key(XK_Up, ControlMask);
@@ -702,31 +591,17 @@ TEST(TreeCallbacks, RangeAndDragSurviveCallbacksThatDeleteRows)
     EXPECT_EQ(Count("multipleSelectionCallback"), 1);
     EXPECT_LE(XmPrjTreeGetSelectedItemCount(l.tree), 5);
     // A drag whose selection callback deletes the row it reached.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
-    Display *dpy = XtDisplay(l.tree);
-    int rx, ry;
-    xwktest::RootPosition(l.tree, &rx, &ry);
-    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(0));
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    XSync(dpy, False);
-    xwktest::Pump(50);
+    xwktest::PastMultiClick(l.tree);
+    xwktest::Press(l.tree, 40, l.RowMiddle(0));
     l.Arm("selectionChanged", Drop::node);
-    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(2));
-    xwktest::Pump(50);
-    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(3));
-    xwktest::Pump(50);
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    XSync(dpy, False);
-    xwktest::Pump(80);
+    xwktest::MoveTo(l.tree, 40, l.RowMiddle(2));
+    xwktest::MoveTo(l.tree, 40, l.RowMiddle(3));
+    xwktest::Release(l.tree, 1, 80);
     EXPECT_EQ(l.Shown(), 4);
     EXPECT_NE(l.Current(), nullptr);
     EXPECT_GE(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     EXPECT_LE(XmPrjTreeGetSelectedItemCount(l.tree), 4);
 }
-
-}  // namespace
-
-namespace {
 
 TEST(TreeCallbacks, NodesOfAnotherListAreLeftAlone)
 {
@@ -755,10 +630,6 @@ TEST(TreeCallbacks, NodesOfAnotherListAreLeftAlone)
               XmPrjTreeGetNodeNumber(l.tree, current) + 1);
 }
 
-}  // namespace
-
-namespace {
-
 TEST(TreeSelection, SelectAllCountsEveryRowAndShiftSpreadsTheState)
 {
     Live l(false, XmMULTIPLE_SELECT, 12);
@@ -770,45 +641,35 @@ TEST(TreeSelection, SelectAllCountsEveryRowAndShiftSpreadsTheState)
     XmPrjTreeSelectAllItems(l.tree);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 12);
     EXPECT_EQ(Count("multipleSelectionCallback"), 12);
-    ASSERT_NE(Last("multipleSelectionCallback"), nullptr);
-    EXPECT_EQ(Last("multipleSelectionCallback")->data.reason, XmCR_MULTIPLE_SELECT);
-    EXPECT_EQ(Last("multipleSelectionCallback")->data.part, XmTREE_PART_ROW);
-    EXPECT_EQ(Last("multipleSelectionCallback")->data.cellType, XmCELL_NONE);
-    EXPECT_TRUE(Last("multipleSelectionCallback")->data.selected);
+    EXPECT_EQ(Of("multipleSelectionCallback"),
+              Seen(XmCR_MULTIPLE_SELECT, XmTREE_PART_ROW, Last("multipleSelectionCallback").node));
+    EXPECT_EQ(Last("multipleSelectionCallback").cellType, XmCELL_NONE);
+    EXPECT_TRUE(Last("multipleSelectionCallback").selected);
     // A Shift range from the current row spreads its state, the current row apart.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     l.ClickRow(2);
     ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     calls.clear();
     l.ClickRow(5, ShiftMask);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 4);
     EXPECT_EQ(Count("multipleSelectionCallback"), 3);
-    ASSERT_NE(Last("selectionChanged"), nullptr);
-    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_ACTIVATE);
-    EXPECT_EQ(Last("selectionChanged")->data.node, l.rows[5]);
+    EXPECT_EQ(Of("selectionChanged"),
+              Seen(XmCR_ACTIVATE, Last("selectionChanged").part, l.rows[5]));
 }
 
 TEST(TreeSelection, DeselectAllRepaintsTheClones)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("views", topLevelShellWidgetClass, app, XmNwidth, 300,
-                                        XmNheight, 200, NULL);
+    Widget shell = xwktest::Shell("views", 300, 200);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
-    Arg args[1];
-    XtSetArg(args[0], XmNselectionPolicy, XmMULTIPLE_SELECT);
-    Widget mother = XmCreateScrolledTreeList(form, (String) "mother", args, 1);
+    Widget mother = treetest::Create(form, "mother", {{XmNselectionPolicy, XmMULTIPLE_SELECT}});
     XtVaSetValues(XtParent(mother), XmNwidth, 140, XmNheight, 180, NULL);
-    XtSetArg(args[0], XmNmother, mother);
-    Widget clone = XmCreateScrolledTreeList(form, (String) "clone", args, 1);
+    Widget clone = treetest::Create(form, "clone", {{XmNmother, (XtArgVal)mother}});
     XtVaSetValues(XtParent(clone), XmNwidth, 140, XmNheight, 180, XmNleftAttachment,
                   XmATTACH_WIDGET, XmNleftWidget, XtParent(mother), NULL);
     for (int i = 0; i < 4; i++)
         XmPrjTreeAddSimpleItem(mother, (char *)"row", nullptr);
     XtManageChild(mother);
-    XtManageChild(clone);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(clone));
-    xwktest::Pump(200);
+    xwktest::Show(clone, shell, 200);
     Pixel fill = ((XmPrjTreeWidget)clone)->tree.inactiveBackground;
     xwktest::Settle();
     XmPrjTreeSelectAllItems(mother);
@@ -840,8 +701,7 @@ TEST(TreeSelection, DeselectAllRepaintsTheClones)
 TEST(TreeKeys, SlamKeysWorkInAListWithoutSlam)
 {
     Live l(false, XmSINGLE_SELECT, 3);
-    XmPrjTreeNode kid = XmPrjTreeAddItem(l.tree, l.rows[0], "kid", nullptr, nullptr, XmSLAM_CLOSE,
-                                         nullptr, nullptr, nullptr);
+    XmPrjTreeNode kid = AddRow(l.tree, l.rows[0], "kid");
     xwktest::Settle();
     // The whole tree is shown: rows[0], kid, rows[1], rows[2].
     l.ClickRow(1);
@@ -850,25 +710,17 @@ TEST(TreeKeys, SlamKeysWorkInAListWithoutSlam)
     // Ctrl-Up on a leaf climbs to its parent.
     l.Key(XK_Up, ControlMask);
     EXPECT_EQ(l.Current(), l.rows[0]);
-    ASSERT_NE(Last("selectionChanged"), nullptr);
-    EXPECT_EQ(Last("selectionChanged")->data.reason, XmCR_SINGLE_SELECT);
-    EXPECT_EQ(Last("selectionChanged")->data.part, XmTREE_PART_LABEL);
-    EXPECT_EQ(Last("selectionChanged")->data.node, l.rows[0]);
+    EXPECT_EQ(Of("selectionChanged"), Seen(XmCR_SINGLE_SELECT, XmTREE_PART_LABEL, l.rows[0]));
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     // Ctrl-Down on a leaf asks the application to fill it.
-    xwktest::Pump(XtGetMultiClickTime(XtDisplay(l.tree)) + 50);
+    xwktest::PastMultiClick(l.tree);
     l.ClickRow(3);
     calls.clear();
     l.Key(XK_Down, ControlMask);
-    ASSERT_NE(Last("activateCallback"), nullptr);
-    EXPECT_EQ(Last("activateCallback")->data.part, XmTREE_PART_INDENT);
-    EXPECT_EQ(Last("activateCallback")->data.node, l.rows[2]);
-    EXPECT_EQ(Last("activateCallback")->data.cellType, XmCELL_NONE);
+    EXPECT_EQ(Of("activateCallback"),
+              Seen(Last("activateCallback").reason, XmTREE_PART_INDENT, l.rows[2]));
+    EXPECT_EQ(Last("activateCallback").cellType, XmCELL_NONE);
 }
-
-}  // namespace
-
-namespace {
 
 TEST(TreePointer, ButtonOneDragWaitsForTheMultiClickTimeOrAMove)
 {
@@ -879,47 +731,32 @@ TEST(TreePointer, ButtonOneDragWaitsForTheMultiClickTimeOrAMove)
     XtVaSetValues(display, XmNenableBtn1Transfer, XmBUTTON2_TRANSFER, NULL);
     l.ClickRow(2);
     ASSERT_EQ(l.Current(), l.rows[2]);
-    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
-    int rx, ry;
-    xwktest::RootPosition(l.tree, &rx, &ry);
-    int x = rx + 40, y = ry + l.RowMiddle(2);
+    xwktest::PastMultiClick(l.tree);
+    int x = 40, y = l.RowMiddle(2);
     // A press on the current row's label waits: 3 pixels sideways are no
     // drag, 4 are.
     calls.clear();
-    xwktest::MovePointer(dpy, x, y);
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    XSync(dpy, False);
-    xwktest::Pump(30);
-    xwktest::MovePointer(dpy, x + 3, y);
-    xwktest::Pump(30);
+    xwktest::Press(l.tree, x, y, 1, 30);
+    xwktest::MoveTo(l.tree, x + 3, y, 30);
     EXPECT_EQ(Count("startDragCallback"), 0);
     EXPECT_EQ(Count("activateCallback"), 0);
-    xwktest::MovePointer(dpy, x + 4, y);
-    xwktest::Pump(30);
+    xwktest::MoveTo(l.tree, x + 4, y, 30);
     ASSERT_EQ(Count("startDragCallback"), 1);
-    EXPECT_EQ(Last("startDragCallback")->data.reason, XmCR_TREE_START_DRAG);
-    EXPECT_EQ(Last("startDragCallback")->data.node, l.rows[2]);
-    EXPECT_EQ(Last("startDragCallback")->data.part, XmTREE_PART_LABEL);
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    XSync(dpy, False);
-    xwktest::Pump(50);
+    EXPECT_EQ(Of("startDragCallback"), Seen(XmCR_TREE_START_DRAG, XmTREE_PART_LABEL, l.rows[2]));
+    xwktest::Release(l.tree);
     // A quick click runs the waiting press, then the release.
-    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    xwktest::PastMultiClick(l.tree);
     calls.clear();
     l.ClickRow(2);
     EXPECT_EQ(Count("startDragCallback"), 0);
     EXPECT_EQ(Count("activateCallback"), 1);
     EXPECT_EQ(Part(l.tree).buttonState, 0);
     // Held past the multi-click time, the press becomes a drag by itself.
-    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
+    xwktest::PastMultiClick(l.tree);
     calls.clear();
-    xwktest::MovePointer(dpy, x, y);
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    XSync(dpy, False);
+    xwktest::Press(l.tree, x, y, 1, 0);
     EXPECT_TRUE(xwktest::PumpUntil([&] { return Count("startDragCallback") == 1; }));
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    XSync(dpy, False);
-    xwktest::Pump(50);
+    xwktest::Release(l.tree);
     // A press on another row selects at once.
     calls.clear();
     l.ClickRow(5);
@@ -931,27 +768,18 @@ TEST(TreePointer, ButtonOneDragWaitsForTheMultiClickTimeOrAMove)
 TEST(TreePointer, CtrlDragBelowTheWindowTogglesAsItScrolls)
 {
     Live l(false, XmMULTIPLE_SELECT, 60);
-    Display *dpy = XtDisplay(l.tree);
-    int rx, ry;
-    xwktest::RootPosition(l.tree, &rx, &ry);
     l.ClickRow(1);
-    xwktest::Pump(XtGetMultiClickTime(dpy) + 50);
-    KeyCode ctrl = XKeysymToKeycode(dpy, XK_Control_L);
+    xwktest::PastMultiClick(l.tree);
     calls.clear();
-    XTestFakeKeyEvent(dpy, ctrl, True, CurrentTime);
-    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(3));
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    XSync(dpy, False);
-    xwktest::Pump(50);
+    xwktest::HoldModifiers(XtDisplay(l.tree), ControlMask, true);
+    xwktest::Press(l.tree, 40, l.RowMiddle(3));
     ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
-    xwktest::MovePointer(dpy, rx + 40, ry + l.RowMiddle(4));
-    xwktest::Pump(50);
+    xwktest::MoveTo(l.tree, 40, l.RowMiddle(4));
     ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 3);
-    xwktest::MovePointer(dpy, rx + 40, ry + l.tree->core.height + 30);
+    xwktest::MoveTo(l.tree, 40, l.tree->core.height + 30, 0);
     bool scrolled = xwktest::PumpUntil([&] { return Part(l.tree).topRow > 3; }, 4000);
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    XTestFakeKeyEvent(dpy, ctrl, False, CurrentTime);
-    XSync(dpy, False);
+    xwktest::Release(l.tree, 1, 0);
+    xwktest::HoldModifiers(XtDisplay(l.tree), ControlMask, false);
     xwktest::Pump(100);
     ASSERT_TRUE(scrolled);
     // Every row the pointer passed on its way down stays selected.
@@ -966,16 +794,10 @@ TEST(TreePointer, CtrlDragBelowTheWindowTogglesAsItScrolls)
     XtFree((char *)ids);
 }
 
-}  // namespace
-
-namespace {
-
 // Last in the file: it leaves the keyboard focus to a window that goes.
 TEST(TreeTraversal, TabAndShiftTabMoveBetweenGroups)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("tabs", topLevelShellWidgetClass, app, XmNwidth, 300,
-                                        XmNheight, 240, NULL);
+    Widget shell = xwktest::Shell("tabs", 300, 240);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
     Widget tree = XmCreateScrolledTreeList(form, (String) "list", nullptr, 0);
     XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,

@@ -1,21 +1,13 @@
 // The tree list's rows: adding, deleting with the free procedure's order,
 // reordering, finding and walking, lists, tours, branches and visibleList,
 // sorting, and the answers kept for compatibility.
-#include <gtest/gtest.h>
+#include "treetest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <Xm/PushB.h>
 #include <Xm/RepType.h>
 
-#include <cstring>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
-
 namespace {
+
+using treetest::AddRow;
 
 std::vector<std::string> events;
 std::vector<XmPrjTreeCallbackStruct> calls;
@@ -61,26 +53,12 @@ std::vector<std::string> Shown(Widget tree)
     return out;
 }
 
-XmPrjTreeNode Add(Widget tree, XmPrjTreeNode parent, const char *label, long data = 0,
-                  int state = XmSLAM_CLOSE)
-{
-    return XmPrjTreeAddItem(tree, parent, label, nullptr, (XtPointer)data, state, nullptr,
-                            nullptr, nullptr);
-}
-
-struct Tree {
-    Widget shell, tree;
-    explicit Tree(bool slam = false)
+struct Tree : treetest::Window {
+    explicit Tree(bool slam = false) : Window({{XmNcanSlam, slam}}, 240, 200, false, "tree")
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("trees", topLevelShellWidgetClass, app, NULL);
-        Arg args[1];
-        XtSetArg(args[0], XmNcanSlam, slam);
-        tree = XmCreatePrjTree(shell, (String) "tree", args, 1);
         events.clear();
         calls.clear();
     }
-    ~Tree() { XtDestroyWidget(shell); }
 };
 
 TEST(TreeClass, ResourcesRepTypesAndCreators)
@@ -88,8 +66,6 @@ TEST(TreeClass, ResourcesRepTypesAndCreators)
     Tree t;
     EXPECT_STREQ(xmPrjTreeWidgetClass->core_class.class_name, "XmPrjTree");
     EXPECT_EQ(xmPrjTreeWidgetClass->core_class.superclass, xmDrawingAreaWidgetClass);
-    EXPECT_GE(xmPrjTreeWidgetClass->core_class.num_resources, 77u);
-    EXPECT_EQ(xmPrjTreeWidgetClass->core_class.num_actions, 18u);
     XtResourceList list;
     Cardinal n;
     XtGetResourceList(xmPrjTreeWidgetClass, &list, &n);
@@ -124,17 +100,15 @@ TEST(TreeClass, ResourcesRepTypesAndCreators)
     EXPECT_TRUE(XtIsSubclass(other, xmPrjTreeWidgetClass));
     // A string from the resource database goes through the representation type.
     XtVaSetValues(other, XtVaTypedArg, (String)XmNslamPolicy, (String)XmRString, "slam_per_row", 13, NULL);
-    unsigned char policy = 0;
-    XtVaGetValues(other, XmNslamPolicy, &policy, NULL);
-    EXPECT_EQ(policy, XmSLAM_PER_ROW);
+    EXPECT_EQ(xwktest::Get<unsigned char>(other, XmNslamPolicy), XmSLAM_PER_ROW);
 }
 
 TEST(TreeNodes, AddFindAndWalk)
 {
     Tree t;
-    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 1);
-    XmPrjTreeNode a1 = Add(t.tree, a, "a1", 11);
-    XmPrjTreeNode a2 = Add(t.tree, a, "a2", 12);
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_CLOSE, 1);
+    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1", XmSLAM_CLOSE, 11);
+    XmPrjTreeNode a2 = AddRow(t.tree, a, "a2", XmSLAM_CLOSE, 12);
     XmPrjTreeNode b = XmPrjTreeAddSimpleItem(t.tree, "b", (XtPointer)2);
     EXPECT_EQ(XmPrjTreeAddSimpleItem(t.tree, nullptr, nullptr), nullptr);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"a", "a1", "a2", "b"}));
@@ -168,7 +142,7 @@ TEST(TreeNodes, AddFindAndWalk)
     // Kept as they always answered.
     EXPECT_EQ(XmPrjTreeFindItemByNodeNumber(t.tree, 0), XmPrjTreeGetRoot(t.tree));
     EXPECT_EQ(XmPrjTreeFindItemByNodeNumber(t.tree, 2), nullptr);
-    XmPrjTreeNode deep = Add(t.tree, a1, "deep");
+    XmPrjTreeNode deep = AddRow(t.tree, a1, "deep");
     EXPECT_TRUE(XmPrjTreeIsParent(t.tree, a, a1));
     EXPECT_FALSE(XmPrjTreeIsParent(t.tree, a, deep));
 
@@ -185,10 +159,10 @@ TEST(TreeNodes, AddFindAndWalk)
 TEST(TreeNodes, ListsAndTours)
 {
     Tree t;
-    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 1);
-    XmPrjTreeNode a1 = Add(t.tree, a, "a1", 11);
-    Add(t.tree, a1, "a11", 111);
-    XmPrjTreeNode b = Add(t.tree, nullptr, "b", 2);
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_CLOSE, 1);
+    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1", XmSLAM_CLOSE, 11);
+    AddRow(t.tree, a1, "a11", XmSLAM_CLOSE, 111);
+    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b", XmSLAM_CLOSE, 2);
     XmPrjTreeSelectItem(t.tree, a1);
     XmPrjTreeSelectItem(t.tree, b);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 2);
@@ -237,10 +211,10 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     Tree t;
     XtAddCallback(t.tree, XmNdeleteCallback, OnDelete, nullptr);
     XtAddCallback(t.tree, XmNselectionChanged, OnSelection, nullptr);
-    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 1);
-    XmPrjTreeNode a1 = Add(t.tree, a, "a1", 11);
-    Add(t.tree, a, "a2", 12);
-    XmPrjTreeNode b = Add(t.tree, nullptr, "b", 2);
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_CLOSE, 1);
+    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1", XmSLAM_CLOSE, 11);
+    AddRow(t.tree, a, "a2", XmSLAM_CLOSE, 12);
+    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b", XmSLAM_CLOSE, 2);
     XmPrjTreeAddDeleteItemCallback(t.tree, a1, DeleteProc, (XtPointer)11);
     XmPrjTreeAddDeleteItemCallback(t.tree, a1, nullptr, nullptr);
     events.clear();
@@ -252,7 +226,7 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     EXPECT_EQ(calls[0].cellType, XmCELL_NONE);
     EXPECT_EQ(calls[1].reason, XmCR_TREE_SELECTION_CHANGED);
     EXPECT_EQ(calls[1].cellType, XmCELL_NONE);
-    Add(t.tree, a, "a3", 13);
+    AddRow(t.tree, a, "a3", XmSLAM_CLOSE, 13);
     EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, a), 3);
     EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, a), 0);
     events.clear();
@@ -264,8 +238,8 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     EXPECT_EQ(events, (std::vector<std::string>{"callback:2"}));
     EXPECT_EQ(XmPrjTreeGetFirstNode(t.tree), nullptr);
     EXPECT_EQ(XmPrjTreeGetTreePtr(t.tree)->count, 1u);
-    Add(t.tree, nullptr, "x");
-    Add(t.tree, nullptr, "y");
+    AddRow(t.tree, nullptr, "x");
+    AddRow(t.tree, nullptr, "y");
     EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, nullptr), 2);
     EXPECT_TRUE(Labels(t.tree).empty());
 }
@@ -273,10 +247,10 @@ TEST(TreeNodes, DeleteOrderAndCounts)
 TEST(TreeNodes, DeletingMovesTheCurrentRow)
 {
     Tree t;
-    XmPrjTreeNode a = Add(t.tree, nullptr, "a");
-    XmPrjTreeNode b = Add(t.tree, nullptr, "b");
-    XmPrjTreeNode b1 = Add(t.tree, b, "b1");
-    Add(t.tree, nullptr, "c");
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a");
+    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b");
+    XmPrjTreeNode b1 = AddRow(t.tree, b, "b1");
+    AddRow(t.tree, nullptr, "c");
     XmPrjTreeSetItem(t.tree, b1, False);
     EXPECT_EQ(XmPrjTreeGetSelectedItem(t.tree), b1);
     XmPrjTreeDeleteItem(t.tree, b);
@@ -292,10 +266,10 @@ TEST(TreeNodes, DeletingMovesTheCurrentRow)
     // the deleted row nor the freed child leaves the count.
     Tree u;
     XtAddCallback(u.tree, XmNselectionChanged, OnSelection, nullptr);
-    XmPrjTreeNode x = Add(u.tree, nullptr, "x", 1);
-    Add(u.tree, x, "x1", 11);
-    Add(u.tree, nullptr, "y", 2);
-    Add(u.tree, nullptr, "z", 3);
+    XmPrjTreeNode x = AddRow(u.tree, nullptr, "x", XmSLAM_CLOSE, 1);
+    AddRow(u.tree, x, "x1", XmSLAM_CLOSE, 11);
+    AddRow(u.tree, nullptr, "y", XmSLAM_CLOSE, 2);
+    AddRow(u.tree, nullptr, "z", XmSLAM_CLOSE, 3);
     XmPrjTreeSetItem(u.tree, x, False);
     ASSERT_EQ(XmPrjTreeGetSelectedItemCount(u.tree), 1);
     calls.clear();
@@ -326,10 +300,10 @@ void DeleteOthersOnDelete(Widget w, XtPointer closure, XtPointer call)
 TEST(TreeNodes, CallbacksThatDeleteRows)
 {
     Tree t(true);
-    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 1, XmSLAM_OPEN);
-    Add(t.tree, a, "a1");
-    XmPrjTreeNode b = Add(t.tree, nullptr, "b");
-    Add(t.tree, nullptr, "c");
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_OPEN, 1);
+    AddRow(t.tree, a, "a1");
+    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b");
+    AddRow(t.tree, nullptr, "c");
     static XmPrjTreeNode victim;
     victim = b;
     XtAddCallback(t.tree, XmNdeleteCallback, DeleteOthersOnDelete, &victim);
@@ -337,16 +311,16 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"c"}));
     // Rows inside the subtree being freed are not deleted a second time.
-    XmPrjTreeNode d = Add(t.tree, nullptr, "d", 4, XmSLAM_OPEN);
-    XmPrjTreeNode d1 = Add(t.tree, d, "d1");
-    Add(t.tree, d1, "d11");
-    Add(t.tree, d, "d2");
+    XmPrjTreeNode d = AddRow(t.tree, nullptr, "d", XmSLAM_OPEN, 4);
+    XmPrjTreeNode d1 = AddRow(t.tree, d, "d1");
+    AddRow(t.tree, d1, "d11");
+    AddRow(t.tree, d, "d2");
     victim = XmPrjTreeFindItemOneLevel(t.tree, d, "d2");
     XmPrjTreeDeleteItem(t.tree, d);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
     // Nor does deleting all rows from inside a delete.
-    XmPrjTreeNode e = Add(t.tree, nullptr, "e");
-    Add(t.tree, e, "e1");
+    XmPrjTreeNode e = AddRow(t.tree, nullptr, "e");
+    AddRow(t.tree, e, "e1");
     XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
     XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer) {
         XmPrjTreeDeleteAllItems(w);
@@ -361,9 +335,9 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
         if (parent != XmPrjTreeGetRoot(w))
             XmPrjTreeDeleteChildren(w, parent);
     }, nullptr);
-    XmPrjTreeNode f = Add(t.tree, nullptr, "f", 0, XmSLAM_OPEN);
-    Add(t.tree, f, "f1");
-    Add(t.tree, f, "f2");
+    XmPrjTreeNode f = AddRow(t.tree, nullptr, "f", XmSLAM_OPEN);
+    AddRow(t.tree, f, "f1");
+    AddRow(t.tree, f, "f2");
     XmPrjTreeDeleteItem(t.tree, f);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
     XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
@@ -372,9 +346,9 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
         if (parent != XmPrjTreeGetRoot(w))
             XmPrjTreeDeleteItem(w, parent);
     }, nullptr);
-    XmPrjTreeNode g = Add(t.tree, nullptr, "g", 0, XmSLAM_OPEN);
-    Add(t.tree, g, "g1");
-    Add(t.tree, g, "g2");
+    XmPrjTreeNode g = AddRow(t.tree, nullptr, "g", XmSLAM_OPEN);
+    AddRow(t.tree, g, "g1");
+    AddRow(t.tree, g, "g2");
     EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, g), 2);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"c"}));
@@ -386,7 +360,7 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
 {
     Tree t(true);
     for (const char *l : {"a", "b", "c"})
-        Add(t.tree, Add(t.tree, nullptr, l, 0, XmSLAM_OPEN), (std::string(l) + "1").c_str());
+        AddRow(t.tree, AddRow(t.tree, nullptr, l, XmSLAM_OPEN), (std::string(l) + "1").c_str());
     static std::vector<std::string> seen;
     seen.clear();
     // Each visited row goes, its child with it; the tour goes on after it.
@@ -399,9 +373,9 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
     EXPECT_EQ(seen, (std::vector<std::string>{"a", "b", "c"}));
     EXPECT_TRUE(Labels(t.tree).empty());
     // A visitor that deletes the rest of the tour ends it.
-    XmPrjTreeNode p = Add(t.tree, nullptr, "p", 0, XmSLAM_OPEN);
-    Add(t.tree, p, "p1");
-    Add(t.tree, p, "p2");
+    XmPrjTreeNode p = AddRow(t.tree, nullptr, "p", XmSLAM_OPEN);
+    AddRow(t.tree, p, "p1");
+    AddRow(t.tree, p, "p2");
     seen.clear();
     auto delete_parent = [](XmPrjTreeNode node, XtPointer, XtPointer w) -> Boolean {
         seen.push_back(XmPrjTreeGetNameItem((Widget)w, node));
@@ -412,10 +386,10 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
     EXPECT_EQ(seen, (std::vector<std::string>{"p1"}));
     EXPECT_TRUE(Shown(t.tree).empty());
     // A list naming a row twice, and a row after its parent, deletes each once.
-    XmPrjTreeNode r = Add(t.tree, nullptr, "r", 0, XmSLAM_OPEN);
-    XmPrjTreeNode r1 = Add(t.tree, r, "r1");
-    XmPrjTreeNode s = Add(t.tree, nullptr, "s");
-    Add(t.tree, nullptr, "u");
+    XmPrjTreeNode r = AddRow(t.tree, nullptr, "r", XmSLAM_OPEN);
+    XmPrjTreeNode r1 = AddRow(t.tree, r, "r1");
+    XmPrjTreeNode s = AddRow(t.tree, nullptr, "s");
+    AddRow(t.tree, nullptr, "u");
     XtAddCallback(t.tree, XmNdeleteCallback, OnDelete, nullptr);
     events.clear();
     XmPrjTreeNode doomed[] = {r, r1, s, s};
@@ -427,12 +401,12 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
 TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
 {
     Tree t(true), other(true);
-    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 0, XmSLAM_OPEN);
-    Add(t.tree, a, "a1");
-    XmPrjTreeNode x = Add(other.tree, nullptr, "x", 0, XmSLAM_OPEN);
-    XmPrjTreeNode x1 = Add(other.tree, x, "x1");
-    Add(other.tree, nullptr, "y");
-    EXPECT_EQ(Add(t.tree, x, "in x"), nullptr);
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_OPEN);
+    AddRow(t.tree, a, "a1");
+    XmPrjTreeNode x = AddRow(other.tree, nullptr, "x", XmSLAM_OPEN);
+    XmPrjTreeNode x1 = AddRow(other.tree, x, "x1");
+    AddRow(other.tree, nullptr, "y");
+    EXPECT_EQ(AddRow(t.tree, x, "in x"), nullptr);
     XmPrjTreeDeleteItem(t.tree, x1);
     EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, x), 0);
     XmPrjTreeReparentItem(t.tree, a, x);
@@ -460,9 +434,9 @@ TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
 TEST(TreeSlam, RowsGivenNewWordsKeepTheirPlaceInTheList)
 {
     Tree t(true);
-    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 0, XmSLAM_OPEN);
-    XmPrjTreeNode a1 = Add(t.tree, a, "a1");
-    XmPrjTreeNode b = Add(t.tree, nullptr, "b");
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_OPEN);
+    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1");
+    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b");
     XwkIcon icon{};
     // Each gains a word it had not: head, middle and tail of visibleList.
     XmPrjTreeAddDeleteItemCallback(t.tree, a, DeleteProc, (XtPointer)1);
@@ -475,7 +449,7 @@ TEST(TreeSlam, RowsGivenNewWordsKeepTheirPlaceInTheList)
     XmPrjTreeDeleteItem(t.tree, a1);
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "b"}));
     XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
-    Add(t.tree, a, "a2");
+    AddRow(t.tree, a, "a2");
     XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a2", "b"}));
 }
@@ -485,7 +459,7 @@ TEST(TreeSlam, RowsAddedWithoutCanSlamStandOpen)
     Tree t;
     XmPrjTreeNode p = XmPrjTreeAddSimpleItem(t.tree, "p", nullptr);
     XmPrjTreeAddSimpleItemToItem(t.tree, p, "p1", nullptr, nullptr);
-    Add(t.tree, nullptr, "q", 0, XmSLAM_CLOSE);
+    AddRow(t.tree, nullptr, "q");
     EXPECT_EQ(XmPrjTreeGetState(t.tree, p), XmSLAM_UNDEFINED);
     XtVaSetValues(t.tree, XmNcanSlam, True, NULL);
     EXPECT_EQ(XmPrjTreeGetState(t.tree, p), XmSLAM_OPEN);
@@ -495,11 +469,11 @@ TEST(TreeSlam, RowsAddedWithoutCanSlamStandOpen)
 TEST(TreeSlam, VisibleListFollowsBranches)
 {
     Tree t(true);
-    XmPrjTreeNode a = Add(t.tree, nullptr, "a", 0, XmSLAM_UNDEFINED);
-    XmPrjTreeNode a1 = Add(t.tree, a, "a1", 0, XmSLAM_CLOSE);
-    Add(t.tree, a1, "a11");
-    XmPrjTreeNode b = Add(t.tree, nullptr, "b", 0, XmSLAM_OPEN);
-    Add(t.tree, b, "b1");
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_UNDEFINED);
+    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1");
+    AddRow(t.tree, a1, "a11");
+    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b", XmSLAM_OPEN);
+    AddRow(t.tree, b, "b1");
     // A child of an undefined row closes it, and stays hidden.
     EXPECT_EQ(XmPrjTreeGetState(t.tree, a), XmSLAM_CLOSE);
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "b", "b1"}));
@@ -517,7 +491,7 @@ TEST(TreeSlam, VisibleListFollowsBranches)
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "b", "b1"}));
     EXPECT_EQ(XmPrjTreeGetLastNode(t.tree), XmPrjTreeFindItemOneLevel(t.tree, b, "b1"));
     // Adding under a shown open row puts the row in its place.
-    Add(t.tree, a, "a2");
+    AddRow(t.tree, a, "a2");
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "a2", "b", "b1"}));
     // Making a hidden node current opens the branches above it.
     XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
@@ -532,17 +506,17 @@ TEST(TreeSlam, VisibleListFollowsBranches)
     EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a11", "b", "b1"}));
 
     Tree flat(false);
-    XmPrjTreeNode f = Add(flat.tree, nullptr, "f");
+    XmPrjTreeNode f = AddRow(flat.tree, nullptr, "f");
     EXPECT_EQ(XmPrjTreeGetState(flat.tree, f), XmSLAM_UNDEFINED);
 }
 
 TEST(TreeOrder, ArrangeSwapReparentAndSort)
 {
     Tree t(true);
-    XmPrjTreeNode r1 = Add(t.tree, nullptr, "1", 0, XmSLAM_OPEN);
-    Add(t.tree, r1, "1a");
-    XmPrjTreeNode r2 = Add(t.tree, nullptr, "2");
-    XmPrjTreeNode r3 = Add(t.tree, nullptr, "3");
+    XmPrjTreeNode r1 = AddRow(t.tree, nullptr, "1", XmSLAM_OPEN);
+    AddRow(t.tree, r1, "1a");
+    XmPrjTreeNode r2 = AddRow(t.tree, nullptr, "2");
+    XmPrjTreeNode r3 = AddRow(t.tree, nullptr, "3");
     // Moving the first of three to position 3 swaps it with the third.
     XmPrjTreeSetItemPosition(t.tree, r1, 3);
     EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
@@ -574,7 +548,7 @@ TEST(TreeAttributes, ColourCharsetIconsAndPerRowStates)
 {
     Tree t(true);
     XtVaSetValues(t.tree, XmNslamPolicy, XmSLAM_PER_ROW, NULL);
-    XmPrjTreeNode a = Add(t.tree, nullptr, "a");
+    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a");
     EXPECT_EQ(XmPrjTreeSetItemForeground(t.tree, a, 5, False), 1);
     EXPECT_EQ(XmPrjTreeGetItemForeground(t.tree, a), 5u);
     EXPECT_EQ(XmPrjTreeSetItemCharset(t.tree, a, (char *)XmFONTLIST_DEFAULT_TAG, False), 1);
@@ -599,7 +573,7 @@ TEST(TreeAttributes, ColourCharsetIconsAndPerRowStates)
                                   XmNselectedIcon, &selected_icon, NULL);
     XmPrjTreeNode r = XmPrjTreeAddItem(sel, nullptr, "r", &own, nullptr, XmSLAM_CLOSE, nullptr,
                                        nullptr, nullptr);
-    Add(sel, r, "r1");
+    AddRow(sel, r, "r1");
     XmPrjTreeChangeState(sel, r, XmSLAM_OPEN);
     XmPrjTreeGetItemAttributes(sel, r, &icon, nullptr, nullptr, nullptr);
     EXPECT_EQ(icon, &selected_icon);
@@ -608,7 +582,7 @@ TEST(TreeAttributes, ColourCharsetIconsAndPerRowStates)
     EXPECT_EQ(icon, &own);
     XmPrjTreeNode q = XmPrjTreeAddItem(sel, nullptr, "q", &selected_icon, nullptr, XmSLAM_OPEN,
                                        nullptr, nullptr, nullptr);
-    Add(sel, q, "q1");
+    AddRow(sel, q, "q1");
     XmPrjTreeChangeState(sel, q, XmSLAM_CLOSE);
     XmPrjTreeGetItemAttributes(sel, q, &icon, nullptr, nullptr, nullptr);
     EXPECT_EQ(icon, nullptr);

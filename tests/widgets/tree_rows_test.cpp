@@ -1,46 +1,23 @@
 // Rows on a live tree list: the row found at a position after many changes,
 // labels measured as Motif measures them, callbacks that delete rows,
 // highlights, origins and the top row.
-#include <gtest/gtest.h>
+#include "treetest.h"
 
-#include <Xwk/Xwk.h>
-#include <Xwk/PrjTreeP.h>
-#include <Xm/XmP.h>
-#include <Xm/Form.h>
-
-#include <cstdio>
 #include <random>
-#include <string>
-#include <vector>
-
-#include "xwktest.h"
 
 namespace {
+
+using treetest::AddRow;
 
 XmPrjTreePart &Part(Widget w)
 {
     return ((XmPrjTreeWidget)w)->tree;
 }
 
-struct Live {
-    Widget shell, tree;
-    explicit Live(bool slam, int height = 200)
+struct Live : treetest::Window {
+    explicit Live(bool slam, int height = 200) : Window({{XmNcanSlam, slam}}, 240, height)
     {
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("rows", topLevelShellWidgetClass, app, XmNwidth, 240,
-                                     XmNheight, height, NULL);
-        Arg args[1];
-        XtSetArg(args[0], XmNcanSlam, slam);
-        tree = XmCreateScrolledTreeList(shell, (String) "list", args, 1);
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        EXPECT_TRUE(xwktest::WaitViewable(tree));
-        xwktest::Pump(100);
-    }
-    ~Live()
-    {
-        XtDestroyWidget(shell);
-        xwktest::Settle();
+        Up(100);
     }
     int FirstRowY()
     {
@@ -118,8 +95,7 @@ TEST_P(RowIndex, RowAtAPositionAfterChanges)
         case 1: {
             char label[32];
             snprintf(label, sizeof label, "late%d", round);
-            nodes.push_back(XmPrjTreeAddItem(l.tree, n, label, nullptr, nullptr, XmSLAM_OPEN,
-                                             nullptr, nullptr, nullptr));
+            nodes.push_back(AddRow(l.tree, n, label, XmSLAM_OPEN));
             break;
         }
         case 2:
@@ -214,12 +190,10 @@ void DeleteClicked(Widget w, XtPointer, XtPointer call)
 TEST(RowCallbacks, CallbacksThatDeleteTheRowsInHand)
 {
     Live l(true);
-    XmPrjTreeNode a = XmPrjTreeAddItem(l.tree, nullptr, "a", nullptr, nullptr, XmSLAM_OPEN, nullptr,
-                                       nullptr, nullptr);
-    XmPrjTreeNode a1 = XmPrjTreeAddItem(l.tree, a, "a1", nullptr, nullptr, XmSLAM_OPEN, nullptr,
-                                        nullptr, nullptr);
-    XmPrjTreeAddItem(l.tree, nullptr, "b", nullptr, nullptr, XmSLAM_OPEN, nullptr, nullptr, nullptr);
-    XmPrjTreeAddItem(l.tree, nullptr, "c", nullptr, nullptr, XmSLAM_OPEN, nullptr, nullptr, nullptr);
+    XmPrjTreeNode a = AddRow(l.tree, nullptr, "a", XmSLAM_OPEN);
+    XmPrjTreeNode a1 = AddRow(l.tree, a, "a1", XmSLAM_OPEN);
+    AddRow(l.tree, nullptr, "b", XmSLAM_OPEN);
+    AddRow(l.tree, nullptr, "c", XmSLAM_OPEN);
     xwktest::Settle();
     // Making a1 current tells selectionChanged, which deletes a1's parent.
     XtAddCallback(l.tree, XmNselectionChanged, DeleteCurrentOnChange, nullptr);
@@ -265,9 +239,7 @@ TEST(RowMarks, HighlightTopItemAndOrigins)
     XmPrjTreeSetTopItem(l.tree, rows[49]);
     XmPrjTreeGetOrigins(l.tree, &x, &y);
     EXPECT_EQ(y, 50 - Part(l.tree).visibleRows);
-    int value = -1;
-    XtVaGetValues(Part(l.tree).vScrollBar, XmNvalue, &value, NULL);
-    EXPECT_EQ(value, y);
+    EXPECT_EQ(xwktest::Get<int>(Part(l.tree).vScrollBar, XmNvalue), y);
     XmPrjTreeScroll(l.tree, 1);
     XmPrjTreeGetOrigins(l.tree, &x, &y);
     EXPECT_EQ(y, 50 - Part(l.tree).visibleRows - 1);
@@ -278,15 +250,9 @@ TEST(RowMarks, HighlightTopItemAndOrigins)
     EXPECT_FALSE(XtIsManaged(Part(l.tree).vScrollBar));
 }
 
-}  // namespace
-
-namespace {
-
 TEST(RowViews, CloneShowsTheMothersRows)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("views", topLevelShellWidgetClass, app, XmNwidth, 300,
-                                        XmNheight, 200, NULL);
+    Widget shell = xwktest::Shell("views", 300, 200);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
     // Each view in a scrolled window, which keeps its count of rows on the page.
     Widget mother = XmCreateScrolledTreeList(form, (String) "mother", nullptr, 0);
@@ -297,10 +263,8 @@ TEST(RowViews, CloneShowsTheMothersRows)
     XtAddCallback(mother, XmNselectionChanged, count, nullptr);
     // The clone's own lists give way to the mother's, which serve every view.
     XtCallbackRec own[] = {{count, nullptr}, {nullptr, nullptr}};
-    Arg args[2];
-    XtSetArg(args[0], XmNmother, mother);
-    XtSetArg(args[1], XmNselectionChanged, own);
-    Widget clone = XmCreateScrolledTreeList(form, (String) "clone", args, 2);
+    Widget clone = treetest::Create(form, "clone",
+                                    {{XmNmother, (XtArgVal)mother}, {XmNselectionChanged, (XtArgVal)own}});
     XtVaSetValues(XtParent(clone), XmNwidth, 140, XmNheight, 180, XmNleftAttachment,
                   XmATTACH_WIDGET, XmNleftWidget, XtParent(mother), NULL);
     XtManageChild(mother);
@@ -315,9 +279,7 @@ TEST(RowViews, CloneShowsTheMothersRows)
     EXPECT_EQ(XmPrjTreeGetItemsCount(clone, nullptr), 2);
     // A value set on the clone lands on the mother.
     XtVaSetValues(clone, XmNhPad, 5, NULL);
-    Dimension pad = 0;
-    XtVaGetValues(mother, XmNhPad, &pad, NULL);
-    EXPECT_EQ(pad, 5);
+    EXPECT_EQ(xwktest::Get<Dimension>(mother, XmNhPad), 5);
     XtPopup(shell, XtGrabNone);
     ASSERT_TRUE(xwktest::WaitViewable(clone));
     xwktest::Pump(100);
@@ -342,8 +304,7 @@ TEST(RowViews, CloneShowsTheMothersRows)
 
     // A clone goes with its mother, and shares nothing it would free again;
     // so does a shell holding both, the mother first.
-    XtSetArg(args[0], XmNmother, mother);
-    Widget orphan = XmCreateScrolledTreeList(form, (String) "orphan", args, 1);
+    Widget orphan = treetest::Create(form, "orphan", {{XmNmother, (XtArgVal)mother}});
     XtManageChild(orphan);
     static bool orphan_gone;
     orphan_gone = false;
@@ -353,8 +314,7 @@ TEST(RowViews, CloneShowsTheMothersRows)
     XtDestroyWidget(mother);
     EXPECT_TRUE(orphan_gone);
     Widget second = XmCreateScrolledTreeList(form, (String) "second", nullptr, 0);
-    XtSetArg(args[0], XmNmother, second);
-    XmCreateScrolledTreeList(form, (String) "secondClone", args, 1);
+    treetest::Create(form, "secondClone", {{XmNmother, (XtArgVal)second}});
     XmPrjTreeAddSimpleItem(second, "shared", (XtPointer)1);
     XtDestroyWidget(shell);
 }
