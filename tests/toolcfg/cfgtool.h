@@ -3,7 +3,12 @@
 #ifndef XWK_TEST_CFGTOOL_H
 #define XWK_TEST_CFGTOOL_H
 
-#include "xwktest.h"
+// Also compiled into a fuzz target, which has no GoogleTest: not the
+// tests' prelude.
+#include <Xwk/ToolCfg.h>
+
+#include <initializer_list>
+#include <utility>
 
 namespace cfgtest {
 
