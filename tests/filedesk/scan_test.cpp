@@ -1,33 +1,19 @@
 // Reading and scanning directories on a real file system, canonical paths,
 // the detail texts and the permission rules.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
 #include "filedesk/filedesk_private.h"
 
 #include <Xwk/Frame.h>
-
-#include <fcntl.h>
-#include <limits.h>
-#include <sys/socket.h>
 #include <sys/time.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <map>
-#include <set>
-#include <string>
-#include <vector>
 
 namespace {
 
 using Names = std::set<std::string>;
 
-std::string Cwd()
-{
-    char buf[PATH_MAX];
-    return getcwd(buf, sizeof buf) ? buf : "";
-}
+std::string Cwd() { return std::filesystem::current_path().string(); }
 
 const std::string kLong(250, 'l');
 
@@ -36,16 +22,13 @@ protected:
     void SetUp() override
     {
         start_ = Cwd();
-        char tmpl[] = "/tmp/xwkfsdXXXXXX";
-        ASSERT_NE(mkdtemp(tmpl), nullptr);
-        dir_ = tmpl;
+        dir_ = tmp_.Path();
         for (const char *d : {"sub", "sub/inner", "sub/inner/deep", "with space"})
             ASSERT_EQ(mkdir(P(d).c_str(), 0755), 0);
-        std::vector<std::string> files = {"a.c", "b.h", "x.txt", "\xc3\xbcn\xc3\xaf.c",
-                                          "new\nline.c", "pipe|name.c", kLong + ".c"};
-        for (const std::string &f : files)
-            Touch(f, 0644);
-        Touch("run.c", 0755);
+        for (const std::string &f : std::vector<std::string>{"a.c", "b.h", "x.txt", "\xc3\xbcn\xc3\xaf.c", "new\nline.c",
+                                     "pipe|name.c", "run.c", kLong + ".c"})
+            tmp_.Write(f, "");
+        chmod(P("run.c").c_str(), 0755);
         ASSERT_EQ(symlink("sub", P("link_dir").c_str()), 0);
         ASSERT_EQ(symlink("a.c", P("link.c").c_str()), 0);
         ASSERT_EQ(symlink("nowhere", P("gone.c").c_str()), 0);
@@ -56,15 +39,6 @@ protected:
     {
         FsdFreePatterns(rows_, 2);
         ASSERT_EQ(chdir(start_.c_str()), 0);
-        std::string cmd = "rm -rf '" + dir_ + "'";
-        ASSERT_EQ(system(cmd.c_str()), 0);
-    }
-    void Touch(const std::string &name, mode_t mode)
-    {
-        int fd = open(P(name).c_str(), O_CREAT | O_WRONLY, mode);
-        ASSERT_GE(fd, 0) << name;
-        close(fd);
-        chmod(P(name).c_str(), mode);
     }
     std::string P(const std::string &name) { return dir_ + "/" + name; }
     Names Read(const std::string &path, FsdFilterProc filter)
@@ -76,6 +50,7 @@ protected:
             names.insert(store.Table()[i]->dirent->d_name);
         return names;
     }
+    xwktest::TempDir tmp_;
     std::string start_, dir_;
     FsdPattern **rows_ = nullptr;
 };
