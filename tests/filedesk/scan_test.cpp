@@ -37,6 +37,7 @@ protected:
     }
     void TearDown() override
     {
+        FsdFreeDirNode(node_);
         FsdFreePatterns(rows_, 2);
         ASSERT_EQ(chdir(start_.c_str()), 0);
     }
@@ -50,9 +51,24 @@ protected:
             names.insert(store.Table()[i]->dirent->d_name);
         return names;
     }
+    // The items of a directory (the fixture's when none is named) scanned
+    // with the row, directories included, unsorted.
+    std::vector<FsdFileItem *> Items(const FsdPattern *row, const std::string &path = "")
+    {
+        FsdFreeDirNode(node_);
+        node_ = FsdNewDirNode(nullptr, ((path.empty() ? dir_ : path) + "/").c_str(), nullptr, nullptr);
+        count_ = FsdScanDirectory(node_, True, row, False, nullptr, nullptr, &store_);
+        std::vector<FsdFileItem *> items;
+        for (int i = 0; i < store_.Count(); i++)
+            items.push_back(store_.Table()[i]->item);
+        return items;
+    }
     xwktest::TempDir tmp_;
     std::string start_, dir_;
     FsdPattern **rows_ = nullptr;
+    FsdDirNode *node_ = nullptr;
+    FsdEntryStore store_;
+    int count_ = 0;
 };
 
 TEST_F(Scan, FiltersKeepWhatTheViewsShow)
@@ -160,20 +176,16 @@ TEST_F(Scan, TenThousandFilesSortDirectoriesFirst)
         close(open(name.c_str(), O_CREAT | O_WRONLY, 0644));
     }
     ASSERT_EQ(mkdir((big + "/zdir").c_str(), 0755), 0);
-    FsdDirNode *node = FsdNewDirNode(nullptr, (big + "/").c_str(), nullptr, nullptr);
-    FsdEntryStore store;
-    EXPECT_EQ(FsdScanDirectory(node, True, rows_[0 + 2], False, nullptr, nullptr, &store), 10002);
-    EXPECT_EQ(FsdScanDirectory(node, True, rows_[1], False, nullptr, nullptr, &store), 5002);
-    std::vector<FsdFileItem *> items;
-    for (int i = 0; i < store.Count(); i++)
-        items.push_back(store.Table()[i]->item);
+    Items(rows_[2], big);
+    EXPECT_EQ(count_, 10002);
+    std::vector<FsdFileItem *> items = Items(rows_[1], big);
+    EXPECT_EQ(count_, 5002);
     std::sort(items.begin(), items.end(),
               [](auto a, auto b) { return FsdCompareDeskItems(a, b) < 0; });
     EXPECT_STREQ(items[0]->name, "..");
     EXPECT_STREQ(items[1]->name, "zdir");
     EXPECT_STREQ(items[2]->name, "f1.c");
     EXPECT_STREQ(items.back()->name, "f9999.c");
-    FsdFreeDirNode(node);
 }
 
 TEST_F(Scan, CanonicalPaths)
@@ -257,14 +269,11 @@ TEST_F(Scan, DetailTextOfAnEntry)
     ASSERT_EQ(truncate(P("a.c").c_str(), 1234567), 0);
     struct timeval times[2] = {{1041480306, 0}, {1041480306, 0}};
     ASSERT_EQ(utimes(P("a.c").c_str(), times), 0);
-    FsdDirNode *node = FsdNewDirNode(nullptr, (dir_ + "/").c_str(), nullptr, nullptr);
-    FsdEntryStore store;
-    FsdScanDirectory(node, True, rows_[1], True, nullptr, nullptr, &store);
     XwkList *users = nullptr, *groups = nullptr;
     std::set<std::string> texts;
-    for (int i = 0; i < store.Count(); i++) {
+    for (FsdFileItem *item : Items(rows_[1])) {
         std::string text;
-        FsdAppendDetailText(store.Table()[i]->item, &users, &groups, &text);
+        FsdAppendDetailText(item, &users, &groups, &text);
         texts.insert(text);
     }
     EXPECT_TRUE(texts.count("a.c|root|root|1,234.567|01/02/2003 04:05:06|-rw-r--r--| "));
@@ -276,7 +285,6 @@ TEST_F(Scan, DetailTextOfAnEntry)
     EXPECT_NE(link.find("|lrwxrwxrwx|a.c"), std::string::npos) << link;
     FsdFreeNameCache(&users);
     FsdFreeNameCache(&groups);
-    FsdFreeDirNode(node);
     char date[32];
     setenv("TZ", "EST5", 1);
     tzset();
@@ -295,12 +303,7 @@ TEST_F(Scan, ListOrderBySize)
 {
     ASSERT_EQ(truncate(P("b.h").c_str(), 10), 0);
     ASSERT_EQ(truncate(P("x.txt").c_str(), 7), 0);
-    FsdDirNode *node = FsdNewDirNode(nullptr, (dir_ + "/").c_str(), nullptr, nullptr);
-    FsdEntryStore store;
-    FsdScanDirectory(node, True, rows_[2], True, nullptr, nullptr, &store);
-    std::vector<FsdFileItem *> items;
-    for (int i = 0; i < store.Count(); i++)
-        items.push_back(store.Table()[i]->item);
+    std::vector<FsdFileItem *> items = Items(rows_[2]);
     std::sort(items.begin(), items.end(), [&](auto a, auto b) {
         return FsdCompareListItems(a, b, 4, 1, ByName, nullptr) < 0;
     });
@@ -312,7 +315,6 @@ TEST_F(Scan, ListOrderBySize)
     EXPECT_EQ(names, (std::vector<std::string>{"..", "sub", "with space", "link_dir", "b.h",
                                                "x.txt", "link_txt", "link.c", "a.c"}));
     EXPECT_EQ(FsdCompareListItems(items[0], nullptr, 1, 0, ByName, nullptr), 1);
-    FsdFreeDirNode(node);
 }
 
 // Root may read and write everything: the rules are tried as another user.

@@ -142,6 +142,17 @@ protected:
         xwktest::Settle();
         return desk;
     }
+    void Represent(Widget desk, unsigned char representation)
+    {
+        XtVaSetValues(desk, XmNrepresentation, representation, nullptr);
+        xwktest::Settle();
+    }
+    // Asks the desk to show a directory; true once it does.
+    bool ShowDirectory(Widget desk, const std::string &path, int timeout_ms = 3000)
+    {
+        XmFileSelectionDeskShowDirectory(desk, path.c_str());
+        return xwktest::PumpUntil([&] { return Shown(desk) == path + "/"; }, timeout_ms);
+    }
     std::string Shown(Widget desk) { return Part(desk).current_dir ? Part(desk).current_dir->path : ""; }
     int ViewCount(Widget desk)
     {
@@ -398,8 +409,7 @@ TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
     EXPECT_STREQ(current->name, "b.c");
     // A directory removed under the desk: no crash, an empty view.
     std::string gone = P("beta");
-    XmFileSelectionDeskShowDirectory(desk, gone.c_str());
-    xwktest::PumpUntil([&] { return Shown(desk) == gone + "/"; });
+    EXPECT_TRUE(ShowDirectory(desk, gone));
     // The rebuilt tree is in order at every level.
     Widget tree = Part(desk).dir_tree;
     auto level = XmPrjTreeGetParent(tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item);
@@ -584,17 +594,14 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     EXPECT_EQ(SelectionText(source), P("b.c"));
     const std::vector<std::string> both = {P("a.c"), P("notes.txt")};
     EXPECT_EQ(Selected(source), both);
-    XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
-    xwktest::Settle();
+    Represent(source, XmREPRESENTATION_LARGE_ICONS);
     EXPECT_EQ(Selected(source), both);
-    XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
-    xwktest::Settle();
+    Represent(source, XmREPRESENTATION_DETAIL);
     EXPECT_EQ(Selected(source), both);
 
     Widget target = MakeDesk({}, 660);
     XtAddCallback(target, XmNtransferDoneCallback, Dropped, nullptr);
-    XmFileSelectionDeskShowDirectory(target, P("beta").c_str());
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(target) == P("beta") + "/"; }));
+    ASSERT_TRUE(ShowDirectory(target, P("beta")));
     Widget shell = XtVaAppCreateShell("probe", "Probe", topLevelShellWidgetClass, XtDisplay(source),
                                       XmNx, 960, XmNy, 440, XmNwidth, 200, XmNheight, 100, nullptr);
     shells_.push_back(shell);
@@ -635,8 +642,7 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     };
     for (const Case &c : cases) {
         if (!c.item) {
-            XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
-            xwktest::Settle();
+            Represent(source, XmREPRESENTATION_LARGE_ICONS);
             ClickItem(source, "notes.txt", ControlMask);
             ClickItem(source, "a.c", ControlMask);
             EXPECT_EQ(XmFileSelectionDeskGetSelectedItemsCount(source), 0);
@@ -693,12 +699,10 @@ TEST_F(Desk, TenThousandFilesShownScrolledAndSelected)
     std::string big = LinkMany(P("big"), 10000);
     Widget desk = MakeDesk({{(String)XmNrepresentation, XmREPRESENTATION_DETAIL}});
     XtAddCallback(desk, XmNsingleSelectionCallback, Remember, nullptr);
-    XmFileSelectionDeskShowDirectory(desk, big.c_str());
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == big + "/"; }, 20000));
+    ASSERT_TRUE(ShowDirectory(desk, big, 20000));
     for (unsigned char representation : {XmREPRESENTATION_DETAIL, XmREPRESENTATION_SMALL_ICONS}) {
         SCOPED_TRACE(int(representation));
-        XtVaSetValues(desk, XmNrepresentation, representation, nullptr);
-        xwktest::Settle();
+        Represent(desk, representation);
         EXPECT_EQ(Part(desk).item_count, 10001);
         EXPECT_EQ(ViewCount(desk), 10001);
         Widget view = Part(desk).file_view;
@@ -734,8 +738,7 @@ TEST_F(Desk, TwoHundredThousandEntries)
     XmFileSelectionDeskShowDirectory(desk, huge.c_str());
     EXPECT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 200001; }, 60000));
     EXPECT_EQ(ViewCount(desk), 200001);
-    XmFileSelectionDeskShowDirectory(desk, dir_.c_str());
-    EXPECT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/"; }, 20000));
+    EXPECT_TRUE(ShowDirectory(desk, dir_, 20000));
     std::string cmd = "rm -rf '" + top + "'";
     EXPECT_EQ(system(cmd.c_str()), 0);
 }
@@ -775,8 +778,7 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
         {"run", XmNdeskExecIcon, XmNtreeRegularIcon},
         {"a.c", XmNdeskRegularIcon, XmNtreeRegularIcon},
     };
-    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
-    xwktest::Settle();
+    Represent(desk, XmREPRESENTATION_DETAIL);
     for (const Case &c : cases) {
         FsdFileItem *it = item(c.name);
         ASSERT_NE(it, nullptr);
@@ -789,8 +791,7 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
         Part(desk).dir_tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item, "locked");
     ASSERT_NE(locked, nullptr);
     EXPECT_FALSE(((XmPrjTreeItem)locked->data)->flags & XmTREE_ITEM_SELECTABLE);
-    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
-    xwktest::Settle();
+    Represent(desk, XmREPRESENTATION_LARGE_ICONS);
     ClickItem(desk, "locked");
     ClickItem(desk, "locked");
     xwktest::Pump(300);
