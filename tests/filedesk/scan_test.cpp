@@ -29,10 +29,9 @@ protected:
                                      "pipe|name.c", "run.c", kLong + ".c"})
             tmp_.Write(f, "");
         chmod(P("run.c").c_str(), 0755);
-        ASSERT_EQ(symlink("sub", P("link_dir").c_str()), 0);
-        ASSERT_EQ(symlink("a.c", P("link.c").c_str()), 0);
-        ASSERT_EQ(symlink("nowhere", P("gone.c").c_str()), 0);
-        ASSERT_EQ(symlink("x.txt", P("link_txt").c_str()), 0);
+        for (auto [to, from] : {std::pair{"sub", "link_dir"}, {"a.c", "link.c"}, {"nowhere", "gone.c"},
+                                {"x.txt", "link_txt"}})
+            ASSERT_EQ(symlink(to, P(from).c_str()), 0);
         FsdBuildPatterns("C|*.c", "", &rows_, nullptr);
     }
     void TearDown() override
@@ -320,12 +319,11 @@ TEST_F(Scan, ListOrderBySize)
 // Root may read and write everything: the rules are tried as another user.
 TEST_F(Scan, PermissionsOfAnotherUser)
 {
-    int saved_uid = xwkUID, saved_count = xwkNumGIDs;
-    int *saved_gids = xwkGIDs;
-    int gids[] = {4242};
-    xwkUID = 4242;
-    xwkGIDs = gids;
-    xwkNumGIDs = 1;
+    struct AnotherUser {
+        int uid = xwkUID, count = xwkNumGIDs, *gids = xwkGIDs, mine[1] = {4242};
+        AnotherUser() { xwkUID = 4242, xwkGIDs = mine, xwkNumGIDs = 1; }
+        ~AnotherUser() { xwkUID = uid, xwkGIDs = gids, xwkNumGIDs = count; }
+    } another_user;
     struct Case {
         mode_t mode;
         Boolean deny_read, deny_write, desk;
@@ -363,9 +361,6 @@ TEST_F(Scan, PermissionsOfAnotherUser)
     xwkUID = 0;
     st.st_mode = S_IFDIR;
     EXPECT_EQ(FsdDirectoryIcon(&st, False, True, True), FSD_ICON_TREE_DIR);
-    xwkUID = saved_uid;
-    xwkGIDs = saved_gids;
-    xwkNumGIDs = saved_count;
 }
 
 } // namespace

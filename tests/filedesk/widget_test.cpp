@@ -655,8 +655,11 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
         RootPointOf(source, Part(source).file_view, c.item, &x0, &y0);
         if (c.site == kTargetView)
             RootPointOf(target, Part(target).file_view, "..", &x1, &y1);
-        else if (c.site == kTargetTree)  // the middle of the row, clear of the edge
-            RootPointOf(target, Part(target).dir_tree, "", &x1, &y1), x1 += 40;
+        else if (c.site == kTargetTree) {  // the row brought into view; its middle, clear of the edge
+            Widget tree = Part(target).dir_tree;
+            XmPrjTreeSetTopItem(tree, XmPrjTreeGetParent(tree, (XmPrjTreeNode)Part(target).current_dir->tree_item));
+            RootPointOf(target, tree, "", &x1, &y1), x1 += 40;
+        }
         else if (c.site == kOwnView)
             RootPointOf(source, Part(source).file_view, "b.c", &x1, &y1);
         else
