@@ -1,11 +1,8 @@
 // Filter patterns: the groups of patternsDescription, the user's row, and
 // which names they match.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
 #include "filedesk/filedesk_private.h"
-
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -33,8 +30,7 @@ TEST(Patterns, GroupsOfTheDescription)
 {
     struct Case {
         const char *description;
-        Names names;
-        Names texts;
+        Names names, texts;
     } cases[] = {
         {"", {"All files"}, {"*"}},
         {nullptr, {"All files"}, {"*"}},
@@ -67,8 +63,7 @@ TEST(Patterns, GroupsOfTheDescription)
 TEST(Patterns, Matching)
 {
     struct Case {
-        const char *globs;
-        const char *name;
+        const char *globs, *name;
         bool match;
     } cases[] = {
         {"*.c", "a.c", true},
@@ -138,10 +133,9 @@ TEST(Patterns, FailedCompileKeepsTheSlot)
 TEST(Patterns, RowOfAText)
 {
     Table t("C|*.c;*.h|Text|*.txt", "");
-    EXPECT_EQ(FsdFindPatternRow(t.rows, t.count, "*.c; *.h"), 1);
-    EXPECT_EQ(FsdFindPatternRow(t.rows, t.count, "*.txt"), 2);
-    EXPECT_EQ(FsdFindPatternRow(t.rows, t.count, "*"), 3);
-    EXPECT_EQ(FsdFindPatternRow(t.rows, t.count, "*.c"), 0);
+    int row = 0;
+    for (const char *text : {"", "*.c; *.h", "*.txt", "*"})  // "" stands for "*.c": no row
+        EXPECT_EQ(FsdFindPatternRow(t.rows, t.count, *text ? text : "*.c"), row++) << text;
 
     XmString *strings = FsdPatternNameStrings(t.rows, t.count);
     ASSERT_NE(strings, nullptr);

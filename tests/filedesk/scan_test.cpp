@@ -1,33 +1,19 @@
 // Reading and scanning directories on a real file system, canonical paths,
 // the detail texts and the permission rules.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
 #include "filedesk/filedesk_private.h"
 
 #include <Xwk/Frame.h>
-
-#include <fcntl.h>
-#include <limits.h>
-#include <sys/socket.h>
 #include <sys/time.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <map>
-#include <set>
-#include <string>
-#include <vector>
 
 namespace {
 
 using Names = std::set<std::string>;
 
-std::string Cwd()
-{
-    char buf[PATH_MAX];
-    return getcwd(buf, sizeof buf) ? buf : "";
-}
+std::string Cwd() { return std::filesystem::current_path().string(); }
 
 const std::string kLong(250, 'l');
 
@@ -36,35 +22,23 @@ protected:
     void SetUp() override
     {
         start_ = Cwd();
-        char tmpl[] = "/tmp/xwkfsdXXXXXX";
-        ASSERT_NE(mkdtemp(tmpl), nullptr);
-        dir_ = tmpl;
+        dir_ = tmp_.Path();
         for (const char *d : {"sub", "sub/inner", "sub/inner/deep", "with space"})
             ASSERT_EQ(mkdir(P(d).c_str(), 0755), 0);
-        std::vector<std::string> files = {"a.c", "b.h", "x.txt", "\xc3\xbcn\xc3\xaf.c",
-                                          "new\nline.c", "pipe|name.c", kLong + ".c"};
-        for (const std::string &f : files)
-            Touch(f, 0644);
-        Touch("run.c", 0755);
-        ASSERT_EQ(symlink("sub", P("link_dir").c_str()), 0);
-        ASSERT_EQ(symlink("a.c", P("link.c").c_str()), 0);
-        ASSERT_EQ(symlink("nowhere", P("gone.c").c_str()), 0);
-        ASSERT_EQ(symlink("x.txt", P("link_txt").c_str()), 0);
+        for (const std::string &f : std::vector<std::string>{"a.c", "b.h", "x.txt", "\xc3\xbcn\xc3\xaf.c", "new\nline.c",
+                                     "pipe|name.c", "run.c", kLong + ".c"})
+            tmp_.Write(f, "");
+        chmod(P("run.c").c_str(), 0755);
+        for (auto [to, from] : {std::pair{"sub", "link_dir"}, {"a.c", "link.c"}, {"nowhere", "gone.c"},
+                                {"x.txt", "link_txt"}})
+            ASSERT_EQ(symlink(to, P(from).c_str()), 0);
         FsdBuildPatterns("C|*.c", "", &rows_, nullptr);
     }
     void TearDown() override
     {
+        FsdFreeDirNode(node_);
         FsdFreePatterns(rows_, 2);
         ASSERT_EQ(chdir(start_.c_str()), 0);
-        std::string cmd = "rm -rf '" + dir_ + "'";
-        ASSERT_EQ(system(cmd.c_str()), 0);
-    }
-    void Touch(const std::string &name, mode_t mode)
-    {
-        int fd = open(P(name).c_str(), O_CREAT | O_WRONLY, mode);
-        ASSERT_GE(fd, 0) << name;
-        close(fd);
-        chmod(P(name).c_str(), mode);
     }
     std::string P(const std::string &name) { return dir_ + "/" + name; }
     Names Read(const std::string &path, FsdFilterProc filter)
@@ -76,8 +50,24 @@ protected:
             names.insert(store.Table()[i]->dirent->d_name);
         return names;
     }
+    // The items of a directory (the fixture's when none is named) scanned
+    // with the row, directories included, unsorted.
+    std::vector<FsdFileItem *> Items(const FsdPattern *row, const std::string &path = "")
+    {
+        FsdFreeDirNode(node_);
+        node_ = FsdNewDirNode(nullptr, ((path.empty() ? dir_ : path) + "/").c_str(), nullptr, nullptr);
+        count_ = FsdScanDirectory(node_, True, row, False, nullptr, nullptr, &store_);
+        std::vector<FsdFileItem *> items;
+        for (int i = 0; i < store_.Count(); i++)
+            items.push_back(store_.Table()[i]->item);
+        return items;
+    }
+    xwktest::TempDir tmp_;
     std::string start_, dir_;
     FsdPattern **rows_ = nullptr;
+    FsdDirNode *node_ = nullptr;
+    FsdEntryStore store_;
+    int count_ = 0;
 };
 
 TEST_F(Scan, FiltersKeepWhatTheViewsShow)
@@ -185,20 +175,16 @@ TEST_F(Scan, TenThousandFilesSortDirectoriesFirst)
         close(open(name.c_str(), O_CREAT | O_WRONLY, 0644));
     }
     ASSERT_EQ(mkdir((big + "/zdir").c_str(), 0755), 0);
-    FsdDirNode *node = FsdNewDirNode(nullptr, (big + "/").c_str(), nullptr, nullptr);
-    FsdEntryStore store;
-    EXPECT_EQ(FsdScanDirectory(node, True, rows_[0 + 2], False, nullptr, nullptr, &store), 10002);
-    EXPECT_EQ(FsdScanDirectory(node, True, rows_[1], False, nullptr, nullptr, &store), 5002);
-    std::vector<FsdFileItem *> items;
-    for (int i = 0; i < store.Count(); i++)
-        items.push_back(store.Table()[i]->item);
+    Items(rows_[2], big);
+    EXPECT_EQ(count_, 10002);
+    std::vector<FsdFileItem *> items = Items(rows_[1], big);
+    EXPECT_EQ(count_, 5002);
     std::sort(items.begin(), items.end(),
               [](auto a, auto b) { return FsdCompareDeskItems(a, b) < 0; });
     EXPECT_STREQ(items[0]->name, "..");
     EXPECT_STREQ(items[1]->name, "zdir");
     EXPECT_STREQ(items[2]->name, "f1.c");
     EXPECT_STREQ(items.back()->name, "f9999.c");
-    FsdFreeDirNode(node);
 }
 
 TEST_F(Scan, CanonicalPaths)
@@ -282,14 +268,11 @@ TEST_F(Scan, DetailTextOfAnEntry)
     ASSERT_EQ(truncate(P("a.c").c_str(), 1234567), 0);
     struct timeval times[2] = {{1041480306, 0}, {1041480306, 0}};
     ASSERT_EQ(utimes(P("a.c").c_str(), times), 0);
-    FsdDirNode *node = FsdNewDirNode(nullptr, (dir_ + "/").c_str(), nullptr, nullptr);
-    FsdEntryStore store;
-    FsdScanDirectory(node, True, rows_[1], True, nullptr, nullptr, &store);
     XwkList *users = nullptr, *groups = nullptr;
     std::set<std::string> texts;
-    for (int i = 0; i < store.Count(); i++) {
+    for (FsdFileItem *item : Items(rows_[1])) {
         std::string text;
-        FsdAppendDetailText(store.Table()[i]->item, &users, &groups, &text);
+        FsdAppendDetailText(item, &users, &groups, &text);
         texts.insert(text);
     }
     EXPECT_TRUE(texts.count("a.c|root|root|1,234.567|01/02/2003 04:05:06|-rw-r--r--| "));
@@ -301,7 +284,6 @@ TEST_F(Scan, DetailTextOfAnEntry)
     EXPECT_NE(link.find("|lrwxrwxrwx|a.c"), std::string::npos) << link;
     FsdFreeNameCache(&users);
     FsdFreeNameCache(&groups);
-    FsdFreeDirNode(node);
     char date[32];
     setenv("TZ", "EST5", 1);
     tzset();
@@ -320,12 +302,7 @@ TEST_F(Scan, ListOrderBySize)
 {
     ASSERT_EQ(truncate(P("b.h").c_str(), 10), 0);
     ASSERT_EQ(truncate(P("x.txt").c_str(), 7), 0);
-    FsdDirNode *node = FsdNewDirNode(nullptr, (dir_ + "/").c_str(), nullptr, nullptr);
-    FsdEntryStore store;
-    FsdScanDirectory(node, True, rows_[2], True, nullptr, nullptr, &store);
-    std::vector<FsdFileItem *> items;
-    for (int i = 0; i < store.Count(); i++)
-        items.push_back(store.Table()[i]->item);
+    std::vector<FsdFileItem *> items = Items(rows_[2]);
     std::sort(items.begin(), items.end(), [&](auto a, auto b) {
         return FsdCompareListItems(a, b, 4, 1, ByName, nullptr) < 0;
     });
@@ -337,18 +314,16 @@ TEST_F(Scan, ListOrderBySize)
     EXPECT_EQ(names, (std::vector<std::string>{"..", "sub", "with space", "link_dir", "b.h",
                                                "x.txt", "link_txt", "link.c", "a.c"}));
     EXPECT_EQ(FsdCompareListItems(items[0], nullptr, 1, 0, ByName, nullptr), 1);
-    FsdFreeDirNode(node);
 }
 
 // Root may read and write everything: the rules are tried as another user.
 TEST_F(Scan, PermissionsOfAnotherUser)
 {
-    int saved_uid = xwkUID, saved_count = xwkNumGIDs;
-    int *saved_gids = xwkGIDs;
-    int gids[] = {4242};
-    xwkUID = 4242;
-    xwkGIDs = gids;
-    xwkNumGIDs = 1;
+    struct AnotherUser {
+        int uid = xwkUID, count = xwkNumGIDs, *gids = xwkGIDs, mine[1] = {4242};
+        AnotherUser() { xwkUID = 4242, xwkGIDs = mine, xwkNumGIDs = 1; }
+        ~AnotherUser() { xwkUID = uid, xwkGIDs = gids, xwkNumGIDs = count; }
+    } another_user;
     struct Case {
         mode_t mode;
         Boolean deny_read, deny_write, desk;
@@ -386,9 +361,6 @@ TEST_F(Scan, PermissionsOfAnotherUser)
     xwkUID = 0;
     st.st_mode = S_IFDIR;
     EXPECT_EQ(FsdDirectoryIcon(&st, False, True, True), FSD_ICON_TREE_DIR);
-    xwkUID = saved_uid;
-    xwkGIDs = saved_gids;
-    xwkNumGIDs = saved_count;
 }
 
 } // namespace

@@ -2,34 +2,17 @@
 // scan into the views, the four representations, filter patterns, refresh,
 // navigation by keys and clicks, the dialog with its buttons, selections of
 // several files, and files dragged from one desk to another.
-#include <gtest/gtest.h>
+#include "xwktest.h"
 
-#include <Xwk/Xwk.h>
 #include <Xwk/FileSDP.h>
 #include <Xwk/PrjTreeP.h>
-#include <Xm/DialogS.h>
-#include <Xm/Label.h>
-#include <Xm/PushB.h>
-#include <Xm/Text.h>
 #include <Xm/DragDrop.h>
 #include <Xm/DrawingA.h>
-#include <X11/keysym.h>
-#include <X11/extensions/XTest.h>
-
-#include <fcntl.h>
 #include <sys/time.h>
-#include <limits.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <cstdlib>
-#include <cstring>
-#include <functional>
 #include <map>
-#include <string>
-#include <vector>
 
-#include "xwktest.h"
+using xwktest::Get;
 
 namespace {
 
@@ -65,6 +48,7 @@ void Dropped(Widget, XtPointer, XtPointer call)
 // A plain drop site of another program's kind: it asks for every target
 // the desk exports and keeps the texts by their type.
 std::map<std::string, std::string> probed;
+const char *kProbeTargets[] = {"FILE_NAME", "COMPOUND_TEXT", "_XWK_FILE_NAMES"};
 
 void ProbeValue(Widget w, XtPointer, Atom *, Atom *type, XtPointer value, unsigned long *length, int *format)
 {
@@ -80,22 +64,17 @@ void ProbeDrop(Widget w, XtPointer, XtPointer call)
 {
     auto *cbs = (XmDropProcCallbackStruct *)call;
     static XmDropTransferEntryRec entries[3];
-    const char *names[] = {"FILE_NAME", "COMPOUND_TEXT", "_XWK_FILE_NAMES"};
     for (int i = 0; i < 3; i++)
-        entries[i] = {nullptr, XInternAtom(XtDisplay(w), names[i], False)};
-    Arg args[3];
-    XtSetArg(args[0], XmNdropTransfers, entries);
-    XtSetArg(args[1], XmNnumDropTransfers, 3);
-    XtSetArg(args[2], XmNtransferProc, ProbeValue);
+        entries[i] = {nullptr, XInternAtom(XtDisplay(w), kProbeTargets[i], False)};
+    Arg args[] = {{(String)XmNdropTransfers, (XtArgVal)entries},
+                  {(String)XmNnumDropTransfers, 3},
+                  {(String)XmNtransferProc, (XtArgVal)ProbeValue}};
     XmDropTransferStart(cbs->dragContext, args, 3);
 }
 
-std::string Cwd()
-{
-    char buf[PATH_MAX];
-    return getcwd(buf, sizeof buf) ? buf : "";
-}
+std::string Cwd() { return std::filesystem::current_path().string(); }
 
+// Xt's warnings: the whole text, the widget's name and class in it.
 std::vector<std::string> warnings;
 void CollectWarning(String message) { warnings.push_back(message ? message : ""); }
 
@@ -126,9 +105,9 @@ protected:
         dir_ = tmpl;
         for (const char *d : {"alpha", "alpha/inner", "beta", "with space"})
             ASSERT_EQ(mkdir(P(d).c_str(), 0755), 0);
-        for (const char *f : {"a.c", "b.c", "notes.txt", "z.h"})
-            Touch(f, 0644);
-        Touch("run", 0755);
+        for (const char *f : {"a.c", "b.c", "notes.txt", "z.h", "run"})
+            Touch(f);
+        chmod(P("run").c_str(), 0755);
         ASSERT_EQ(symlink("alpha", P("to_alpha").c_str()), 0);
         ASSERT_EQ(symlink("nowhere", P("dangling").c_str()), 0);
         records.clear();
@@ -141,51 +120,38 @@ protected:
             XtDestroyWidget(shell);
         xwktest::Settle();
         ASSERT_EQ(chdir(start_.c_str()), 0);
-        std::string cmd = "rm -rf '" + dir_ + "'";
-        ASSERT_EQ(system(cmd.c_str()), 0);
+        std::filesystem::remove_all(dir_);
     }
     std::string P(const char *name) const { return dir_ + "/" + name; }
-    void Touch(const char *name, mode_t mode)
-    {
-        int fd = open(P(name).c_str(), O_CREAT | O_WRONLY, mode);
-        ASSERT_GE(fd, 0);
-        close(fd);
-        chmod(P(name).c_str(), mode);
-    }
+    void Touch(const char *name) { std::ofstream(P(name)).flush(); }
 
-    // A desk in a shell of its own, realized and scanned.
-    Widget MakeDesk(std::vector<Arg> args = {}, int x = 0)
+    // A desk in a shell of its own, realized and (when it has a view) scanned.
+    Widget MakeDesk(std::vector<Arg> args = {}, int x = 0, bool view = true)
     {
         Widget shell = XtVaAppCreateShell("fsd", "Fsd", topLevelShellWidgetClass,
                                           XtDisplay(xwktest::StartApp()), XmNwidth, 640,
                                           XmNheight, 420, XmNx, x, XmNy, 0, nullptr);
         shells_.push_back(shell);
-        Arg arg;
-        XtSetArg(arg, XmNdirectory, dir_.c_str());
-        args.push_back(arg);
+        args.push_back({(String)XmNdirectory, (XtArgVal)dir_.c_str()});
         Widget desk = XmCreateFileSelectionDesk(shell, (String) "desk", args.data(), args.size());
         XtAddCallback(desk, XmNfileListChangedCallback, Remember, nullptr);
         XtManageChild(desk);
         XtRealizeWidget(shell);
         EXPECT_TRUE(xwktest::WaitViewable(desk));
-        EXPECT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count > 0; }));
+        EXPECT_TRUE(!view || xwktest::PumpUntil([&] { return Part(desk).item_count > 0; }));
         xwktest::Settle();
         return desk;
     }
-    Widget MakeDeskWithoutView(Arg extra)
+    void Represent(Widget desk, unsigned char representation)
     {
-        Widget shell = XtVaAppCreateShell("fsd", "Fsd", topLevelShellWidgetClass,
-                                          XtDisplay(xwktest::StartApp()), XmNwidth, 300,
-                                          XmNheight, 300, nullptr);
-        shells_.push_back(shell);
-        Arg args[2] = {extra};
-        XtSetArg(args[1], XmNdirectory, dir_.c_str());
-        Widget desk = XmCreateFileSelectionDesk(shell, (String) "desk", args, 2);
-        XtManageChild(desk);
-        XtRealizeWidget(shell);
-        EXPECT_TRUE(xwktest::WaitViewable(desk));
+        XtVaSetValues(desk, XmNrepresentation, representation, nullptr);
         xwktest::Settle();
-        return desk;
+    }
+    // Asks the desk to show a directory; true once it does.
+    bool ShowDirectory(Widget desk, const std::string &path, int timeout_ms = 3000)
+    {
+        XmFileSelectionDeskShowDirectory(desk, path.c_str());
+        return xwktest::PumpUntil([&] { return Shown(desk) == path + "/"; }, timeout_ms);
     }
     std::string Shown(Widget desk) { return Part(desk).current_dir ? Part(desk).current_dir->path : ""; }
     int ViewCount(Widget desk)
@@ -199,18 +165,17 @@ protected:
     // the view what is under each point.
     bool PointOf(Widget desk, Widget view, const char *name, int *x, int *y)
     {
+        bool tree = view == Part(desk).dir_tree;
+        std::string want = *name ? dir_ + "/" + name + "/" : dir_ + "/";
         for (int py = 2; py < view->core.height; py += 3)
             for (int px = 2; px < view->core.width; px += 3) {
                 // On a row of the detail list only its label takes a click.
-                int part = view == Part(desk).dir_tree ? XmTREE_PART_ROW : XmTREE_PART_LABEL;
                 XtPointer data = XtIsSubclass(view, xmPrjDeskWidgetClass)
                                      ? XmPrjDeskWhichItem(view, px, py)
-                                     : XmPrjTreeWhichItem(part, px, py, view);
-                if (!data)
-                    continue;
-                bool tree = view == Part(desk).dir_tree;
-                std::string want = *name ? dir_ + "/" + name + "/" : dir_ + "/";
-                if (tree ? want == ((FsdDirNode *)data)->path : ((FsdFileItem *)data)->name == std::string(name)) {
+                                     : XmPrjTreeWhichItem(tree ? XmTREE_PART_ROW : XmTREE_PART_LABEL,
+                                                          px, py, view);
+                if (data && (tree ? want == ((FsdDirNode *)data)->path
+                                  : ((FsdFileItem *)data)->name == std::string(name))) {
                     *x = px;
                     *y = py;
                     return true;
@@ -250,16 +215,9 @@ protected:
     // A click on an item of the file view, with Ctrl or Shift (a mask) held.
     void ClickItem(Widget desk, const char *name, unsigned modifiers = 0)
     {
-        Widget view = Part(desk).file_view;
         int x = 0, y = 0;
-        ASSERT_TRUE(PointOf(desk, view, name, &x, &y)) << name;
-        Display *dpy = XtDisplay(view);
-        KeyCode key = XKeysymToKeycode(dpy, modifiers == ShiftMask ? XK_Shift_L : XK_Control_L);
-        if (modifiers)
-            XTestFakeKeyEvent(dpy, key, True, CurrentTime);
-        xwktest::Click(view, x, y);
-        if (modifiers)
-            XTestFakeKeyEvent(dpy, key, False, CurrentTime);
+        ASSERT_TRUE(PointOf(desk, Part(desk).file_view, name, &x, &y)) << name;
+        xwktest::ClickWith(Part(desk).file_view, x, y, modifiers);
         xwktest::Settle();
     }
     std::vector<std::string> Selected(Widget desk)
@@ -267,21 +225,15 @@ protected:
         char **paths = nullptr;
         int count = XmFileSelectionDeskGetSelectedItems(desk, &paths);
         std::vector<std::string> out;
-        for (int i = 0; i < count; i++) {
-            out.push_back(paths[i] ? paths[i] : "(null)");
-            XtFree(paths[i]);
-        }
+        for (int i = 0; i < count; i++)
+            out.push_back(xwktest::Take(paths[i]));
         XtFree((char *)paths);
         std::sort(out.begin(), out.end());
         return out;
     }
     std::string SelectionText(Widget desk)
     {
-        char *text = nullptr;
-        XtVaGetValues(desk, XmNselectionTextString, &text, nullptr);
-        std::string out = text ? text : "";
-        XtFree(text);
-        return out;
+        return xwktest::Take(Get<char *>(desk, XmNselectionTextString));
     }
 
     std::string start_;
@@ -298,13 +250,8 @@ TEST_F(Desk, ScanFillsViewTitleAndTree)
     EXPECT_EQ(Shown(desk), dir_ + "/");
     EXPECT_EQ(Part(desk).item_count, kAll);
     EXPECT_EQ(ViewCount(desk), kAll);
-    int count = 0;
-    XtVaGetValues(desk, XmNitemCount, &count, nullptr);
-    EXPECT_EQ(count, kAll);
-    char *directory = nullptr;
-    XtVaGetValues(desk, XmNdirectory, &directory, nullptr);
-    EXPECT_STREQ(directory, (dir_ + "/").c_str());
-    XtFree(directory);
+    EXPECT_EQ(Get<int>(desk, XmNitemCount), kAll);
+    EXPECT_EQ(xwktest::Take(Get<char *>(desk, XmNdirectory)), dir_ + "/");
     // The tree holds the directory's sub-directories.
     auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
     EXPECT_EQ(XmPrjTreeGetItemsCount(Part(desk).dir_tree, node), 4);  // alpha, beta, with space, to_alpha
@@ -331,43 +278,28 @@ TEST_F(Desk, ResourceClassesColoursAndFallbacks)
     XtResourceList list = nullptr;
     Cardinal count = 0;
     XtGetResourceList(xmFileSelectionDeskWidgetClass, &list, &count);
-    struct Case {
-        const char *name, *cls;
-    } cases[] = {{"okCallback", "OkCallback"},
-                 {"transferDoneCallback", "TransferDoneCallback"},
-                 {"deskDirIcon", "DeskDirIcon"},
-                 {"treeRegularIcon", "TreeRegularIcon"},
-                 {"activeBackground", "Background"},
-                 {"fullInfoLayoutString", "LayoutString"}};
-    for (const Case &c : cases) {
-        const char *cls = nullptr;
-        for (Cardinal i = 0; i < count; i++)
-            if (std::strcmp(list[i].resource_name, c.name) == 0)
-                cls = list[i].resource_class;
-        EXPECT_STREQ(cls, c.cls) << c.name;
-    }
+    std::map<std::string, std::string> classes;
+    for (Cardinal i = 0; i < count; i++)
+        classes[list[i].resource_name] = list[i].resource_class;
     XtFree((char *)list);
+    for (auto [name, cls] : {std::pair{"okCallback", "OkCallback"},
+                             {"transferDoneCallback", "TransferDoneCallback"},
+                             {"deskDirIcon", "DeskDirIcon"}, {"treeRegularIcon", "TreeRegularIcon"},
+                             {"activeBackground", "Background"}, {"fullInfoLayoutString", "LayoutString"}})
+        EXPECT_EQ(classes[name], cls) << name;
     // A failed icon warns through the widget; an invalid representation is 0.
-    XtAppContext app = XtWidgetToApplicationContext(xwktest::StartApp());
-    XtErrorHandler old = XtAppSetWarningHandler(app, CollectWarning);
-    warnings.clear();
-    Arg args[3];
-    XtSetArg(args[0], XmNcreateIconProc, IconsButExec);
-    XtSetArg(args[1], XmNrepresentation, 9);
-    XtSetArg(args[2], XmNselectionPolicy, XmBROWSE_SELECT);
-    Widget desk = MakeDesk({args[0], args[1], args[2]});
-    XtAppSetWarningHandler(app, old);
+    XtErrorHandler old = XtAppSetWarningHandler(xwktest::App(), CollectWarning);
+    Widget desk = MakeDesk({{(String)XmNcreateIconProc, (XtArgVal)IconsButExec},
+                            {(String)XmNrepresentation, 9},
+                            {(String)XmNselectionPolicy, XmBROWSE_SELECT}});
+    XtAppSetWarningHandler(xwktest::App(), old);
     ASSERT_EQ(warnings.size(), 1u);
     EXPECT_NE(warnings[0].find("Can't create DeskExec icon."), std::string::npos);
     EXPECT_NE(warnings[0].find("XmFileSelectionDesk"), std::string::npos) << warnings[0];
     EXPECT_EQ(XmFileSelectionDeskGetRepresentation(desk), XmREPRESENTATION_NAME_ONLY);
-    unsigned char policy = 0;
-    XtVaGetValues(Part(desk).file_view, XmNselectionPolicy, &policy, nullptr);
-    EXPECT_EQ(policy, XmBROWSE_SELECT);
+    EXPECT_EQ(Get<unsigned char>(Part(desk).file_view, XmNselectionPolicy), XmBROWSE_SELECT);
     // Without a selection row its text reads NULL.
-    char *selection = (char *)"unread";
-    XtVaGetValues(desk, XmNselectionTextString, &selection, nullptr);
-    EXPECT_EQ(selection, nullptr);
+    EXPECT_EQ(Get<char *>(desk, XmNselectionTextString), nullptr);
     // Foreground and background go to the views.
     Pixel red = xwktest::PixelOf(xwktest::StartApp(), XmNbackground) ^ 0xff0000;
     XtVaSetValues(desk, XmNforeground, red, nullptr);
@@ -386,8 +318,7 @@ TEST_F(Desk, ResourceClassesColoursAndFallbacks)
 TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
 {
     Widget desk = MakeDesk({});
-    FsdEntry **entries = nullptr;
-    XtVaGetValues(desk, XmNitems, &entries, nullptr);
+    auto entries = Get<FsdEntry **>(desk, XmNitems);
     ASSERT_NE(entries, nullptr);
     struct Case {
         unsigned char representation;
@@ -398,7 +329,7 @@ TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
                  {XmREPRESENTATION_DETAIL, false},
                  {XmREPRESENTATION_LARGE_ICONS, true}};
     // A file made now is not seen: nothing is read again.
-    Touch("later.c", 0644);
+    Touch("later.c");
     for (const Case &c : cases) {
         SCOPED_TRACE(int(c.representation));
         XtVaSetValues(desk, XmNrepresentation, c.representation, nullptr);
@@ -409,9 +340,7 @@ TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
         EXPECT_TRUE(XtIsManaged(XtParent(view)));
         EXPECT_STREQ(XtName(XtParent(view)), "fsdFileDeskSW");
         EXPECT_EQ(ViewCount(desk), kAll);
-        FsdEntry **now = nullptr;
-        XtVaGetValues(desk, XmNitems, &now, nullptr);
-        EXPECT_EQ(now, entries);
+        EXPECT_EQ(Get<FsdEntry **>(desk, XmNitems), entries);
     }
     // The detail text of a file: seven fields; the size column groups digits.
     XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
@@ -445,10 +374,7 @@ TEST_F(Desk, PatternsFilterFiles)
         XtVaSetValues(desk, XmNpattern, c.pattern, nullptr);
         xwktest::Settle();
         EXPECT_EQ(Part(desk).item_count, 5 + c.files);
-        char *pattern = nullptr;
-        XtVaGetValues(desk, XmNpattern, &pattern, nullptr);
-        EXPECT_STREQ(pattern, c.pattern);
-        XtFree(pattern);
+        EXPECT_EQ(xwktest::Take(Get<char *>(desk, XmNpattern)), c.pattern);
     }
     // A group of the description is chosen by its row; "All files" comes last.
     XtVaSetValues(desk, XmNpattern, "", XmNpatternsDescription, "Headers|*.h|Texts|*.txt", nullptr);
@@ -461,8 +387,7 @@ TEST_F(Desk, PatternsFilterFiles)
     EXPECT_STREQ(Part(desk).patterns[3]->name, "All files");
     // Out of range after creation reads back as 1.
     XtVaSetValues(desk, XmNpatternsDescription, "Only|*.c", XmNpatternPosition, 9, nullptr);
-    XtVaGetValues(desk, XmNpatternPosition, &position, nullptr);
-    EXPECT_EQ(position, 2);
+    EXPECT_EQ(Get<int>(desk, XmNpatternPosition), 2);
 }
 
 TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
@@ -474,7 +399,7 @@ TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
         (XtPointer) "b.c");
     ASSERT_NE(node, nullptr);
     XmPrjDeskSetItem(view, node);
-    Touch("new.c", 0644);
+    Touch("new.c");
     unlink(P("z.h").c_str());
     XmFileSelectionDeskUpdate(desk, 1);
     xwktest::Settle();
@@ -484,8 +409,7 @@ TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
     EXPECT_STREQ(current->name, "b.c");
     // A directory removed under the desk: no crash, an empty view.
     std::string gone = P("beta");
-    XmFileSelectionDeskShowDirectory(desk, gone.c_str());
-    xwktest::PumpUntil([&] { return Shown(desk) == gone + "/"; });
+    EXPECT_TRUE(ShowDirectory(desk, gone));
     // The rebuilt tree is in order at every level.
     Widget tree = Part(desk).dir_tree;
     auto level = XmPrjTreeGetParent(tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item);
@@ -547,13 +471,10 @@ TEST_F(Desk, NavigateByKeysAndClicks)
 
 TEST_F(Desk, TreeOnlyDesk)
 {
-    Arg arg;
-    XtSetArg(arg, XmNuseFileDesk, False);
-    Widget desk = MakeDeskWithoutView(arg);
-    Widget view = nullptr, ok = nullptr, tree = nullptr;
-    XtVaGetValues(desk, XmNfileDesk, &view, XmNokButton, &ok, XmNdirectoryTree, &tree, nullptr);
-    EXPECT_EQ(view, nullptr);
-    EXPECT_EQ(ok, nullptr);
+    Widget desk = MakeDesk({{(String)XmNuseFileDesk, False}}, 0, false);
+    Widget tree = Get<Widget>(desk, XmNdirectoryTree);
+    EXPECT_EQ(Get<Widget>(desk, XmNfileDesk), nullptr);
+    EXPECT_EQ(Get<Widget>(desk, XmNokButton), nullptr);
     ASSERT_EQ(tree, Part(desk).dir_tree);
     // The directory's node was read and opened, without a view.
     ASSERT_NE(Part(desk).current_dir, nullptr);
@@ -562,26 +483,20 @@ TEST_F(Desk, TreeOnlyDesk)
     EXPECT_EQ(XmPrjTreeGetItemsCount(tree, node), 4);
     // A scan without a view counts the sub-directories it shows.
     XmFileSelectionDeskUpdate(desk, 1);
-    int count = -1;
-    XtVaGetValues(desk, XmNitemCount, &count, nullptr);
-    EXPECT_EQ(count, 4);
+    EXPECT_EQ(Get<int>(desk, XmNitemCount), 4);
 }
 
 TEST_F(Desk, DialogButtonsAndSelection)
 {
-    Arg args[6];
-    Cardinal n = 0;
-    XtSetArg(args[n], XmNwidth, 700), n++;
-    XtSetArg(args[n], XmNheight, 500), n++;
-    XtSetArg(args[n], XmNstyle, XmFILE_SELECTION_USE_ACTION_AREA), n++;
-    XtSetArg(args[n], XmNfilterAppearance, XmAPPEARANCE_ABOVE_FILE_DESK), n++;
-    XtSetArg(args[n], XmNselectionAppearance, XmAPPEARANCE_UNDER_DESK), n++;
-    XtSetArg(args[n], XmNdirectory, dir_.c_str()), n++;
-    Widget desk = XmCreateFileSelectionDeskDialog(xwktest::StartApp(), (String) "fsd", args, n);
+    Arg args[] = {{(String)XmNwidth, 700}, {(String)XmNheight, 500},
+                  {(String)XmNstyle, XmFILE_SELECTION_USE_ACTION_AREA},
+                  {(String)XmNfilterAppearance, XmAPPEARANCE_ABOVE_FILE_DESK},
+                  {(String)XmNselectionAppearance, XmAPPEARANCE_UNDER_DESK},
+                  {(String)XmNdirectory, (XtArgVal)dir_.c_str()}};
+    Widget desk = XmCreateFileSelectionDeskDialog(xwktest::StartApp(), (String) "fsd", args, 6);
     shells_.push_back(XtParent(desk));
-    XtAddCallback(desk, XmNokCallback, Remember, nullptr);
-    XtAddCallback(desk, XmNcancelCallback, Remember, nullptr);
-    XtAddCallback(desk, XmNhelpCallback, Remember, nullptr);
+    for (const char *callback : {XmNokCallback, XmNcancelCallback, XmNhelpCallback})
+        XtAddCallback(desk, callback, Remember, nullptr);
     XtManageChild(desk);
     ASSERT_TRUE(xwktest::WaitViewable(desk));
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == kAll; }));
@@ -591,38 +506,26 @@ TEST_F(Desk, DialogButtonsAndSelection)
     XtVaGetValues(desk, XmNokButton, &ok, XmNtitle, &title, XmNselectionText, &text,
                   XmNfilterText, &filter, nullptr);
     ASSERT_TRUE(ok && title && text && filter);
-    char *label = nullptr;
-    XtVaGetValues(desk, XmNokButtonLabelString, &label, nullptr);
-    EXPECT_STREQ(label, "OK");
-    XtFree(label);
+    EXPECT_EQ(xwktest::Take(Get<char *>(desk, XmNokButtonLabelString)), "OK");
     // The rows are made before the action area; the first button stands
     // off the edge; the shell's minimum height counts the title.
     EXPECT_LT(ChildIndex(desk, text), ChildIndex(desk, Part(desk).action_area));
-    int offset = 0, min_height = 0;
-    XtVaGetValues(ok, XmNleftOffset, &offset, nullptr);
-    EXPECT_EQ(offset, 5);
-    XtVaGetValues(XtParent(desk), XmNminHeight, &min_height, nullptr);
-    EXPECT_GT(min_height, ok->core.height + 8);
+    EXPECT_EQ(Get<int>(ok, XmNleftOffset), 5);
+    EXPECT_GT(Get<int>(XtParent(desk), XmNminHeight), ok->core.height + 8);
     // Help gets the desk's call data.
-    Widget help = nullptr;
-    XtVaGetValues(desk, XmNhelpButton, &help, nullptr);
-    xwktest::ClickCenter(help);
+    xwktest::ClickCenter(Get<Widget>(desk, XmNhelpButton));
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
     EXPECT_EQ(records.back().reason, XmCR_HELP);
     EXPECT_EQ(records.back().directory, dir_ + "/");
     records.clear();
-    XmString shown = nullptr;
-    XtVaGetValues(title, XmNlabelString, &shown, nullptr);
+    XmString shown = Get<XmString>(title, XmNlabelString);
     char *title_text = (char *)XmStringUnparse(shown, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL);
     EXPECT_EQ(std::string(title_text), dir_ + "/   (10) Nodes");
     XtFree(title_text);
     XmStringFree(shown);
     // A name typed in the selection field, then OK.
     XmTextSetString(text, (char *)"  my file.c ");
-    char *selection = nullptr;
-    XtVaGetValues(desk, XmNselectionTextString, &selection, nullptr);
-    EXPECT_STREQ(selection, "myfile.c");
-    XtFree(selection);
+    EXPECT_EQ(SelectionText(desk), "myfile.c");
     XmTextSetString(text, (char *)"typed.c");
     xwktest::ClickCenter(ok);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
@@ -632,13 +535,10 @@ TEST_F(Desk, DialogButtonsAndSelection)
     // The filter field takes a pattern of the user's.
     XmTextSetString(filter, (char *)"*.h");
     XtVaSetValues(filter, XmNeditable, True, nullptr);
-    Widget filter_button = nullptr;
-    XtVaGetValues(desk, XmNfilterButton, &filter_button, nullptr);
-    xwktest::ClickCenter(filter_button);
+    xwktest::ClickCenter(Get<Widget>(desk, XmNfilterButton));
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 6; }));
     // Info switches between the detail table and the icons.
-    Widget info = nullptr;
-    XtVaGetValues(desk, XmNinfoButton, &info, nullptr);
+    Widget info = Get<Widget>(desk, XmNinfoButton);
     xwktest::ClickCenter(info);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return XmFileSelectionDeskGetRepresentation(desk) == XmREPRESENTATION_DETAIL; }));
     EXPECT_EQ(Part(desk).file_view, Part(desk).file_list);
@@ -646,7 +546,7 @@ TEST_F(Desk, DialogButtonsAndSelection)
     ASSERT_TRUE(xwktest::PumpUntil([&] { return XmFileSelectionDeskGetRepresentation(desk) == XmREPRESENTATION_LARGE_ICONS; }));
     // A dialog brought up again reads a directory that changed meanwhile.
     XtUnmanageChild(desk);
-    Touch("more.h", 0644);
+    Touch("more.h");
     struct timeval later[2] = {{time(nullptr) + 10, 0}, {time(nullptr) + 10, 0}};
     ASSERT_EQ(utimes(dir_.c_str(), later), 0);
     XtManageChild(desk);
@@ -679,12 +579,10 @@ TEST_F(Desk, DialogButtonsAndSelection)
 // own view and a drop site of another kind.
 TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
 {
-    Arg args[4];
-    XtSetArg(args[0], XmNstyle, XmFILE_SELECTION_USE_ACTION_AREA);
-    XtSetArg(args[1], XmNselectionAppearance, XmAPPEARANCE_UNDER_DESK);
-    XtSetArg(args[2], XmNselectionPolicy, 1);
-    XtSetArg(args[3], XmNrepresentation, XmREPRESENTATION_DETAIL);
-    Widget source = MakeDesk({args, args + 4}, 0);
+    Widget source = MakeDesk({{(String)XmNstyle, XmFILE_SELECTION_USE_ACTION_AREA},
+                              {(String)XmNselectionAppearance, XmAPPEARANCE_UNDER_DESK},
+                              {(String)XmNselectionPolicy, 1},
+                              {(String)XmNrepresentation, XmREPRESENTATION_DETAIL}});
     XtAddCallback(source, XmNtransferDoneCallback, Dropped, nullptr);
     ClickItem(source, "a.c");
     EXPECT_EQ(SelectionText(source), P("a.c"));
@@ -696,17 +594,14 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     EXPECT_EQ(SelectionText(source), P("b.c"));
     const std::vector<std::string> both = {P("a.c"), P("notes.txt")};
     EXPECT_EQ(Selected(source), both);
-    XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
-    xwktest::Settle();
+    Represent(source, XmREPRESENTATION_LARGE_ICONS);
     EXPECT_EQ(Selected(source), both);
-    XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
-    xwktest::Settle();
+    Represent(source, XmREPRESENTATION_DETAIL);
     EXPECT_EQ(Selected(source), both);
 
     Widget target = MakeDesk({}, 660);
     XtAddCallback(target, XmNtransferDoneCallback, Dropped, nullptr);
-    XmFileSelectionDeskShowDirectory(target, P("beta").c_str());
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(target) == P("beta") + "/"; }));
+    ASSERT_TRUE(ShowDirectory(target, P("beta")));
     Widget shell = XtVaAppCreateShell("probe", "Probe", topLevelShellWidgetClass, XtDisplay(source),
                                       XmNx, 960, XmNy, 440, XmNwidth, 200, XmNheight, 100, nullptr);
     shells_.push_back(shell);
@@ -714,15 +609,13 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     XtManageChild(probe);
     XtRealizeWidget(shell);
     ASSERT_TRUE(xwktest::WaitViewable(probe));
-    Atom targets[3] = {XInternAtom(XtDisplay(probe), "FILE_NAME", False),
-                       XInternAtom(XtDisplay(probe), "COMPOUND_TEXT", False),
-                       XInternAtom(XtDisplay(probe), "_XWK_FILE_NAMES", False)};
-    Arg site[5];
-    XtSetArg(site[0], XmNimportTargets, targets);
-    XtSetArg(site[1], XmNnumImportTargets, 3);
-    XtSetArg(site[2], XmNdropSiteOperations, XmDROP_MOVE | XmDROP_COPY | XmDROP_LINK);
-    XtSetArg(site[3], XmNdropProc, ProbeDrop);
-    XtSetArg(site[4], XmNanimationStyle, XmDRAG_UNDER_NONE);
+    Atom targets[3];
+    XInternAtoms(XtDisplay(probe), (char **)kProbeTargets, 3, False, targets);
+    Arg site[] = {{(String)XmNimportTargets, (XtArgVal)targets},
+                  {(String)XmNnumImportTargets, 3},
+                  {(String)XmNdropSiteOperations, XmDROP_MOVE | XmDROP_COPY | XmDROP_LINK},
+                  {(String)XmNdropProc, (XtArgVal)ProbeDrop},
+                  {(String)XmNanimationStyle, XmDRAG_UNDER_NONE}};
     XmDropSiteRegister(probe, site, 5);
     xwktest::Settle();
     // A file the source still shows but that is gone from the disk.
@@ -749,8 +642,7 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     };
     for (const Case &c : cases) {
         if (!c.item) {
-            XtVaSetValues(source, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
-            xwktest::Settle();
+            Represent(source, XmREPRESENTATION_LARGE_ICONS);
             ClickItem(source, "notes.txt", ControlMask);
             ClickItem(source, "a.c", ControlMask);
             EXPECT_EQ(XmFileSelectionDeskGetSelectedItemsCount(source), 0);
@@ -763,8 +655,11 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
         RootPointOf(source, Part(source).file_view, c.item, &x0, &y0);
         if (c.site == kTargetView)
             RootPointOf(target, Part(target).file_view, "..", &x1, &y1);
-        else if (c.site == kTargetTree)  // the middle of the row, clear of the edge
-            RootPointOf(target, Part(target).dir_tree, "", &x1, &y1), x1 += 40;
+        else if (c.site == kTargetTree) {  // the row brought into view; its middle, clear of the edge
+            Widget tree = Part(target).dir_tree;
+            XmPrjTreeSetTopItem(tree, XmPrjTreeGetParent(tree, (XmPrjTreeNode)Part(target).current_dir->tree_item));
+            RootPointOf(target, tree, "", &x1, &y1), x1 += 40;
+        }
         else if (c.site == kOwnView)
             RootPointOf(source, Part(source).file_view, "b.c", &x1, &y1);
         else
@@ -805,16 +700,12 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
 TEST_F(Desk, TenThousandFilesShownScrolledAndSelected)
 {
     std::string big = LinkMany(P("big"), 10000);
-    Arg arg;
-    XtSetArg(arg, XmNrepresentation, XmREPRESENTATION_DETAIL);
-    Widget desk = MakeDesk({arg});
+    Widget desk = MakeDesk({{(String)XmNrepresentation, XmREPRESENTATION_DETAIL}});
     XtAddCallback(desk, XmNsingleSelectionCallback, Remember, nullptr);
-    XmFileSelectionDeskShowDirectory(desk, big.c_str());
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == big + "/"; }, 20000));
+    ASSERT_TRUE(ShowDirectory(desk, big, 20000));
     for (unsigned char representation : {XmREPRESENTATION_DETAIL, XmREPRESENTATION_SMALL_ICONS}) {
         SCOPED_TRACE(int(representation));
-        XtVaSetValues(desk, XmNrepresentation, representation, nullptr);
-        xwktest::Settle();
+        Represent(desk, representation);
         EXPECT_EQ(Part(desk).item_count, 10001);
         EXPECT_EQ(ViewCount(desk), 10001);
         Widget view = Part(desk).file_view;
@@ -850,8 +741,7 @@ TEST_F(Desk, TwoHundredThousandEntries)
     XmFileSelectionDeskShowDirectory(desk, huge.c_str());
     EXPECT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 200001; }, 60000));
     EXPECT_EQ(ViewCount(desk), 200001);
-    XmFileSelectionDeskShowDirectory(desk, dir_.c_str());
-    EXPECT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/"; }, 20000));
+    EXPECT_TRUE(ShowDirectory(desk, dir_, 20000));
     std::string cmd = "rm -rf '" + top + "'";
     EXPECT_EQ(system(cmd.c_str()), 0);
 }
@@ -868,9 +758,7 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
         AnotherUser() { xwkUID = 4242, xwkGIDs = mine, xwkNumGIDs = 1; }
         ~AnotherUser() { xwkUID = uid, xwkGIDs = gids, xwkNumGIDs = count; }
     } another_user;
-    Arg arg;
-    XtSetArg(arg, XmNuseDenyWriteIcon, True);
-    Widget desk = MakeDesk({arg});
+    Widget desk = MakeDesk({{(String)XmNuseDenyWriteIcon, True}});
     auto item = [&](const char *name) -> FsdFileItem * {
         for (int i = 0; i < Part(desk).entry_count; i++)
             if (FsdFileItem *it = Part(desk).entries[i]->item; it && std::strcmp(it->name, name) == 0)
@@ -879,10 +767,8 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
         return nullptr;
     };
     auto icon = [&](const char *resource) {
-        XtPointer value = nullptr;
-        XtVaGetValues(desk, resource, &value, nullptr);
-        EXPECT_NE(value, nullptr) << resource;
-        return value;
+        EXPECT_NE(Get<XtPointer>(desk, resource), nullptr) << resource;
+        return Get<XtPointer>(desk, resource);
     };
     struct Case {
         const char *name;
@@ -895,8 +781,7 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
         {"run", XmNdeskExecIcon, XmNtreeRegularIcon},
         {"a.c", XmNdeskRegularIcon, XmNtreeRegularIcon},
     };
-    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
-    xwktest::Settle();
+    Represent(desk, XmREPRESENTATION_DETAIL);
     for (const Case &c : cases) {
         FsdFileItem *it = item(c.name);
         ASSERT_NE(it, nullptr);
@@ -909,8 +794,7 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
         Part(desk).dir_tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item, "locked");
     ASSERT_NE(locked, nullptr);
     EXPECT_FALSE(((XmPrjTreeItem)locked->data)->flags & XmTREE_ITEM_SELECTABLE);
-    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_LARGE_ICONS, nullptr);
-    xwktest::Settle();
+    Represent(desk, XmREPRESENTATION_LARGE_ICONS);
     ClickItem(desk, "locked");
     ClickItem(desk, "locked");
     xwktest::Pump(300);
@@ -939,12 +823,10 @@ TEST_F(Desk, PanelKeys)
     xwktest::PressKey(dpy, XK_Tab);
     xwktest::Settle();
     EXPECT_EQ(XmGetFocusWidget(desk), view);
-    unsigned char before = 0, after = 0;
-    XtVaGetValues(paned, XmNorientation, &before, nullptr);
+    auto before = Get<unsigned char>(paned, XmNorientation);
     xwktest::PressKey(dpy, XK_o, ControlMask);
     xwktest::Settle();
-    XtVaGetValues(paned, XmNorientation, &after, nullptr);
-    EXPECT_NE(after, before);
+    EXPECT_NE(Get<unsigned char>(paned, XmNorientation), before);
     EXPECT_EQ(XmGetFocusWidget(desk), view);
     EXPECT_GT(left->core.y, right->core.y);  // the swapped panels, now one above the other
 }
