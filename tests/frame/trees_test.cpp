@@ -107,16 +107,14 @@ TEST(Trees, LinkAtTheEndOfAFreshTreeMatchesARenumbering)
     XwkTreeNode *root = t_tlink(tree, nullptr, W(2));
     EXPECT_EQ(tree->root, root);
     EXPECT_EQ(root->id, 0u);
-    XwkTreeNode *a = t_tlink(tree, root, W(3));
+    t_tlink(tree, root, W(3));
     XwkTreeNode *b = t_tlink(tree, root, W(4));
-    XwkTreeNode *b1 = t_tlink(tree, b, W(5));
+    t_tlink(tree, b, W(5));
     EXPECT_FALSE(Stale(tree));
     EXPECT_EQ(Shape(root), "2(0,0)[3(1,1) 4(2,1)[5(3,2)]]");
     XwkTreeNode *b2 = t_tlink(tree, b, W(6));
     EXPECT_EQ(b2->id, 4u);
     EXPECT_EQ(t_find(tree, 4), b2);
-    (void)a;
-    (void)b1;
     // Below the detached former root nothing is renumbered.
     XwkTreeNode *stray = t_tlink(tree, old_root, W(7));
     EXPECT_EQ(stray->id, 7u);
@@ -255,13 +253,12 @@ TEST(Trees, ReparentOntoTheCurrentParentChangesNothing)
 TEST(Trees, ReparentIntoOwnSubtreeHoistsTheChildren)
 {
     Sample s;
-    XwkTreeNode *n13 = t_tlink(s.tree, s.n1, W(13));
+    t_tlink(s.tree, s.n1, W(13));
     XwkTreeNode *n121 = t_tlink(s.tree, s.n12, W(121));
     EXPECT_EQ(t_reparent(s.tree, s.n1, s.n12), s.n1);
     EXPECT_EQ(Shape(s.root),
               "0(0,0)[2(1,1)[21(2,2)] 11(3,1) 12(4,1)[121(5,2) 1(6,2)] 13(7,1)]");
     EXPECT_EQ(s.n1->nchildren, 0u);
-    (void)n13;
 
     // Deeper down: onto a grandchild.
     EXPECT_EQ(t_reparent(s.tree, s.n12, n121), s.n12);
@@ -322,8 +319,7 @@ TEST(Trees, DeleteNodeFreesTheSubtreeAndRenumbers)
 TEST(Trees, FreeNodeGoesChildrenFirstAndKeepsLinks)
 {
     Sample s;
-    XwkTreeNode *n111 = t_tlink(s.tree, s.n11, W(111));
-    (void)n111;
+    t_tlink(s.tree, s.n11, W(111));
     unsigned before = s.tree->count;
     // t_freenode does not unlink: detach first, as t_delete_node does.
     s.root->first_child = s.n2;
@@ -341,10 +337,9 @@ TEST(Trees, FreeNodeGoesChildrenFirstAndKeepsLinks)
     t_destroy(nullptr);
 }
 
-void Visit(XwkTreeNode *node, XtPointer data, XtPointer arg)
+void Visit(XwkTreeNode *, XtPointer data, XtPointer arg)
 {
     static_cast<std::vector<intptr_t> *>(arg)->push_back(V(data));
-    (void)node;
 }
 
 // Hangs a new first child under 1 while 1 is visited: the child list was

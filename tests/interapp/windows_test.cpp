@@ -68,15 +68,12 @@ struct Display_ {
     }
     Widget Pane(Widget cascade_button) const
     {
-        Widget sub = nullptr;
-        if (cascade_button)
-            XtVaGetValues(cascade_button, XmNsubMenuId, &sub, NULL);
-        return sub;
+        return cascade_button ? xwktest::Get<Widget>(cascade_button, XmNsubMenuId) : nullptr;
     }
-    // The labels of a pane's managed entries; a cascade shows as "title>".
-    std::vector<std::string> Entries(Widget pane) const
+    // A pane's managed entries with their labels; a cascade shows as "title>".
+    std::vector<std::pair<std::string, Widget>> Items(Widget pane) const
     {
-        std::vector<std::string> out;
+        std::vector<std::pair<std::string, Widget>> out;
         if (!pane)
             return out;
         CompositeWidget c = (CompositeWidget)pane;
@@ -85,32 +82,31 @@ struct Display_ {
             if (child->core.being_destroyed || !XtIsManaged(child))
                 continue;
             if (!XmIsPushButton(child) && !XmIsCascadeButton(child)) {
-                out.push_back("-");
+                out.emplace_back("-", child);
                 continue;
             }
-            XmString s = nullptr;
-            XtVaGetValues(child, XmNlabelString, &s, NULL);
-            char *text = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT,
-                                                 nullptr, 0, XmOUTPUT_ALL);
-            out.push_back(std::string(text) + (XmIsCascadeButton(child) ? ">" : ""));
-            XtFree(text);
+            XmString s = xwktest::Get<XmString>(child, XmNlabelString);
+            out.emplace_back(xwktest::Take((char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT,
+                                                                   XmCHARSET_TEXT, nullptr, 0,
+                                                                   XmOUTPUT_ALL)) +
+                                 (XmIsCascadeButton(child) ? ">" : ""),
+                             child);
             XmStringFree(s);
         }
         return out;
     }
+    std::vector<std::string> Entries(Widget pane) const
+    {
+        std::vector<std::string> out;
+        for (auto &item : Items(pane))
+            out.push_back(item.first);
+        return out;
+    }
     Widget Entry(Widget pane, const std::string &label) const
     {
-        if (!pane)
-            return nullptr;
-        std::vector<std::string> labels = Entries(pane);
-        CompositeWidget c = (CompositeWidget)pane;
-        for (Cardinal i = 0, k = 0; i < c->composite.num_children; i++) {
-            Widget child = c->composite.children[i];
-            if (child->core.being_destroyed || !XtIsManaged(child))
-                continue;
-            if (labels[k++] == label)
-                return child;
-        }
+        for (auto &item : Items(pane))
+            if (item.first == label)
+                return item.second;
         return nullptr;
     }
     // Tree rows as "title" and "  title" for a child, in order.

@@ -8,11 +8,7 @@
 namespace {
 
 using treetest::AddRow;
-
-XmPrjTreePart &Part(Widget w)
-{
-    return ((XmPrjTreeWidget)w)->tree;
-}
+using treetest::Part;
 
 struct Sheet {
     Widget shell, box, tree;

@@ -6,11 +6,7 @@
 namespace {
 
 using treetest::AddRow;
-
-XmPrjTreePart &Part(Widget w)
-{
-    return ((XmPrjTreeWidget)w)->tree;
-}
+using treetest::Part;
 
 int ColumnGapOf(Widget w)
 {
@@ -122,9 +118,8 @@ TEST(TreeColumns, LayoutStringRoundTrip)
     Table t("A|B|C|D", 4, 400);
     Fill(t.tree);
     t.Up();
-    XmPrjTreeSetTitleItemWidth(t.tree, 1, 50);
-    XmPrjTreeSetTitleItemWidth(t.tree, 2, 60);
-    XmPrjTreeSetTitleItemWidth(t.tree, 3, 70);
+    for (int i = 1; i <= 3; i++)
+        XmPrjTreeSetTitleItemWidth(t.tree, i, 40 + 10 * i);
     std::string saved = t.Layout();
     // Another order, another first column, other widths; then the saved
     // string restores all three.
@@ -163,9 +158,7 @@ TEST(TreeColumns, BoundaryDragResizesAndRepaintsGrid)
     t.Up();
     // The first column starts inside the bar's shadow.
     XmPrjTreePart &p = Part(t.tree);
-    Dimension bar_shadow = 0;
-    XtVaGetValues(t.title, XmNshadowThickness, &bar_shadow, NULL);
-    EXPECT_EQ(t.ColumnRec(1)->x, bar_shadow + p.hPad + p.treeMarginWidth + p.highlightThickness);
+    EXPECT_EQ(t.ColumnRec(1)->x, xwktest::Get<Dimension>(t.title, XmNshadowThickness) + p.hPad + p.treeMarginWidth + p.highlightThickness);
     int before = XmPrjTreeGetTitleItemWidth(t.tree, 1);
     int boundary = t.Boundary(2);
     t.DragTitle(boundary, 30);
@@ -192,7 +185,6 @@ TEST(TreeColumns, SortClickTogglesDirectionAndArrow)
     Fill(t.tree);
     t.Up();
     xwktest::MoveTo(t.tree, 40, 60, 100);
-    xwktest::Capture plain(t.title);
     int x = t.ColumnRec(1)->x + 10;
     xwktest::Click(t.title, x, t.title->core.height / 2);
     xwktest::Pump(300);
