@@ -27,6 +27,13 @@ void ForwardRootEvent(Widget, XtPointer, XEvent *event)
         XwkProcessWindowsInfo(w, Key(), event);
 }
 
+int MapState(Display *dpy, Window w)
+{
+    XWindowAttributes a;
+    XGetWindowAttributes(dpy, w, &a);
+    return a.map_state;
+}
+
 std::string Hex8(unsigned long v)
 {
     char buf[16];
@@ -285,17 +292,12 @@ TEST_F(Windows, MenuAndTreeFollowTitlesChildrenAndRaise)
     ASSERT_TRUE(shows({"Editor+"}, {"Control panel", "-", "Editor+"}));
 
     // Choosing the entry with the mouse maps the peer's window.
-    XWindowAttributes a;
-    XGetWindowAttributes(dpy(), ids[0], &a);
-    ASSERT_EQ(a.map_state, IsUnmapped);
+    ASSERT_EQ(MapState(dpy(), ids[0]), IsUnmapped);
     xwktest::ClickCenter(d.cascade);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return XtIsRealized(pane) && XtIsManaged(pane); }));
     xwktest::WaitViewable(d.Entry(pane, "Editor+"));
     xwktest::ClickCenter(d.Entry(pane, "Editor+"));
-    EXPECT_TRUE(xwktest::PumpUntil([&] {
-        XGetWindowAttributes(dpy(), ids[0], &a);
-        return a.map_state == IsViewable;
-    }));
+    EXPECT_TRUE(xwktest::PumpUntil([&] { return MapState(dpy(), ids[0]) == IsViewable; }));
 
     // "Control panel" takes the session's selection at the time of the
     // click, also from an owner that came after the table's last change.
@@ -389,12 +391,7 @@ TEST_F(Windows, ParentHidesAndShowsItsChildApplication)
                            "_SMELD_PARENT_WINDOW=" + std::to_string(parent)});
     std::vector<Window> ids = child.Ready();
     ASSERT_EQ(ids.size(), 2u);
-    auto state = [&](Window w) {
-        XWindowAttributes a;
-        XGetWindowAttributes(dpy(), w, &a);
-        return a.map_state;
-    };
-    auto both = [&](int s) { return state(ids[0]) == s && state(ids[1]) == s; };
+    auto both = [&](int s) { return MapState(dpy(), ids[0]) == s && MapState(dpy(), ids[1]) == s; };
     ASSERT_TRUE(xwktest::PumpUntil([&] { return both(IsViewable); }));
     Atom vis = XInternAtom(dpy(), "_SMELD_VISIBILITY", False);
     auto ask = [&](unsigned long from, long wanted) {

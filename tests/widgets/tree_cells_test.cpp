@@ -411,12 +411,12 @@ TEST(TreeCells, OpenPointsOfClones)
     Widget app = xwktest::StartApp();
     // Each view in a shell of its own: Motif's row column leaks a little
     // when a child of it is destroyed.
-    Widget shell = XtVaCreatePopupShell("slam", topLevelShellWidgetClass, app, XmNwidth, 240,
-                                        XmNheight, 100, NULL);
-    Widget clone_shell = XtVaCreatePopupShell("clone", topLevelShellWidgetClass, app, XmNy, 150,
-                                              XmNwidth, 240, XmNheight, 100, NULL);
-    Widget second_shell = XtVaCreatePopupShell("second", topLevelShellWidgetClass, app, XmNy, 300,
-                                               XmNwidth, 240, XmNheight, 100, NULL);
+    auto popup = [app](const char *name, int y) {
+        return XtVaCreatePopupShell(name, topLevelShellWidgetClass, app, XmNy, y, XmNwidth, 240,
+                                    XmNheight, 100, NULL);
+    };
+    Widget shell = popup("slam", 0), clone_shell = popup("clone", 150);
+    Widget second_shell = popup("second", 300);
     Widget mother = treetest::Create(shell, "mother", {{XmNheight, 60}, {XmNwidth, 200}});
     XwkIcon *fruitless = nullptr, *open = nullptr, *closed = nullptr;
     XmPrjTreeGetDefaultItemAttributes(mother, &fruitless, &open, &closed);
