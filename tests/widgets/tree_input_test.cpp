@@ -152,9 +152,8 @@ TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
             EXPECT_EQ(ids[n - 1], l.rows[st.last]) << st.row;
         }
         XtFree((char *)ids);
-        if (!st.mods) {
+        if (!st.mods)
             EXPECT_EQ(l.Current(), l.rows[st.row]);
-        }
     }
     EXPECT_GE(Count("multipleSelectionCallback"), 1);
 }
@@ -241,25 +240,21 @@ TEST(TreeKeys, SlamKeysOpenAndClose)
     EXPECT_EQ(l.Current(), a1);
     l.Key(XK_Down, ControlMask);
     EXPECT_EQ(shown->count, 5);
-    std::vector<XmPrjTreeNode> open_order{l.rows[0], a1, a11, l.rows[1], l.rows[2]};
-    EXPECT_EQ(order(), open_order);
-    {
-        // The opened branch is on the screen: five rows, the fifth label
-        // drawn, and nothing below it.
-        xwktest::Settle();
-        xwktest::Capture c(l.tree);
-        Pixel fg = xwktest::PixelOf(l.tree, XmNforeground);
-        int rh = Part(l.tree).rowHeight;
-        EXPECT_GT(c.Count(fg, 0, l.RowMiddle(4) - rh / 2, l.tree->core.width, rh), 0);
-        EXPECT_EQ(c.Count(fg, 4, l.RowMiddle(5) - rh / 2, l.tree->core.width - 8, rh), 0);
-    }
+    EXPECT_EQ(order(), (std::vector<XmPrjTreeNode>{l.rows[0], a1, a11, l.rows[1], l.rows[2]}));
+    // The opened branch is on the screen: five rows, the fifth label drawn,
+    // and nothing below it.
+    xwktest::Settle();
+    xwktest::Capture c(l.tree);
+    Pixel fg = xwktest::PixelOf(l.tree, XmNforeground);
+    int rh = Part(l.tree).rowHeight;
+    EXPECT_GT(c.Count(fg, 0, l.RowMiddle(4) - rh / 2, l.tree->core.width, rh), 0);
+    EXPECT_EQ(c.Count(fg, 4, l.RowMiddle(5) - rh / 2, l.tree->core.width - 8, rh), 0);
     // Ctrl-Up closes the open row; again, it climbs to the parent and
     // closes that.
     l.Key(XK_Up, ControlMask);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, a1), XmSLAM_CLOSE);
     EXPECT_EQ(shown->count, 4);
-    std::vector<XmPrjTreeNode> closed_order{l.rows[0], a1, l.rows[1], l.rows[2]};
-    EXPECT_EQ(order(), closed_order);
+    EXPECT_EQ(order(), (std::vector<XmPrjTreeNode>{l.rows[0], a1, l.rows[1], l.rows[2]}));
     EXPECT_EQ(l.Current(), a1);
     l.Key(XK_Up, ControlMask);
     EXPECT_EQ(l.Current(), l.rows[0]);
@@ -367,11 +362,8 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
     EXPECT_EQ(Of("losingFocusCallback"), Seen(XmCR_LOSING_FOCUS, 1, l.rows[2]));
     EXPECT_FALSE(Part(l.tree).hasFocus);
     xwktest::Settle();
-    {
-        xwktest::Capture c(l.tree);
-        XmPrjTreePart &t = Part(l.tree);
-        EXPECT_EQ(c.Pixel(l.tree->core.width - 12, l.RowMiddle(2)), t.inactiveBackground);
-    }
+    EXPECT_EQ(xwktest::Capture(l.tree).Pixel(l.tree->core.width - 12, l.RowMiddle(2)),
+              Part(l.tree).inactiveBackground);
     XSetInputFocus(XtDisplay(l.shell), XtWindow(l.shell), RevertToParent, CurrentTime);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(l.tree).hasFocus; }));
     // Button 2 starts a drag on the row under the pointer.
@@ -513,7 +505,7 @@ struct Deleting : Live {
 TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
 {
     Deleting l(XmSINGLE_SELECT);
-    XmPrjTreeNode k1 = AddRow(l.tree, l.rows[0], "k1");
+    AddRow(l.tree, l.rows[0], "k1");
     AddRow(l.tree, l.rows[0], "k2");
     XmPrjTreeChangeState(l.tree, l.rows[0], XmSLAM_OPEN);
     xwktest::Settle();
@@ -529,7 +521,6 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     EXPECT_EQ(l.Current(), nullptr);
     ASSERT_EQ(Count("selectionChanged"), 1);
     EXPECT_EQ(Last("selectionChanged").reason, XmCR_TREE_SELECTION_CHANGED);
-    (void)k1;
     // The list still answers the pointer.
     l.ClickRow(0);
     EXPECT_EQ(l.Current(), l.rows[1]);
@@ -680,10 +671,7 @@ TEST(TreeSelection, DeselectAllRepaintsTheClones)
     Dimension shadow = ((XmManagerWidget)clone)->manager.shadow_thickness;
     int y = t.treeMarginHeight + shadow + t.rowHeight + t.rowHeight / 2;
     int x = clone->core.width - 12;
-    {
-        xwktest::Capture c(clone);
-        ASSERT_EQ(c.Pixel(x, y), fill);
-    }
+    ASSERT_EQ(xwktest::Capture(clone).Pixel(x, y), fill);
     XmPrjTreeDeselectAllItems(mother);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(mother), 0);
     xwktest::Settle();
@@ -814,7 +802,7 @@ TEST(TreeTraversal, TabAndShiftTabMoveBetweenGroups)
     Widget group = XtVaCreateManagedWidget("group", xmFormWidgetClass, form, XmNtopAttachment,
                                            XmATTACH_WIDGET, XmNtopWidget, XtParent(second),
                                            XmNleftAttachment, XmATTACH_FORM, NULL);
-    Widget button = XtVaCreateManagedWidget("button", xmPushButtonWidgetClass, group, NULL);
+    XtVaCreateManagedWidget("button", xmPushButtonWidgetClass, group, NULL);
     XtPopup(shell, XtGrabNone);
     ASSERT_TRUE(xwktest::WaitViewable(tree));
     XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
@@ -829,7 +817,6 @@ TEST(TreeTraversal, TabAndShiftTabMoveBetweenGroups)
     xwktest::PressKey(XtDisplay(tree), XK_Tab, ShiftMask);
     xwktest::PumpUntil([&] { return XmGetFocusWidget(tree) == tree; });
     EXPECT_EQ(XmGetFocusWidget(tree), tree);
-    (void)button;
     XtDestroyWidget(shell);
     xwktest::Settle();
 }
