@@ -23,8 +23,6 @@ struct Shown : treetest::Window {
         : Window({{XmNcanSlam, slam}}, width, height, scrolled)
     {
     }
-    Pixel Get(const char *name) { return xwktest::PixelOf(tree, name); }
-    int RowY(int row) { return RowTop(row); }
 };
 
 TEST(TreeGeometry, RowHeightEvenAndPageRule)
@@ -193,7 +191,7 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
     EXPECT_TRUE(Warned(log, "Item label height is not reasonable"));
     {
         xwktest::Capture c(s.tree);
-        EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowY(0), 60, before), 0);
+        EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowTop(0), 60, before), 0);
     }
     XtVaSetValues(s.tree, XmNvFontPad, pad, NULL);
     EXPECT_EQ(Part(s.tree).rowHeight, before);
@@ -218,15 +216,15 @@ TEST(TreePaint, HighlightMarkComesAndGoesWithoutClearing)
     EXPECT_EQ(XmPrjTreeGetHighlightedWidget(s.tree), s.tree);
     {
         xwktest::Capture c(s.tree);
-        EXPECT_GT(c.Count(mark, edge - 1, s.RowY(2), 2, t.rowHeight), 4);
-        EXPECT_EQ(c.Count(mark, edge - 1, s.RowY(1), 2, t.rowHeight), 0);
+        EXPECT_GT(c.Count(mark, edge - 1, s.RowTop(2), 2, t.rowHeight), 4);
+        EXPECT_EQ(c.Count(mark, edge - 1, s.RowTop(1), 2, t.rowHeight), 0);
     }
     XmPrjTreeUnhighlight(s.tree);
     xwktest::Settle();
     EXPECT_EQ(XmPrjTreeGetHighlightedWidget(s.tree), nullptr);
     {
         xwktest::Capture c(s.tree);
-        EXPECT_EQ(c.Count(mark, edge - 1, s.RowY(2), 2, t.rowHeight), 0);
+        EXPECT_EQ(c.Count(mark, edge - 1, s.RowTop(2), 2, t.rowHeight), 0);
     }
 }
 
@@ -252,12 +250,12 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
         ASSERT_TRUE(c.ok());
         // Row 0 is selected: its band right of the label is filled.
         int x = s.tree->core.width - 12;
-        Pixel p = c.Pixel(x, s.RowY(0) + rh / 2);
+        Pixel p = c.Pixel(x, s.RowTop(0) + rh / 2);
         EXPECT_TRUE(p == active || p == inactive);
-        EXPECT_EQ(c.Pixel(x, s.RowY(1) + rh / 2), bg);
+        EXPECT_EQ(c.Pixel(x, s.RowTop(1) + rh / 2), bg);
         // Row 2 is "beta": the grandchild stays hidden, so row 3 is empty.
-        EXPECT_GT(c.Count(fg, 0, s.RowY(2), s.tree->core.width, rh), 0);
-        EXPECT_EQ(c.Count(fg, 4, s.RowY(3), s.tree->core.width - 8, rh), 0);
+        EXPECT_GT(c.Count(fg, 0, s.RowTop(2), s.tree->core.width, rh), 0);
+        EXPECT_EQ(c.Count(fg, 4, s.RowTop(3), s.tree->core.width - 8, rh), 0);
     }
     // Preferred width: the indent of the deepest shown level, here the
     // closed "child" at level 2, with margins, padding and highlight.
@@ -273,8 +271,8 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
     {
         xwktest::Capture c(s.tree);
         // Two rows left: the third band is empty.
-        EXPECT_EQ(c.Count(fg, 4, s.RowY(2), s.tree->core.width - 8, rh), 0);
-        EXPECT_GT(c.Count(fg, 0, s.RowY(1), s.tree->core.width, rh), 0);
+        EXPECT_EQ(c.Count(fg, 4, s.RowTop(2), s.tree->core.width - 8, rh), 0);
+        EXPECT_GT(c.Count(fg, 0, s.RowTop(1), s.tree->core.width, rh), 0);
     }
 }
 
@@ -302,22 +300,38 @@ TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
     int x1 = t.hPad + 8 + borders;
     int x2 = x1 + 16 + t.hIconPad;
     // Under "top": through all of row 1 ("one" has a sibling after it),
-    // and row 2, and to the middle of row 3 ("three" is the last).
-    EXPECT_EQ(c.Pixel(x1, s.RowY(1) + 1), trunk);
-    EXPECT_EQ(c.Pixel(x1, s.RowY(1) + rh - 1), trunk);
-    EXPECT_EQ(c.Pixel(x1, s.RowY(2) + rh / 2), trunk);
-    EXPECT_EQ(c.Pixel(x1, s.RowY(3) + 1), trunk);
-    EXPECT_NE(c.Pixel(x1, s.RowY(3) + rh - 1), trunk);
-    // Under "one": only row 2, to its middle, with the horizontal to the icon.
-    EXPECT_EQ(c.Pixel(x2, s.RowY(2) + 1), trunk);
-    EXPECT_NE(c.Pixel(x2, s.RowY(2) + rh - 1), trunk);
-    EXPECT_EQ(c.Pixel(x2 + 4, s.RowY(2) + rh / 2), trunk);
-    EXPECT_NE(c.Pixel(x2, s.RowY(3) + 1), trunk);
+    // and row 2, and to the middle of row 3 ("three" is the last).  Under
+    // "one": only row 2, to its middle, with the horizontal to the icon.
+    struct { int x, row, dy; bool on; } px[] = {
+        {x1, 1, 1, true}, {x1, 1, rh - 1, true}, {x1, 2, rh / 2, true}, {x1, 3, 1, true},
+        {x1, 3, rh - 1, false}, {x2, 2, 1, true}, {x2, 2, rh - 1, false},
+        {x2 + 4, 2, rh / 2, true}, {x2, 3, 1, false}};
+    for (auto &p : px)
+        EXPECT_EQ(c.Pixel(p.x, s.RowTop(p.row) + p.dy) == trunk, p.on) << p.x << " " << p.row << "+" << p.dy;
     // The icon itself stands in its slot, at the level's icon x.
-    Pixel blue = c.Pixel(x2 + 16 + t.hIconPad, s.RowY(2) + rh / 2);
+    Pixel blue = c.Pixel(x2 + 16 + t.hIconPad, s.RowTop(2) + rh / 2);
     EXPECT_NE(blue, xwktest::PixelOf(s.tree, XmNbackground));
     XmPrjTreeDeleteAllItems(s.tree);
     XwkIconFree(s.tree, icon);
+}
+
+// The bounds of a pixel value in a band of rows; first (left) is -1 if none.
+struct Box {
+    int first = -1, second = -1, top = -1, bottom = -1;
+};
+Box Span(Widget w, unsigned long pixel, int y, int h)
+{
+    xwktest::Capture c(w);
+    Box b;
+    for (int yy = y; yy < y + h; yy++)
+        for (int x = 0; x < (int)w->core.width; x++)
+            if (c.Pixel(x, yy) == pixel) {
+                b.first = b.first < 0 ? x : std::min(b.first, x);
+                b.second = std::max(b.second, x);
+                b.top = b.top < 0 ? yy : b.top;
+                b.bottom = yy;
+            }
+    return b;
 }
 
 // A nested row's state icon stands centred on the trunk's joint, and a
@@ -339,19 +353,7 @@ TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
     ASSERT_EQ(t.rowHeight % 2, 0);
     Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
     int y1 = t.treeMarginHeight + shadow + t.rowHeight;  // the row of "mid"
-    int left = -1, right = -1, topy = -1, bottom = -1;
-    {
-        xwktest::Capture c(tree);
-        ASSERT_TRUE(c.ok());
-        for (int y = y1; y < y1 + t.rowHeight; y++)
-            for (int x = 0; x < (int)tree->core.width; x++)
-                if (c.Pixel(x, y) == 0xFF0000) {
-                    left = left < 0 ? x : std::min(left, x);
-                    right = std::max(right, x);
-                    topy = topy < 0 ? y : std::min(topy, y);
-                    bottom = std::max(bottom, y);
-                }
-    }
+    auto [left, right, topy, bottom] = Span(tree, 0xFF0000, y1, t.rowHeight);
     ASSERT_GE(left, 0);
     EXPECT_EQ(bottom - topy + 1, 9);
     // Centred on the joint of level 1 (no item icons: the slot is the
@@ -371,20 +373,6 @@ TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
     delete w;
     XwkIconFree(probe, red);
     XtDestroyWidget(probe);
-}
-
-// The leftmost and rightmost x of a pixel value in a band of rows, -1 if none.
-std::pair<int, int> Span(Widget w, unsigned long pixel, int y, int h)
-{
-    xwktest::Capture c(w);
-    int left = -1, right = -1;
-    for (int yy = y; yy < y + h; yy++)
-        for (int x = 0; x < (int)w->core.width; x++)
-            if (c.Pixel(x, yy) == pixel) {
-                left = left < 0 ? x : std::min(left, x);
-                right = std::max(right, x);
-            }
-    return {left, right};
 }
 
 // Without a trunk every state icon stands in the state column of its
@@ -521,10 +509,6 @@ TEST(TreePaint, ItemIconOnEveryRow)
     }
 }
 
-}  // namespace
-
-namespace {
-
 const char *masked[] = {"8 8 2 1", "  c None", "x c #FF0000",
                         "xxxxxxxx", "x      x", "x      x", "x      x",
                         "x      x", "x      x", "x      x", "xxxxxxxx"};
@@ -535,12 +519,8 @@ TEST(TreeIcons, BuiltInStateIconsAndMaskedIconsComposedOnce)
     XwkIcon *open = nullptr, *closed = nullptr, *fruitless = nullptr;
     XmPrjTreeGetDefaultItemAttributes(s.tree, &fruitless, &open, &closed);
     ASSERT_TRUE(open && closed && fruitless);
-    EXPECT_EQ(open->attributes.width, 9u);
-    EXPECT_EQ(open->attributes.height, 13u);
-    EXPECT_EQ(closed->attributes.width, 13u);
-    EXPECT_EQ(closed->attributes.height, 9u);
-    EXPECT_EQ(fruitless->attributes.width, 5u);
-    EXPECT_EQ(fruitless->attributes.height, 5u);
+    for (auto [i, w, h] : {std::tuple{open, 9u, 13u}, {closed, 13u, 9u}, {fruitless, 5u, 5u}})
+        EXPECT_TRUE(i->attributes.width == w && i->attributes.height == h) << w << "x" << h;
     XwkIcon *icon = XwkIconCreateFromData(s.tree, (char **)masked);
     ASSERT_NE(icon, nullptr);
     ASSERT_NE(icon->mask, None);
@@ -558,7 +538,7 @@ TEST(TreeIcons, BuiltInStateIconsAndMaskedIconsComposedOnce)
     Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
     int x = t.hPad + t.stateIconWidth + t.hIconPad + t.treeMarginWidth + shadow +
             t.highlightThickness + (t.iconWidth - 8) / 2;
-    int y = s.RowY(0) + (t.rowHeight - 8) / 2;
+    int y = s.RowTop(0) + (t.rowHeight - 8) / 2;
     xwktest::Capture c(s.tree);
     EXPECT_EQ(c.Pixel(x + 4, y + 4), xwktest::PixelOf(s.tree, XmNbackground));
     EXPECT_NE(c.Pixel(x, y), xwktest::PixelOf(s.tree, XmNbackground));
