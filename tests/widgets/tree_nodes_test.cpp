@@ -8,6 +8,7 @@
 namespace {
 
 using treetest::AddRow;
+using Rows = std::vector<std::string>;
 
 std::vector<std::string> events;
 std::vector<XmPrjTreeCallbackStruct> calls;
@@ -30,7 +31,7 @@ void DeleteProc(XmPrjTreeNode, XtPointer data)
     events.push_back("proc:" + std::to_string((long)data));
 }
 
-std::vector<std::string> Labels(Widget tree)
+Rows Labels(Widget tree)
 {
     char **labels = nullptr;
     int n = XmPrjTreeGetLabelList(tree, &labels);
@@ -41,7 +42,7 @@ std::vector<std::string> Labels(Widget tree)
     return out;
 }
 
-std::vector<std::string> Shown(Widget tree)
+Rows Shown(Widget tree)
 {
     XwkList *list = ((XmPrjTreeWidget)tree)->tree.visibleList;
     std::vector<std::string> out;
@@ -51,6 +52,13 @@ std::vector<std::string> Shown(Widget tree)
         out.push_back(XmPrjTreeGetNameItem(tree, (XmPrjTreeNode)e->data));
     }
     return out;
+}
+
+// The rows in order, and the same shown (all branches open).
+void ExpectRows(Widget tree, const Rows &rows)
+{
+    EXPECT_EQ(Labels(tree), rows);
+    EXPECT_EQ(Shown(tree), rows);
 }
 
 struct Tree : treetest::Window {
@@ -111,7 +119,7 @@ TEST(TreeNodes, AddFindAndWalk)
     XmPrjTreeNode a2 = AddRow(t.tree, a, "a2", XmSLAM_CLOSE, 12);
     XmPrjTreeNode b = XmPrjTreeAddSimpleItem(t.tree, "b", (XtPointer)2);
     EXPECT_EQ(XmPrjTreeAddSimpleItem(t.tree, nullptr, nullptr), nullptr);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"a", "a1", "a2", "b"}));
+    EXPECT_EQ(Labels(t.tree), (Rows{"a", "a1", "a2", "b"}));
     EXPECT_EQ(XmPrjTreeGetNodeNumber(t.tree, a2), 3);
     EXPECT_EQ(XmPrjTreeGetNodeNumber(t.tree, nullptr), 0);
     EXPECT_EQ(XmPrjTreeGetNodeLevel(t.tree, a1), 2);
@@ -220,7 +228,7 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     events.clear();
     XmPrjTreeDeleteItem(t.tree, a1);
     // The procedure first, then the callback, then selectionChanged.
-    EXPECT_EQ(events, (std::vector<std::string>{"proc:11", "callback:11", "selection"}));
+    EXPECT_EQ(events, (Rows{"proc:11", "callback:11", "selection"}));
     EXPECT_EQ(calls[0].reason, XmCR_TREE_DELETE_ITEM);
     EXPECT_EQ(calls[0].part, XmTREE_PART_ROW);
     EXPECT_EQ(calls[0].cellType, XmCELL_NONE);
@@ -231,11 +239,11 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, a), 0);
     events.clear();
     XmPrjTreeDeleteItem(t.tree, a);
-    EXPECT_EQ(events, (std::vector<std::string>{"callback:1", "selection"}));
+    EXPECT_EQ(events, (Rows{"callback:1", "selection"}));
     // The only row goes by the delete-all path: no selectionChanged.
     events.clear();
     XmPrjTreeDeleteItem(t.tree, b);
-    EXPECT_EQ(events, (std::vector<std::string>{"callback:2"}));
+    EXPECT_EQ(events, (Rows{"callback:2"}));
     EXPECT_EQ(XmPrjTreeGetFirstNode(t.tree), nullptr);
     EXPECT_EQ(XmPrjTreeGetTreePtr(t.tree)->count, 1u);
     AddRow(t.tree, nullptr, "x");
@@ -308,8 +316,7 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     victim = b;
     XtAddCallback(t.tree, XmNdeleteCallback, DeleteOthersOnDelete, &victim);
     XmPrjTreeDeleteItem(t.tree, a);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"c"}));
+    ExpectRows(t.tree, {"c"});
     // Rows inside the subtree being freed are not deleted a second time.
     XmPrjTreeNode d = AddRow(t.tree, nullptr, "d", XmSLAM_OPEN, 4);
     XmPrjTreeNode d1 = AddRow(t.tree, d, "d1");
@@ -317,7 +324,7 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     AddRow(t.tree, d, "d2");
     victim = XmPrjTreeFindItemOneLevel(t.tree, d, "d2");
     XmPrjTreeDeleteItem(t.tree, d);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    EXPECT_EQ(Labels(t.tree), (Rows{"c"}));
     // Nor does deleting all rows from inside a delete.
     XmPrjTreeNode e = AddRow(t.tree, nullptr, "e");
     AddRow(t.tree, e, "e1");
@@ -326,7 +333,7 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
         XmPrjTreeDeleteAllItems(w);
     }, nullptr);
     XmPrjTreeDeleteItem(t.tree, e);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    EXPECT_EQ(Labels(t.tree), (Rows{"c"}));
     // Deleting the children of the row being freed does nothing; deleting
     // the parent of the children being deleted ends that deletion.
     XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
@@ -339,7 +346,7 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     AddRow(t.tree, f, "f1");
     AddRow(t.tree, f, "f2");
     XmPrjTreeDeleteItem(t.tree, f);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
+    EXPECT_EQ(Labels(t.tree), (Rows{"c"}));
     XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
     XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer call) {
         XmPrjTreeNode parent = XmPrjTreeGetParent(w, ((XmPrjTreeCallbackStruct *)call)->node);
@@ -350,8 +357,7 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     AddRow(t.tree, g, "g1");
     AddRow(t.tree, g, "g2");
     EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, g), 2);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"c"}));
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"c"}));
+    ExpectRows(t.tree, {"c"});
     XmPrjTreeDeleteAllItems(t.tree);
     EXPECT_TRUE(Labels(t.tree).empty());
 }
@@ -370,7 +376,7 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
         return False;
     };
     EXPECT_EQ(XmPrjTreeTourTree(t.tree, delete_visited, t.tree), nullptr);
-    EXPECT_EQ(seen, (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_EQ(seen, (Rows{"a", "b", "c"}));
     EXPECT_TRUE(Labels(t.tree).empty());
     // A visitor that deletes the rest of the tour ends it.
     XmPrjTreeNode p = AddRow(t.tree, nullptr, "p", XmSLAM_OPEN);
@@ -383,7 +389,7 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
         return True;
     };
     EXPECT_EQ(XmPrjTreeTourChildren(t.tree, p, True, delete_parent, t.tree), nullptr);
-    EXPECT_EQ(seen, (std::vector<std::string>{"p1"}));
+    EXPECT_EQ(seen, (Rows{"p1"}));
     EXPECT_TRUE(Shown(t.tree).empty());
     // A list naming a row twice, and a row after its parent, deletes each once.
     XmPrjTreeNode r = AddRow(t.tree, nullptr, "r", XmSLAM_OPEN);
@@ -395,7 +401,7 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
     XmPrjTreeNode doomed[] = {r, r1, s, s};
     XmPrjTreeDeleteItems(t.tree, doomed, 4);
     EXPECT_EQ(events.size(), 3u);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"u"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"u"}));
 }
 
 TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
@@ -425,10 +431,8 @@ TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 0);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(other.tree), 0);
     EXPECT_EQ(XmPrjTreeGetHighlightedWidget(t.tree), nullptr);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"a", "a1"}));
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1"}));
-    EXPECT_EQ(Labels(other.tree), (std::vector<std::string>{"x", "x1", "y"}));
-    EXPECT_EQ(Shown(other.tree), (std::vector<std::string>{"x", "x1", "y"}));
+    ExpectRows(t.tree, {"a", "a1"});
+    ExpectRows(other.tree, {"x", "x1", "y"});
 }
 
 TEST(TreeSlam, RowsGivenNewWordsKeepTheirPlaceInTheList)
@@ -442,16 +446,16 @@ TEST(TreeSlam, RowsGivenNewWordsKeepTheirPlaceInTheList)
     XmPrjTreeAddDeleteItemCallback(t.tree, a, DeleteProc, (XtPointer)1);
     XmPrjTreeSetItemAttributes(t.tree, a1, &icon, nullptr, nullptr, nullptr);
     XmPrjTreeSetItemForeground(t.tree, b, 9, False);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "b"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "a1", "b"}));
     EXPECT_EQ(XmPrjTreeGetFirstNode(t.tree), a);
     EXPECT_EQ(XmPrjTreeGetLastNode(t.tree), b);
     EXPECT_EQ(XmPrjTreeGetNextNode(t.tree, a1), b);
     XmPrjTreeDeleteItem(t.tree, a1);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "b"}));
     XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
     AddRow(t.tree, a, "a2");
     XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a2", "b"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "a2", "b"}));
 }
 
 TEST(TreeSlam, RowsAddedWithoutCanSlamStandOpen)
@@ -459,11 +463,12 @@ TEST(TreeSlam, RowsAddedWithoutCanSlamStandOpen)
     Tree t;
     XmPrjTreeNode p = XmPrjTreeAddSimpleItem(t.tree, "p", nullptr);
     XmPrjTreeAddSimpleItemToItem(t.tree, p, "p1", nullptr, nullptr);
-    AddRow(t.tree, nullptr, "q");
+    XmPrjTreeNode q = AddRow(t.tree, nullptr, "q");
     EXPECT_EQ(XmPrjTreeGetState(t.tree, p), XmSLAM_UNDEFINED);
+    EXPECT_EQ(XmPrjTreeGetState(t.tree, q), XmSLAM_UNDEFINED);
     XtVaSetValues(t.tree, XmNcanSlam, True, NULL);
     EXPECT_EQ(XmPrjTreeGetState(t.tree, p), XmSLAM_OPEN);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"p", "p1", "q"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"p", "p1", "q"}));
 }
 
 TEST(TreeSlam, VisibleListFollowsBranches)
@@ -476,23 +481,23 @@ TEST(TreeSlam, VisibleListFollowsBranches)
     AddRow(t.tree, b, "b1");
     // A child of an undefined row closes it, and stays hidden.
     EXPECT_EQ(XmPrjTreeGetState(t.tree, a), XmSLAM_CLOSE);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "b", "b1"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "b", "b1"}));
     XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "b", "b1"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "a1", "b", "b1"}));
     XmPrjTreeChangeState(t.tree, a1, XmSLAM_OPEN);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "b", "b1"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "a1", "a11", "b", "b1"}));
     // The state already held changes nothing; any other value toggles.
     XmPrjTreeChangeState(t.tree, a1, XmSLAM_OPEN);
     EXPECT_EQ(Shown(t.tree).size(), 5u);
     XmPrjTreeChangeState(t.tree, a, XmSLAM_NONE);
     EXPECT_EQ(XmPrjTreeGetState(t.tree, a), XmSLAM_CLOSE);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "b", "b1"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "b", "b1"}));
     XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "b", "b1"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "a1", "a11", "b", "b1"}));
     EXPECT_EQ(XmPrjTreeGetLastNode(t.tree), XmPrjTreeFindItemOneLevel(t.tree, b, "b1"));
     // Adding under a shown open row puts the row in its place.
     AddRow(t.tree, a, "a2");
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "a2", "b", "b1"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "a1", "a11", "a2", "b", "b1"}));
     // Making a hidden node current opens the branches above it.
     XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
     XmPrjTreeNode a11 = XmPrjTreeGetNextNode(t.tree, a1);
@@ -501,13 +506,9 @@ TEST(TreeSlam, VisibleListFollowsBranches)
     EXPECT_EQ(Shown(t.tree).size(), 6u);
     // A current row in a branch that closes keeps its row.
     XmPrjTreeChangeState(t.tree, a1, XmSLAM_CLOSE);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a1", "a11", "a2", "b", "b1"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "a1", "a11", "a2", "b", "b1"}));
     XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"a", "a11", "b", "b1"}));
-
-    Tree flat(false);
-    XmPrjTreeNode f = AddRow(flat.tree, nullptr, "f");
-    EXPECT_EQ(XmPrjTreeGetState(flat.tree, f), XmSLAM_UNDEFINED);
+    EXPECT_EQ(Shown(t.tree), (Rows{"a", "a11", "b", "b1"}));
 }
 
 TEST(TreeOrder, ArrangeSwapReparentAndSort)
@@ -519,26 +520,23 @@ TEST(TreeOrder, ArrangeSwapReparentAndSort)
     XmPrjTreeNode r3 = AddRow(t.tree, nullptr, "3");
     // Moving the first of three to position 3 swaps it with the third.
     XmPrjTreeSetItemPosition(t.tree, r1, 3);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
+    ExpectRows(t.tree, {"3", "2", "1", "1a"});
     int order[] = {1, 2, 0};
     XmPrjTreeArrangeChildren(t.tree, nullptr, order, 3);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"2", "1", "1a", "3"}));
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"2", "1", "1a", "3"}));
+    ExpectRows(t.tree, {"2", "1", "1a", "3"});
     int partial[] = {1};
     XmPrjTreeArrangeChildren(t.tree, nullptr, partial, 1);
     // An order that would drop a child leaves the order as it was.
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"2", "1", "1a", "3"}));
+    EXPECT_EQ(Labels(t.tree), (Rows{"2", "1", "1a", "3"}));
     XmPrjTreeSortItems(t.tree, False);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"1", "1a", "2", "3"}));
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"1", "1a", "2", "3"}));
+    ExpectRows(t.tree, {"1", "1a", "2", "3"});
     XtVaSetValues(t.tree, XmNsortDirection, XmSORT_DISCENDING, NULL);
     XmPrjTreeSortItems(t.tree, False);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
+    EXPECT_EQ(Labels(t.tree), (Rows{"3", "2", "1", "1a"}));
     XmPrjTreeReparentItem(t.tree, r3, r2);
-    EXPECT_EQ(Labels(t.tree), (std::vector<std::string>{"2", "3", "1", "1a"}));
+    EXPECT_EQ(Labels(t.tree), (Rows{"2", "3", "1", "1a"}));
     // The moved row keeps its place on the screen until the list is rebuilt.
-    EXPECT_EQ(Shown(t.tree), (std::vector<std::string>{"3", "2", "1", "1a"}));
+    EXPECT_EQ(Shown(t.tree), (Rows{"3", "2", "1", "1a"}));
     EXPECT_EQ(XmPrjTreeGetParent(t.tree, r3), r2);
     XmPrjTreeNode a = r3, b = r2;
     EXPECT_EQ(XmPrjTreeDefaultSortProc(&a, &b), 1);  // different parents
