@@ -109,6 +109,13 @@ struct Folder {
         *x = r.x + r.width / 2;
         *y = r.y + r.height / 2;
     }
+    void ClickArrow(int which, unsigned modifiers = 0)
+    {
+        int x, y;
+        ArrowCentre(which, &x, &y);
+        Press(x, y, modifiers);
+        Release(x, y, modifiers);
+    }
     bool Shown(int n)
     {
         Widget child = children[n - 1];
@@ -232,25 +239,18 @@ TEST(Folder, ArrowsScrollTheTabsAndWithShiftChangeThePage)
     EXPECT_LT(p.visibleTabCount, 30);
     // With the first tab first, only the right arrow shows, at the far right.
     EXPECT_LE(p.rightArrow.x + p.rightArrow.width, (int)f.folder->core.width);
-    int x, y;
-    f.ArrowCentre(2, &x, &y);
-    f.Press(x, y);
-    f.Release(x, y);
+    f.ClickArrow(2);
     EXPECT_EQ(p.topTab, 2);
     EXPECT_EQ(f.active(), 1);
     EXPECT_TRUE(p.leftArrowShown);
     EXPECT_TRUE(calls.empty());
 
     // The left arrow brings it back.
-    f.ArrowCentre(1, &x, &y);
-    f.Press(x, y);
-    f.Release(x, y);
+    f.ClickArrow(1);
     EXPECT_EQ(p.topTab, 1);
 
     // Shift: the page changes, reason 10.
-    f.ArrowCentre(2, &x, &y);
-    f.Press(x, y, ShiftMask);
-    f.Release(x, y, ShiftMask);
+    f.ClickArrow(2, ShiftMask);
     EXPECT_EQ(f.active(), 2);
     ASSERT_EQ(calls.size(), 1u);
     EXPECT_EQ(calls[0].reason, XmCR_ACTIVATE);
@@ -262,6 +262,8 @@ TEST(Folder, ArrowsScrollTheTabsAndWithShiftChangeThePage)
         held = ((XmFolderWidget)w)->folder.topTab;
     };
     XtInsertEventHandler(f.folder, ButtonReleaseMask, False, at_release, nullptr, XtListHead);
+    int x, y;
+    f.ArrowCentre(2, &x, &y);
     f.Press(x, y);
     xwktest::Pump(650);
     f.Release(x, y);
@@ -282,12 +284,8 @@ TEST(Folder, ResizeKeepsTheRowFullUpToTheLastTab)
     XmFolderSetActivePage(f.folder, f.id(30), False);
     xwktest::Settle();
     EXPECT_EQ(p.topTab, 30 - fitted + 1);
-    for (int i = 0; i < 30 && p.rightArrowShown; i++) {
-        int x, y;
-        f.ArrowCentre(2, &x, &y);
-        f.Press(x, y);
-        f.Release(x, y);
-    }
+    for (int i = 0; i < 30 && p.rightArrowShown; i++)
+        f.ClickArrow(2);
     ASSERT_TRUE(p.leftArrowShown);
     EXPECT_FALSE(p.rightArrowShown);
     int top = p.topTab;
@@ -482,24 +480,6 @@ TEST(Folder, ChildrenArePagesWhileTheyLive)
     XmStringFree(other);
 }
 
-TEST(Folder, FontResourcesAreFontLists)
-{
-    xwktest::StartApp();
-    XtResourceList list;
-    Cardinal count;
-    XtGetResourceList(xmFolderWidgetClass, &list, &count);
-    int fonts = 0;
-    for (Cardinal i = 0; i < count; i++) {
-        std::string name = list[i].resource_name;
-        if (name == XmNfontList || name == XmNtabFontList || name == XmNactiveTabFontList) {
-            EXPECT_STREQ(list[i].resource_type, XmRFontList) << name;
-            fonts++;
-        }
-    }
-    XtFree((char *)list);
-    EXPECT_EQ(fonts, 3);
-}
-
 TEST(Folder, OperationsOnWrongWidgetsAndUnknownIds)
 {
     Folder f(2, false);
@@ -540,6 +520,18 @@ TEST(Folder, OperationsOnWrongWidgetsAndUnknownIds)
 
     XtVaSetValues(f.folder, XmNuseTabs, False, NULL);
     EXPECT_EQ(XmFolderGetTabsHeight(f.folder), 0);
+
+    // The font resources are font lists.
+    XtResourceList list;
+    Cardinal count;
+    XtGetResourceList(xmFolderWidgetClass, &list, &count);
+    int fonts = 0;
+    for (Cardinal i = 0; i < count; i++)
+        for (const char *name : {XmNfontList, XmNtabFontList, XmNactiveTabFontList})
+            if (!strcmp(list[i].resource_name, name) && ++fonts)
+                EXPECT_STREQ(list[i].resource_type, XmRFontList) << name;
+    XtFree((char *)list);
+    EXPECT_EQ(fonts, 3);
 }
 
 TEST(Folder, FiveHundredPagesAndAZeroSizedFolder)
