@@ -264,8 +264,6 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
     ASSERT_EQ(t.iconWidth, 0);
     EXPECT_EQ(t.stateIconWidth, 13);
     EXPECT_EQ(pw, (13 + t.hIconPad) * 2 + 2 * (t.treeMarginWidth + t.hPad + t.highlightThickness));
-    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
-    EXPECT_EQ((ph - 2 * (shadow + t.highlightThickness + t.treeMarginHeight) - t.vPad) % rh, 0);
     XmPrjTreeChangeState(s.tree, a, XmSLAM_CLOSE);
     xwktest::Settle();
     {
@@ -334,20 +332,27 @@ Box Span(Widget w, unsigned long pixel, int y, int h)
     return b;
 }
 
+// Icons of one colour each, on a widget that outlives the lists using them.
+struct Probe {
+    Widget w = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, xwktest::StartApp(), NULL);
+    XwkIcon *red = xwktest::SolidIcon(w, 9, 9, "#FF0000");
+    XwkIcon *blue = xwktest::SolidIcon(w, 16, 16, "#0000FF");
+    ~Probe() { XwkIconFree(w, red); XwkIconFree(w, blue); XtDestroyWidget(w); }
+};
+
 // A nested row's state icon stands centred on the trunk's joint, and a
 // press finds it exactly where it is painted.
 TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
 {
-    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, xwktest::StartApp(), NULL);
-    XwkIcon *red = xwktest::SolidIcon(probe, 9, 9, "#FF0000");
-    ASSERT_NE(red, nullptr);
-    auto *w = new treetest::Window({{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)red}});
-    Widget tree = w->tree;
+    Probe icons;
+    ASSERT_TRUE(icons.red && icons.blue);
+    treetest::Window w({{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)icons.red}});
+    Widget tree = w.tree;
     XmPrjTreeNode top = AddRow(tree, nullptr, "top", XmSLAM_OPEN);
     XmPrjTreeNode mid = AddRow(tree, top, "mid");
     AddRow(tree, mid, "leaf");
     AddRow(tree, top, "last");
-    w->Up();
+    w.Up();
     XmPrjTreePart &t = Part(tree);
     ASSERT_TRUE(t.treeTrunkDrawing);
     ASSERT_EQ(t.rowHeight % 2, 0);
@@ -370,9 +375,6 @@ TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
         EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_STATE_ICON, x, bottom + 1, tree), nullptr);
         EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_INDENT, x, bottom + 1, tree), mid);
     }
-    delete w;
-    XwkIconFree(probe, red);
-    XtDestroyWidget(probe);
 }
 
 // Without a trunk every state icon stands in the state column of its
@@ -381,12 +383,11 @@ TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
 // would stand.
 TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
 {
-    Widget probe = XtVaCreateWidget("probe", xmPrimitiveWidgetClass, xwktest::StartApp(), NULL);
-    XwkIcon *red = xwktest::SolidIcon(probe, 9, 9, "#FF0000");
-    XwkIcon *blue = xwktest::SolidIcon(probe, 16, 16, "#0000FF");
-    ASSERT_TRUE(red && blue);
+    Probe icons;
+    ASSERT_TRUE(icons.red && icons.blue);
+    XwkIcon *blue = icons.blue;
     auto *w = new treetest::Window(
-        {{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)red}, {XmNtreeTrunkDrawing, False}}, 260);
+        {{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)icons.red}, {XmNtreeTrunkDrawing, False}}, 260);
     Widget tree = w->tree;
     XmPrjTreeNode top = AddRow(tree, nullptr, "top", XmSLAM_OPEN);
     XmPrjTreeNode mid = XmPrjTreeAddItem(tree, top, "mid", blue, nullptr, XmSLAM_CLOSE, nullptr,
@@ -440,9 +441,6 @@ TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders, row_y(2), tree), u1);
     EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders - 1, row_y(2), tree), nullptr);
     delete w;
-    XwkIconFree(probe, red);
-    XwkIconFree(probe, blue);
-    XtDestroyWidget(probe);
 }
 
 // Every row shows its item icon, the current row and the others, with a
