@@ -451,26 +451,18 @@ TEST(TreePaint, ItemIconOnEveryRow)
 {
     // The blue square declares a transparent colour it does not use: it
     // gets a mask, and is composed over the background.
-    std::string row16(16, 'x'), row9(9, 'x');
+    // The others are solid red 9 x 9 squares.
+    std::string row16(16, 'x');
     std::vector<const char *> square{"16 16 2 1", "  c None", "x c #0000FF"};
-    std::vector<const char *> solid9{"9 9 1 1", "x c #FF0000"};
     square.insert(square.end(), 16, row16.c_str());
-    solid9.insert(solid9.end(), 9, row9.c_str());
     struct Case {
         unsigned char mode;
-        bool xft;
-        const std::vector<const char *> &data;
-        Pixel colour;
-    } cases[] = {
-        {XmSIMPLE_LIST, false, square, 0x0000FF},
-        {XmSIMPLE_LIST, true, solid9, 0xFF0000},
-        {XmTABLE_LIST, false, solid9, 0xFF0000},
-        {XmTABLE_LIST, true, square, 0x0000FF},
-        {XmTABLE_LIST, true, solid9, 0xFF0000},
-    };
+        bool xft, masked;
+    } cases[] = {{XmSIMPLE_LIST, false, true}, {XmSIMPLE_LIST, true, false},
+                 {XmTABLE_LIST, false, false}, {XmTABLE_LIST, true, true}, {XmTABLE_LIST, true, false}};
     for (const Case &c : cases) {
         SCOPED_TRACE(testing::Message() << "mode " << int(c.mode) << (c.xft ? ", Xft" : "")
-                                        << ", icon " << c.data[0]);
+                                        << (c.masked ? ", masked" : ""));
         Widget app = xwktest::StartApp();
         // The shell's text render table, which a list without fonts of its
         // own takes.
@@ -485,7 +477,8 @@ TEST(TreePaint, ItemIconOnEveryRow)
         Widget tree = XtVaCreateWidget("list", xmPrjTreeWidgetClass, shell, XmNvisualMode, c.mode,
                                        XmNnumColumns, 2, XmNdelimeter, '|', XmNtitleString,
                                        "Name|Size", NULL);
-        XwkIcon *icon = XwkIconCreateFromData(tree, (char **)c.data.data());
+        XwkIcon *icon = c.masked ? XwkIconCreateFromData(tree, (char **)square.data())
+                                 : xwktest::SolidIcon(tree, 9, 9, "#FF0000");
         ASSERT_NE(icon, nullptr);
         for (const char *row : {"one|1", "two|22", "three|333"})
             XmPrjTreeAddItem(tree, nullptr, row, icon, nullptr, XmSLAM_UNDEFINED, nullptr,
@@ -499,7 +492,7 @@ TEST(TreePaint, ItemIconOnEveryRow)
         XmPrjTreePart &t = Part(tree);
         int top = t.treeMarginHeight + ((XmManagerWidget)tree)->manager.shadow_thickness;
         for (int row = 0; row < 3; row++) {
-            auto span = Span(tree, c.colour, top + row * t.rowHeight, t.rowHeight);
+            auto span = Span(tree, c.masked ? 0x0000FF : 0xFF0000, top + row * t.rowHeight, t.rowHeight);
             EXPECT_EQ(span.second - span.first + 1, (int)icon->attributes.width) << "row " << row;
         }
         XtDestroyWidget(shell);
