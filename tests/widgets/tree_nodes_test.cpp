@@ -174,20 +174,19 @@ TEST(TreeNodes, ListsAndTours)
     XmPrjTreeSelectItem(t.tree, a1);
     XmPrjTreeSelectItem(t.tree, b);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 2);
-    XtPointer *users = nullptr;
-    int n = XmPrjTreeGetSelectedUserList(t.tree, &users);
-    ASSERT_EQ(n, 2);
-    EXPECT_EQ(users[0], (XtPointer)11);
-    EXPECT_EQ(users[1], (XtPointer)2);
-    XtFree((char *)users);
-    n = XmPrjTreeGetChildrenUserList(t.tree, a, False, &users);
-    ASSERT_EQ(n, 3);
-    EXPECT_EQ(users[0], (XtPointer)1);
-    EXPECT_EQ(users[2], (XtPointer)111);
-    XtFree((char *)users);
-    n = XmPrjTreeGetChildrenUserList(t.tree, a, True, &users);
-    EXPECT_EQ(n, 1);
-    XtFree((char *)users);
+    auto users = [](auto get) {
+        XtPointer *list = nullptr;
+        std::vector<long> out(get(&list));
+        for (size_t i = 0; i < out.size(); i++)
+            out[i] = (long)list[i];
+        XtFree((char *)list);
+        return out;
+    };
+    using L = std::vector<long>;
+    EXPECT_EQ(users([&](XtPointer **l) { return XmPrjTreeGetSelectedUserList(t.tree, l); }), (L{11, 2}));
+    EXPECT_EQ(users([&](XtPointer **l) { return XmPrjTreeGetChildrenUserList(t.tree, a, False, l); }),
+              (L{1, 11, 111}));
+    EXPECT_EQ(users([&](XtPointer **l) { return XmPrjTreeGetChildrenUserList(t.tree, a, True, l); }), (L{11}));
     XmPrjTreeNode *ids = nullptr;
     EXPECT_EQ(XmPrjTreeGetIdList(t.tree, &ids), 4);
     EXPECT_EQ(ids[3], b);
