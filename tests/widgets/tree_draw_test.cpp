@@ -29,11 +29,7 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
 {
     Shown s(false);
     for (int i = 0; i < 30; i++)
-    {
-        char label[32];
-        snprintf(label, sizeof label, "row %d", i);
-        XmPrjTreeAddSimpleItem(s.tree, label, nullptr);
-    }
+        XmPrjTreeAddSimpleItem(s.tree, ("row " + std::to_string(i)).c_str(), nullptr);
     s.Up();
     XmPrjTreePart &t = Part(s.tree);
     ASSERT_GT(t.rowHeight, 0);
