@@ -324,39 +324,37 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
     victim = XmPrjTreeFindItemOneLevel(t.tree, d, "d2");
     XmPrjTreeDeleteItem(t.tree, d);
     EXPECT_EQ(Labels(t.tree), (Rows{"c"}));
-    // Nor does deleting all rows from inside a delete.
-    XmPrjTreeNode e = AddRow(t.tree, nullptr, "e");
-    AddRow(t.tree, e, "e1");
-    XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
-    XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer) {
-        XmPrjTreeDeleteAllItems(w);
-    }, nullptr);
-    XmPrjTreeDeleteItem(t.tree, e);
-    EXPECT_EQ(Labels(t.tree), (Rows{"c"}));
-    // Deleting the children of the row being freed does nothing; deleting
-    // the parent of the children being deleted ends that deletion.
-    XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
-    XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer call) {
+    // Nor does deleting all rows from inside a delete; deleting the children
+    // of the row being freed does nothing; deleting the parent of the
+    // children being deleted ends that deletion.
+    XtCallbackProc delete_all = [](Widget w, XtPointer, XtPointer) { XmPrjTreeDeleteAllItems(w); };
+    XtCallbackProc delete_siblings = [](Widget w, XtPointer, XtPointer call) {
         XmPrjTreeNode parent = XmPrjTreeGetParent(w, ((XmPrjTreeCallbackStruct *)call)->node);
         if (parent != XmPrjTreeGetRoot(w))
             XmPrjTreeDeleteChildren(w, parent);
-    }, nullptr);
-    XmPrjTreeNode f = AddRow(t.tree, nullptr, "f", XmSLAM_OPEN);
-    AddRow(t.tree, f, "f1");
-    AddRow(t.tree, f, "f2");
-    XmPrjTreeDeleteItem(t.tree, f);
-    EXPECT_EQ(Labels(t.tree), (Rows{"c"}));
-    XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
-    XtAddCallback(t.tree, XmNdeleteCallback, [](Widget w, XtPointer, XtPointer call) {
+    };
+    XtCallbackProc delete_parent = [](Widget w, XtPointer, XtPointer call) {
         XmPrjTreeNode parent = XmPrjTreeGetParent(w, ((XmPrjTreeCallbackStruct *)call)->node);
         if (parent != XmPrjTreeGetRoot(w))
             XmPrjTreeDeleteItem(w, parent);
-    }, nullptr);
-    XmPrjTreeNode g = AddRow(t.tree, nullptr, "g", XmSLAM_OPEN);
-    AddRow(t.tree, g, "g1");
-    AddRow(t.tree, g, "g2");
-    EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, g), 2);
-    ExpectRows(t.tree, {"c"});
+    };
+    struct Case {
+        XtCallbackProc proc;
+        bool children;  // delete the children rather than the row
+    } cases[] = {{delete_all, false}, {delete_siblings, false}, {delete_parent, true}};
+    for (auto &c : cases) {
+        SCOPED_TRACE(&c - cases);
+        XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
+        XtAddCallback(t.tree, XmNdeleteCallback, c.proc, nullptr);
+        XmPrjTreeNode p = AddRow(t.tree, nullptr, "p", XmSLAM_OPEN);
+        AddRow(t.tree, p, "p1");
+        AddRow(t.tree, p, "p2");
+        if (c.children)
+            EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, p), 2);
+        else
+            XmPrjTreeDeleteItem(t.tree, p);
+        ExpectRows(t.tree, {"c"});
+    }
     XmPrjTreeDeleteAllItems(t.tree);
     EXPECT_TRUE(Labels(t.tree).empty());
 }
