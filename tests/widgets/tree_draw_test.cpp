@@ -565,11 +565,9 @@ TEST(TreeCreation, ScrolledWindowNamesAndTheSlamPolicyWarning)
     }
     EXPECT_EQ(Get<unsigned char>(named, XmNslamPolicy), XmSLAM_PER_ROW);
     // Destroying the list takes its window along.
-    static bool gone;
-    gone = false;
-    XtAddCallback(XtParent(named), XmNdestroyCallback, [](Widget, XtPointer, XtPointer) {
-        gone = true;
-    }, nullptr);
+    bool gone = false;
+    XtAddCallback(XtParent(named), XmNdestroyCallback,
+                  [](Widget, XtPointer flag, XtPointer) { *(bool *)flag = true; }, &gone);
     XtDestroyWidget(named);
     EXPECT_TRUE(gone);
     XtDestroyWidget(shell);
