@@ -178,8 +178,7 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
     EXPECT_EQ(Part(s.tree).rowHeight, before);
     // Padding that makes the label taller than the screen: refused alike,
     // and the list still paints.
-    Dimension pad = 0;
-    XtVaGetValues(s.tree, XmNvFontPad, &pad, NULL);
+    auto pad = xwktest::Get<Dimension>(s.tree, XmNvFontPad);
     log.texts.clear();
     XtVaSetValues(s.tree, XmNvFontPad, 20000, NULL);
     xwktest::Settle();

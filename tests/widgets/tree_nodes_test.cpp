@@ -98,12 +98,9 @@ TEST(TreeClass, ResourcesRepTypesAndCreators)
         XtFree(names[i]);
     XtFree((char *)names);
 
-    Boolean slam = True, dash = False;
-    Dimension pad = 0;
-    XtVaGetValues(t.tree, XmNcanSlam, &slam, XmNuseDashLine, &dash, XmNhPad, &pad, NULL);
-    EXPECT_FALSE(slam);
-    EXPECT_TRUE(dash);
-    EXPECT_EQ(pad, 2);
+    EXPECT_FALSE(xwktest::Get<Boolean>(t.tree, XmNcanSlam));
+    EXPECT_TRUE(xwktest::Get<Boolean>(t.tree, XmNuseDashLine));
+    EXPECT_EQ(xwktest::Get<Dimension>(t.tree, XmNhPad), 2);
     Widget other = XmCreateTreeList(t.shell, (String) "other", nullptr, 0);
     EXPECT_TRUE(XtIsSubclass(other, xmPrjTreeWidgetClass));
     // A string from the resource database goes through the representation type.
@@ -264,9 +261,7 @@ TEST(TreeNodes, DeletingMovesTheCurrentRow)
     // A child of the deleted row was current: the row above takes over.
     EXPECT_EQ(XmPrjTreeGetSelectedItem(t.tree), a);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 1);
-    XtPointer selected = (XtPointer)1;
-    XtVaGetValues(t.tree, XmNselected, &selected, NULL);
-    EXPECT_EQ(selected, nullptr);
+    EXPECT_EQ(xwktest::Get<XtPointer>(t.tree, XmNselected), nullptr);
 
     // The first row's successor is its own first child: selected and
     // counted, then freed with it.  No row is current after, and neither
