@@ -152,8 +152,9 @@ TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
             EXPECT_EQ(ids[n - 1], l.rows[st.last]) << st.row;
         }
         XtFree((char *)ids);
-        if (!st.mods)
+        if (!st.mods) {
             EXPECT_EQ(l.Current(), l.rows[st.row]);
+        }
     }
     EXPECT_GE(Count("multipleSelectionCallback"), 1);
 }
