@@ -192,8 +192,9 @@ TEST_P(ColorPickerDialog, ClicksAndTypedValuesInEveryUnit)
     EXPECT_EQ(color.red, 7 * 257);
     EXPECT_EQ(color.green, 200 * 257);
     EXPECT_EQ(color.blue, 7 * 257);
-    if (GetParam() == 0)
+    if (GetParam() == 0) {
         EXPECT_EQ(color.pixel, 0x07C807UL);
+    }
 }
 
 TEST_P(ColorPickerDialog, CancelLeavesTheColour)
