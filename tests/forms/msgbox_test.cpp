@@ -208,32 +208,28 @@ TEST_F(MessageBox, ButtonSetsAndNumbers)
 
 TEST_F(MessageBox, DefaultAndCancelButtonsByKeys)
 {
-    // Default 9 of two is the second; Return presses it.
-    Widget def = nullptr;
-    boxdriver::when_up(&step, [&] {
-        XtVaGetValues(xwkConditWidget, XmNdefaultButton, &def, NULL);
-        EXPECT_EQ(def, boxdriver::button(2));
-        key_over_box(XK_Return);
-    });
-    EXPECT_EQ(condit(nullptr, "Default", 3, "Which?", nullptr, 0, 9, 0), 2);
-
-    // Escape presses the cancel-like button, found by its label.
-    boxdriver::when_up(&step, [&] {
-        Widget cancel = nullptr;
-        XtVaGetValues(xwkConditWidget, XmNcancelButton, &cancel, NULL);
-        EXPECT_EQ(cancel, boxdriver::button(3));
-        key_over_box(XK_Escape);
-    });
-    EXPECT_EQ(condit(nullptr, "Cancel", 3, "Which?", "Save\0Discard\0Cancel", 3, 1, 3), 3);
-
-    // Without one, the second button is the cancel button.
-    boxdriver::when_up(&step, [&] {
-        Widget cancel = nullptr;
-        XtVaGetValues(xwkConditWidget, XmNcancelButton, &cancel, NULL);
-        EXPECT_EQ(cancel, boxdriver::button(2));
-        click(1);
-    });
-    condit(nullptr, "Second", 3, "Which?", "Save\0Discard", 2, 1, 3);
+    // Default 9 of two is the second and Return presses it; Escape presses
+    // the cancel-like button, found by its label; without one, the second
+    // button is the cancel button.
+    struct Case {
+        const char *resource, *own;
+        int count, def, expected;
+        KeySym key;
+        int answer;
+    } cases[] = {
+        {XmNdefaultButton, nullptr, 0, 9, 2, XK_Return, 2},
+        {XmNcancelButton, "Save\0Discard\0Cancel", 3, 1, 3, XK_Escape, 3},
+        {XmNcancelButton, "Save\0Discard", 2, 1, 2, 0, 1},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.resource);
+        boxdriver::when_up(&step, [&] {
+            EXPECT_EQ(xwktest::Get<Widget>(xwkConditWidget, c.resource), boxdriver::button(c.expected));
+            c.key ? key_over_box(c.key) : click(1);
+        });
+        EXPECT_EQ(condit(nullptr, "Keys", 3, "Which?", c.own, c.count, c.def, c.own ? 3 : 0),
+                  c.answer);
+    }
 }
 
 TEST_F(MessageBox, WindowManagerCloseGivesZero)
@@ -290,9 +286,7 @@ TEST_F(MessageBox, ShortTextBecomesLabelsLongTextScrolls)
     boxdriver::when_up(&step, [&] {
         Widget text = xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass);
         ASSERT_NE(text, nullptr);
-        char *s = XmTextGetString(text);
-        shown = s;
-        XtFree(s);
+        shown = xwktest::TextOf(text);
         XtVaGetValues(text, XmNrows, &rows, XmNcolumns, &columns, NULL);
         texts.clear();
         collect(xwkConditWidget, "xwkConditLabel", &texts);
@@ -310,10 +304,7 @@ TEST_F(MessageBox, ShortTextBecomesLabelsLongTextScrolls)
     for (int i = 0; i < 2000; i++)
         huge += "row " + std::to_string(i) + " ^^\n";
     boxdriver::when_up(&step, [&] {
-        Widget text = xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass);
-        char *s = XmTextGetString(text);
-        shown = s;
-        XtFree(s);
+        shown = xwktest::TextOf(xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass));
         click(1);
     });
     condit(nullptr, "Huge", 2, huge.c_str(), nullptr, 0, 1, 2);
@@ -457,10 +448,12 @@ TEST_F(MessageBox, StandardDialogMapsNoToZero)
         click(1);
     });
     EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Go on?", XWK_DIALOG_QUESTION), 1);
-    boxdriver::when_up(&step, [] { click(2); });
-    EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Go on?", XWK_DIALOG_QUESTION), 0);
-    boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
-    EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Go on?", XWK_DIALOG_QUESTION), 0);
+    for (bool by_button : {true, false}) {
+        boxdriver::when_up(&step, [&] {
+            by_button ? click(2) : xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+        });
+        EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Go on?", XWK_DIALOG_QUESTION), 0);
+    }
 
     std::string name, title;
     boxdriver::when_up(&step, [&] {
