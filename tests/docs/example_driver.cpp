@@ -391,7 +391,7 @@ std::vector<Win> ControlsAt(const Win &top, const std::vector<std::pair<double, 
 
 void Click(int root_x, int root_y, int times = 1)
 {
-    XTestFakeMotionEvent(dpy, -1, root_x, root_y, CurrentTime);
+    xwktest::MovePointer(dpy, root_x, root_y);
     for (int i = 0; i < times; i++) {
         XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
         XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
@@ -402,12 +402,6 @@ void Click(int root_x, int root_y, int times = 1)
 void ClickCenter(const Win &w)
 {
     Click(w.x + w.w / 2, w.y + w.h / 2);
-}
-
-void MovePointerInto(const Win &w)
-{
-    XTestFakeMotionEvent(dpy, -1, w.x + w.w / 2, w.y + w.h / 2, CurrentTime);
-    XSync(dpy, False);
 }
 
 // ---- The examples -----------------------------------------------------------
@@ -421,6 +415,15 @@ std::vector<Win> Buttons(const char *title, size_t count, Win *window)
     if (buttons.size() != count)
         Fail("\"%s\" shows %zu buttons, not %zu", title, buttons.size(), count);
     return buttons;
+}
+
+// A second run of a desk that presses its Cancel button.
+void CancelRun(const char *title, const std::vector<std::string> &lines)
+{
+    StartChild();
+    Win desk;
+    ClickCenter(Buttons(title, 3, &desk)[1]);
+    ExpectExit(lines);
 }
 
 // desk.c: fill in the form and press OK; then, in a second run, Cancel.
@@ -454,41 +457,40 @@ void DriveDesk()
     ClickCenter(buttons[0]);    // OK
     ExpectExit({"name: Ada Lovelace", "copies: 3", "copy to me: yes"});
 
-    StartChild();
-    buttons = Buttons("Send report", 3, &desk);
-    ClickCenter(buttons[1]);    // Cancel
-    ExpectExit({"cancelled"});
+    CancelRun("Send report", {"cancelled"});
 }
 
 // msgbox.c: Yes and the confirmation; No and a button of the second box;
 // No and Escape in the second box.
 void DriveMsgBox()
 {
-    Win box;
-    StartChild();
-    std::vector<Win> buttons = Buttons("Question", 2, &box);
-    ClickCenter(buttons[0]);    // Yes
-    WaitGone(box, "the question");
-    buttons = Buttons("Information", 1, &box);
-    ClickCenter(buttons[0]);    // OK
-    ExpectExit({"save: yes", "saved"});
-
-    StartChild();
-    buttons = Buttons("Question", 2, &box);
-    ClickCenter(buttons[1]);    // No
-    WaitGone(box, "the question");
-    buttons = Buttons("Unsaved changes", 3, &box);
-    ClickCenter(buttons[1]);    // Keep a copy
-    ExpectExit({"save: no", "changes: keep a copy"});
-
-    StartChild();
-    buttons = Buttons("Question", 2, &box);
-    ClickCenter(buttons[1]);    // No
-    WaitGone(box, "the question");
-    buttons = Buttons("Unsaved changes", 3, &box);
-    MovePointerInto(box);       // the keyboard follows the pointer
-    xwktest::PressKey(dpy, XK_Escape);  // the Cancel button
-    ExpectExit({"save: no", "changes: cancel"});
+    // The button of the question, the second box and its button (-1:
+    // Escape, with the pointer over the box: the keyboard follows it).
+    struct Run {
+        int answer;
+        const char *second;
+        size_t count;
+        int button;
+        std::vector<std::string> lines;
+    } runs[] = {
+        {0, "Information", 1, 0, {"save: yes", "saved"}},
+        {1, "Unsaved changes", 3, 1, {"save: no", "changes: keep a copy"}},
+        {1, "Unsaved changes", 3, -1, {"save: no", "changes: cancel"}},
+    };
+    for (const Run &r : runs) {
+        Win box;
+        StartChild();
+        ClickCenter(Buttons("Question", 2, &box)[r.answer]);
+        WaitGone(box, "the question");
+        std::vector<Win> buttons = Buttons(r.second, r.count, &box);
+        if (r.button >= 0) {
+            ClickCenter(buttons[r.button]);
+        } else {
+            xwktest::MovePointer(dpy, box.x + box.w / 2, box.y + box.h / 2);
+            xwktest::PressKey(dpy, XK_Escape);  // the Cancel button
+        }
+        ExpectExit(r.lines);
+    }
 }
 
 // The rows of the tree list that are painted as selected: runs of pixels
@@ -587,10 +589,7 @@ void DriveTreeList()
     ExpectExit({"selected: src", "selected: main.c", "selected: include", "selected: util.h",
                 "chosen: include/util.h"});
 
-    StartChild();
-    buttons = Buttons("Project files", 3, &desk);
-    ClickCenter(buttons[1]);                            // Cancel
-    ExpectExit({"selected: src", "cancelled"});
+    CancelRun("Project files", {"selected: src", "cancelled"});
 }
 
 }  // namespace
