@@ -159,17 +159,24 @@ void StartChild()
     child.out = fds[0];
 }
 
+// Waits, with a bound, until `done`; fails with `what` when the bound passes.
+void WaitUntil(const std::function<bool()> &done, int timeout_ms, const std::string &what,
+               int poll_ms = 20)
+{
+    long end = NowMs() + timeout_ms;
+    while (!done()) {
+        if (NowMs() > end)
+            Fail("%s within %d ms", what.c_str(), timeout_ms);
+        SleepMs(poll_ms);
+    }
+}
+
 // Waits, with a bound, for the child to end, and checks that it ended well
 // and printed exactly the lines expected.
 void ExpectExit(const std::vector<std::string> &lines)
 {
-    long end = NowMs() + kExitTimeoutMs;
-    while (ChildRunning()) {
-        Drain();
-        if (NowMs() > end)
-            Fail("the program did not exit within %d ms", kExitTimeoutMs);
-        SleepMs(10);
-    }
+    WaitUntil([] { Drain(); return !ChildRunning(); }, kExitTimeoutMs, "the program did not exit",
+              10);
     // The pipe stays open until the last writer is gone.
     while (child.out >= 0) {
         pollfd p = {child.out, POLLIN, 0};
@@ -276,41 +283,30 @@ Window FindTop(const std::string &title)
 // the same window tree, at the same places, twice in a row.
 Win WaitForWindow(const std::string &title)
 {
-    long end = NowMs() + kWindowTimeoutMs;
     Window id = 0;
-    while (!(id = FindTop(title))) {
+    WaitUntil([&] {
         if (!ChildRunning())
             Fail("the program ended before its window \"%s\" came up", title.c_str());
-        if (NowMs() > end)
-            Fail("no window \"%s\" within %d ms", title.c_str(), kWindowTimeoutMs);
-        SleepMs(20);
-    }
+        return (id = FindTop(title)) != 0;
+    }, kWindowTimeoutMs, "no window \"" + title + "\"");
+    Win w;
     std::string last;
-    for (;;) {
-        Win w;
+    WaitUntil([&] {
+        w = Win();
         if (!Load(id, &w))
             Fail("the window \"%s\" went away", title.c_str());
         std::string now = Snapshot(w);
-        if (now == last)
-            return w;
-        last = now;
-        if (NowMs() > end)
-            Fail("the window \"%s\" did not settle", title.c_str());
-        SleepMs(150);
-    }
+        return std::exchange(last, now) == now;
+    }, kWindowTimeoutMs, "the window \"" + title + "\" did not settle", 150);
+    return w;
 }
 
 void WaitGone(const Win &w, const char *what)
 {
-    long end = NowMs() + kWindowTimeoutMs;
-    for (;;) {
+    WaitUntil([&] {
         XWindowAttributes a;
-        if (!XGetWindowAttributes(dpy, w.id, &a) || a.map_state != IsViewable)
-            return;
-        if (NowMs() > end)
-            Fail("%s stayed up", what);
-        SleepMs(20);
-    }
+        return !XGetWindowAttributes(dpy, w.id, &a) || a.map_state != IsViewable;
+    }, kWindowTimeoutMs, std::string(what) + " stayed up");
 }
 
 // Windows without viewable children, large enough to be a control.
