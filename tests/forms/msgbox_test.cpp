@@ -269,83 +269,56 @@ TEST_F(MessageBox, DestroyedParentGivesMinusOne)
 
 TEST_F(MessageBox, ShortTextBecomesLabelsLongTextScrolls)
 {
-    std::vector<Widget> texts;
-    boxdriver::when_up(&step, [&] {
-        collect(xwkConditWidget, "xwkConditLabel", &texts);
-        click(1);
-    });
-    condit(nullptr, "Short", 2, "Line one\nLine two", nullptr, 0, 1, 2);
-    EXPECT_EQ(texts.size(), 1u);
-
-    std::string tall;
+    std::string tall, huge, wide(1000, 'w');
     for (int i = 0; i < 200; i++)
         tall += "^bLine^b " + std::to_string(i) + "\n";
-    std::string shown;
-    short rows = 0, columns = 0;
-    size_t labels = 99;
-    boxdriver::when_up(&step, [&] {
-        Widget text = xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass);
-        ASSERT_NE(text, nullptr);
-        shown = xwktest::TextOf(text);
-        XtVaGetValues(text, XmNrows, &rows, XmNcolumns, &columns, NULL);
-        texts.clear();
-        collect(xwkConditWidget, "xwkConditLabel", &texts);
-        labels = texts.size();
-        click(1);
-    });
-    condit(nullptr, "Tall", 2, tall.c_str(), nullptr, 0, 1, 2);
-    EXPECT_EQ(labels, 0u);
-    EXPECT_EQ(rows, 15);
-    EXPECT_EQ(columns, 12) << "the longest line, \"^bLine^b 199\"";
-    EXPECT_EQ(shown.substr(0, 14), "bLineb 0\nbLine") << "markers dropped, letters kept";
-
     // Beyond the text kept on the stack: all of it still shows.
-    std::string huge;
     for (int i = 0; i < 2000; i++)
         huge += "row " + std::to_string(i) + " ^^\n";
-    boxdriver::when_up(&step, [&] {
-        shown = xwktest::TextOf(xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass));
-        click(1);
-    });
-    condit(nullptr, "Huge", 2, huge.c_str(), nullptr, 0, 1, 2);
-    EXPECT_EQ(shown.size(), huge.size() - 2000);
-    EXPECT_EQ(shown.substr(shown.size() - 11), "row 1999 ^\n");
-}
-
-TEST_F(MessageBox, OnlyLinesEndedByANewlineCountForWidth)
-{
-    // Only lines ended by a newline count towards the width.
-    std::string wide(1000, 'w');
-    size_t labels = 0;
-    boxdriver::when_up(&step, [&] {
-        std::vector<Widget> texts;
-        collect(xwkConditWidget, "xwkConditLabel", &texts);
-        labels = texts.size();
-        // The buttons stand beyond the screen's edge.
-        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
-    });
-    condit(nullptr, "Wide", 2, wide.c_str(), nullptr, 0, 1, 2);
-    EXPECT_EQ(labels, 1u);
-
-    // Ended by a newline, the same line is too wide: the text scrolls, at
-    // most 60 columns wide, as many rows as lines.
-    short rows = 0, columns = 0;
-    Pixel text_bg = 1, form_bg = 2;
-    boxdriver::when_up(&step, [&] {
-        std::vector<Widget> texts;
-        collect(xwkConditWidget, "xwkConditLabel", &texts);
-        labels = texts.size();
-        Widget text = xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass);
-        ASSERT_NE(text, nullptr);
-        XtVaGetValues(text, XmNrows, &rows, XmNcolumns, &columns, XmNbackground, &text_bg, NULL);
-        form_bg = XtParent(XtParent(text))->core.background_pixel;
-        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
-    });
-    condit(nullptr, "Wide", 2, (wide + "\nshort").c_str(), nullptr, 0, 1, 2);
-    EXPECT_EQ(labels, 0u);
-    EXPECT_EQ(rows, 2);
-    EXPECT_EQ(columns, 60);
-    EXPECT_EQ(text_bg, form_bg) << "the text takes the box's background";
+    // Only lines ended by a newline count towards the width: ended by one,
+    // the wide line makes the text scroll, at most 60 columns wide, as many
+    // rows as lines.
+    struct Case {
+        std::string text;
+        size_t labels;
+        short rows, columns;
+    } cases[] = {
+        {"Line one\nLine two", 1, 0, 0},
+        {tall, 0, 15, 12},  // the longest line, "^bLine^b 199"
+        {wide, 1, 0, 0},
+        {wide + "\nshort", 0, 2, 60},
+        {huge, 0, 15, 11},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.text.substr(0, 20));
+        std::vector<Widget> labels;
+        std::string shown;
+        short rows = 0, columns = 0;
+        Pixel text_bg = 1, form_bg = 1;
+        boxdriver::when_up(&step, [&] {
+            collect(xwkConditWidget, "xwkConditLabel", &labels);
+            if (Widget text = xwktest::FindWidgetOfClass(xwkConditWidget, xmTextWidgetClass)) {
+                shown = xwktest::TextOf(text);
+                XtVaGetValues(text, XmNrows, &rows, XmNcolumns, &columns, XmNbackground, &text_bg,
+                              NULL);
+                form_bg = XtParent(XtParent(text))->core.background_pixel;
+            }
+            // Wide boxes have their buttons beyond the screen's edge.
+            xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+        });
+        condit(nullptr, "Text", 2, c.text.c_str(), nullptr, 0, 1, 2);
+        EXPECT_EQ(labels.size(), c.labels);
+        EXPECT_EQ(rows, c.rows);
+        EXPECT_EQ(columns, c.columns);
+        EXPECT_EQ(text_bg, form_bg) << "the text takes the box's background";
+        if (&c == &cases[1]) {
+            EXPECT_EQ(shown.substr(0, 14), "bLineb 0\nbLine") << "markers dropped, letters kept";
+        }
+        if (&c == &cases[4]) {
+            EXPECT_EQ(shown.size(), huge.size() - 2000);
+            EXPECT_EQ(shown.substr(shown.size() - 11), "row 1999 ^\n");
+        }
+    }
 }
 
 TEST_F(MessageBox, ModelessBoxStaysUntilDeleted)
