@@ -529,20 +529,16 @@ std::vector<std::pair<int, int>> SelectedBands(const Win &tree)
 // at `not_at` (a band centre); returns that row's centre.
 int WaitSelectedRow(const Win &tree, int not_at)
 {
-    long end = NowMs() + kPaintTimeoutMs;
-    for (;;) {
+    int centre = not_at;
+    WaitUntil([&] {
         std::vector<std::pair<int, int>> bands = SelectedBands(tree);
-        if (bands.size() == 1) {
-            int centre = (bands[0].first + bands[0].second) / 2;
-            if (std::abs(centre - not_at) > 2)
-                return centre;
-        }
+        if (bands.size() == 1)
+            centre = (bands[0].first + bands[0].second) / 2;
         if (!ChildRunning())
             Fail("the program ended while a row was being selected");
-        if (NowMs() > end)
-            Fail("the tree list shows %zu selected rows, not the one clicked", bands.size());
-        SleepMs(20);
-    }
+        return std::abs(centre - not_at) > 2;
+    }, kPaintTimeoutMs, "no single row other than the last came to be painted selected");
+    return centre;
 }
 
 // treelist.c: click rows, open a branch with a double click, select a row

@@ -196,21 +196,17 @@ TEST(ComboBox, WheelScrollsTheListAndLeavesItUp)
 
 TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
 {
-    auto *f = new Fixture(XwkDROP_DOWN_LIST);
-    xwktest::ClickCenter(XwkComboBoxGetArrow(f->combo));
-    ASSERT_TRUE(f->WaitUp());
-    XtDestroyWidget(f->combo);
-    xwktest::Settle();
-    EXPECT_TRUE(xwktest::OthersCanGrab());
-    delete f;
-
-    // Destroyed between the popup and the grabs.
-    auto *g = new Fixture(XwkDROP_DOWN_LIST);
-    XwkComboBoxProcessXY(g->combo, g->combo->core.width - 5, 5);
-    XtDestroyWidget(g->combo);
-    xwktest::Settle();
-    EXPECT_TRUE(xwktest::OthersCanGrab());
-    delete g;
+    // Up, or destroyed between the popup and the grabs.
+    for (bool up : {true, false}) {
+        Fixture f(XwkDROP_DOWN_LIST);
+        if (up)
+            ASSERT_TRUE(f.Pop(0));
+        else
+            XwkComboBoxProcessXY(f.combo, f.combo->core.width - 5, 5);
+        XtDestroyWidget(f.combo);
+        xwktest::Settle();
+        EXPECT_TRUE(xwktest::OthersCanGrab()) << up;
+    }
 }
 
 TEST(ComboBox, BadValuesAndEmptyLists)
