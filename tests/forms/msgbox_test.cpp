@@ -416,30 +416,29 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
 
 TEST_F(MessageBox, StandardDialogMapsNoToZero)
 {
-    boxdriver::when_up(&step, [&] {
-        EXPECT_EQ(box_title(), "Question");
-        click(1);
-    });
-    EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Go on?", XWK_DIALOG_QUESTION), 1);
-    for (bool by_button : {true, false}) {
+    // The answer (-1: the window manager's close), the title given and shown.
+    struct Case {
+        int kind, answer;
+        const char *title, *shown, *name;
+        int result;
+    } cases[] = {
+        {XWK_DIALOG_QUESTION, 1, nullptr, "Question", "xwkQuestion", 1},
+        {XWK_DIALOG_QUESTION, 2, nullptr, "Question", "xwkQuestion", 0},
+        {XWK_DIALOG_QUESTION, -1, nullptr, "Question", "xwkQuestion", 0},
+        {XWK_DIALOG_MESSAGE, 1, "Own title", "Own title", "xwkMessageDialog", 1},
+        {XWK_DIALOG_WARNING, 1, nullptr, "Warning", "xwkWarning", 1},
+    };
+    for (const Case &c : cases) {
+        std::string name, title;
         boxdriver::when_up(&step, [&] {
-            by_button ? click(2) : xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+            name = XtName(xwkConditWidget);
+            title = box_title();
+            c.answer > 0 ? click(c.answer) : xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
         });
-        EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Go on?", XWK_DIALOG_QUESTION), 0);
+        EXPECT_EQ(XwkShowStdDialog(nullptr, c.title, "Go on?", c.kind), c.result) << c.shown;
+        EXPECT_EQ(name, c.name);
+        EXPECT_EQ(title, c.shown);
     }
-
-    std::string name, title;
-    boxdriver::when_up(&step, [&] {
-        name = XtName(xwkConditWidget);
-        title = box_title();
-        click(1);
-    });
-    XwkShowStdDialog(nullptr, "Own title", "Plain", XWK_DIALOG_MESSAGE);
-    EXPECT_EQ(name, "xwkMessageDialog");
-    EXPECT_EQ(title, "Own title");
-    boxdriver::when_up(&step, [&] { title = box_title(); click(1); });
-    XwkShowStdDialog(nullptr, nullptr, "Careful", XWK_DIALOG_WARNING);
-    EXPECT_EQ(title, "Warning");
 }
 
 TEST_F(MessageBox, ErrnoPrintfAndMemoryTexts)
