@@ -30,9 +30,7 @@ XwkDeskRec *open_desk(const char *title, Widget parent = nullptr, const char *la
 std::string shell_title(XwkDeskRec *desk)
 {
     Widget shell = XtIsApplicationShell(desk->form) ? desk->form : XtParent(desk->form);
-    char *title = nullptr;
-    XtVaGetValues(shell, XtNtitle, &title, NULL);
-    return title ? title : "";
+    return xwktest::Get<char *>(shell, XtNtitle);
 }
 
 }  // namespace
@@ -171,9 +169,8 @@ TEST(Desk, DialogDeskUnderAParent)
     XwkDeskRec *desk = open_desk("Inner|inner#top", outer->form);
     ASSERT_NE(desk, nullptr);
     EXPECT_TRUE(XmIsDialogShell(XtParent(desk->form)));
-    unsigned char style = 0;
-    XtVaGetValues(desk->form, XmNdialogStyle, &style, NULL);
-    EXPECT_EQ(style, XmDIALOG_PRIMARY_APPLICATION_MODAL);
+    EXPECT_EQ(xwktest::Get<unsigned char>(desk->form, XmNdialogStyle),
+              XmDIALOG_PRIMARY_APPLICATION_MODAL);
     EXPECT_EQ(xwkParentWidget, desk->form);
     EXPECT_EQ(shell_title(desk), "Inner");
     xwktest::ClickCenter(desk->buttons[0]);

@@ -223,9 +223,7 @@ TEST_F(Prompt, UserTextByMode)
 
     std::string title, page, anchor;
     when_prompt_up(&step, [&] {
-        char *t = nullptr;
-        XtVaGetValues(XtParent(prompt()), XtNtitle, &t, NULL);
-        title = t ? t : "";
+        title = xwktest::Get<char *>(XtParent(prompt()), XtNtitle);
         char *file = nullptr, *p = nullptr, *a = nullptr;
         if (XwkGetHelpData(prompt(), &file, &p, &a)) {
             page = p ? p : "";
