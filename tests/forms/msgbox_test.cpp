@@ -34,7 +34,18 @@ class MessageBox : public ::testing::Test {
 protected:
     void SetUp() override { xwktest::StartApp(); }
     void TearDown() override { EXPECT_EQ(xwkConditWidget, nullptr); }
+    // Reads the next box, then clicks its first button or closes it.
+    void read_box(bool close = false)
+    {
+        boxdriver::when_up(&step, [this, close] {
+            text = box_text();
+            title = box_title();
+            name = XtName(xwkConditWidget);
+            close ? xwktest::SendDeleteWindow(XtParent(xwkConditWidget)) : click(1);
+        });
+    }
     Step step;
+    std::string text, title, name;
 };
 
 }  // namespace
@@ -443,28 +454,23 @@ TEST_F(MessageBox, ErrnoPrintfAndMemoryTexts)
     EXPECT_EQ(XwkShowErrStrDialog(nullptr, nullptr, "reading", "f.txt", XWK_DIALOG_ERROR), 0);
     EXPECT_EQ(xwkConditWidget, nullptr) << "nothing shown";
 
-    std::string text;
-    boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
+    read_box();
     errno = ENOENT;
     EXPECT_EQ(XwkShowErrStrDialog(nullptr, nullptr, "reading", "f.txt", XWK_DIALOG_ERROR), ENOENT);
     EXPECT_EQ(text, std::string("An error occurred while reading\nf.txt:\n") + strerror(ENOENT) +
                         ".|");
 
-    boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
+    read_box();
     XwkShowPrintfDialog(nullptr, "Count", XWK_DIALOG_INFORMATION, "%d items in %s", 3, "box");
     EXPECT_EQ(text, "3 items in box|");
 
     std::string long_arg(5000, 'z');
-    boxdriver::when_up(&step, [&] {
-        text = box_text();
-        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));  // wider than the screen
-    });
+    read_box(true);  // wider than the screen
     XwkShowPrintfDialog(nullptr, "Cut", XWK_DIALOG_INFORMATION, "<%s>", long_arg.c_str());
     EXPECT_EQ(text.size(), 1023u + 1) << "1023 characters and the label end";
     EXPECT_EQ(text.substr(0, 3), "<zz");
 
-    std::string title;
-    boxdriver::when_up(&step, [&] { text = box_text(); title = box_title(); click(1); });
+    read_box();
     ins_mem();
     EXPECT_EQ(text, "Insufficient memory!|");
     EXPECT_EQ(title, "Error");
@@ -544,17 +550,16 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 0), 0) << "nothing to overwrite";
     EXPECT_EQ(xwkConditWidget, nullptr);
 
-    std::string text, name;
     // A negative code shows its box without testing the file.
     for (auto [code, file, verb] : {std::tuple{1, missing, "find"}, {-4, present, "read"},
                                     {-2, present, "create"}, {-6, present, "open"}}) {
-        boxdriver::when_up(&step, [&] { text = box_text(); name = XtName(xwkConditWidget); click(1); });
+        read_box();
         EXPECT_EQ(err_msg(nullptr, file.c_str(), code), 1);
         EXPECT_EQ(text, "Can't " + std::string(verb) + " the file\n`" + file + "'.|");
         EXPECT_EQ(name, "xwkError");
     }
     for (int code : {8, 11}) {
-        boxdriver::when_up(&step, [&] { text = box_text(); click(1); });
+        read_box();
         int code_ref = code;
         Widget none = nullptr;
         EXPECT_EQ(err_msg_(&none, present.c_str(), &code_ref), 1);
@@ -581,10 +586,7 @@ TEST_F(MessageBox, FileMessagesByCode)
 
     // A file name far longer than the message buffer is cut.
     std::string very_long = dir.Path(std::string(4000, 'n'));
-    boxdriver::when_up(&step, [&] {
-        text = box_text();
-        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
-    });
+    read_box(true);
     EXPECT_EQ(err_msg(nullptr, very_long.c_str(), -8), 0);
     // Cut inside the bold name: a style never switched off shows nothing.
     EXPECT_EQ(text, "Invalid format of the file\n|");
