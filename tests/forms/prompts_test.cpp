@@ -24,21 +24,18 @@ bool prompt_up()
     return XGetWindowAttributes(XtDisplay(form), XtWindow(form), &a) && a.map_state == IsViewable;
 }
 
-void when_prompt_up(Step *step, std::function<void()> action)
-{
-    step->ready = prompt_up;
-    step->action = std::move(action);
-    step->done = false;
-    boxdriver::start(step);
-}
-
-// Then, once cond holds (the typing has been handled), the next action.
+// Once cond holds (the prompt is up, the typing has been handled), the action.
 void then(Step *step, std::function<bool()> cond, std::function<void()> action)
 {
     step->ready = std::move(cond);
     step->action = std::move(action);
     step->done = false;
     boxdriver::start(step);
+}
+
+void when_prompt_up(Step *step, std::function<void()> action)
+{
+    then(step, prompt_up, std::move(action));
 }
 
 Widget action_button(int n)
