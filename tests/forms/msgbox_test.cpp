@@ -169,14 +169,6 @@ TEST_F(MessageBox, ShortTextAndButtonsStandCentred)
 
 TEST_F(MessageBox, ButtonSetsAndNumbers)
 {
-    std::vector<std::string> labels;
-    auto take_labels = [&] {
-        labels.clear();
-        std::vector<Widget> buttons;
-        collect(xwkConditWidget, "xwkActionAreaButton", &buttons);
-        for (Widget b : buttons)
-            labels.push_back(label_text(b));
-    };
     // The kind, the button set, own labels and their count; the button
     // clicked (0: the window manager's close, which is not the cancel
     // button's number).
@@ -193,8 +185,12 @@ TEST_F(MessageBox, ButtonSetsAndNumbers)
         {3, 0, nullptr, 0, 0, {"  OK  ", "  Cancel  "}},
     };
     for (const Case &c : cases) {
+        std::vector<std::string> labels;
         boxdriver::when_up(&step, [&] {
-            take_labels();
+            std::vector<Widget> buttons;
+            collect(xwkConditWidget, "xwkActionAreaButton", &buttons);
+            for (Widget b : buttons)
+                labels.push_back(label_text(b));
             c.click ? click(c.click) : xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
         });
         EXPECT_EQ(condit(nullptr, "Set", c.kind, "Which?", c.own, c.count, 1, c.set), c.click);
