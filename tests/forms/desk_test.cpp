@@ -150,20 +150,7 @@ TEST(Desk, DestroyedShellGivesMinusOne)
     CloseDesk(desk);  // a stale handle is ignored
 }
 
-TEST(Desk, CloseDeskDestroysTheShell)
-{
-    XwkDeskRec *desk = open_desk("Closing");
-    Widget shell = XtParent(desk->form);
-    bool destroyed = false;
-    XtAddCallback(shell, XtNdestroyCallback,
-                  [](Widget, XtPointer d, XtPointer) { *(bool *)d = true; }, &destroyed);
-    CloseDesk(desk);
-    xwktest::Settle();
-    EXPECT_TRUE(destroyed);
-    EXPECT_EQ(xwkParentWidget, xwkTopLevel);
-}
-
-TEST(Desk, DialogDeskUnderAParent)
+TEST(Desk, DialogDeskUnderAParentAndClosing)
 {
     XwkDeskRec *outer = open_desk("Outer");
     XwkDeskRec *desk = open_desk("Inner|inner#top", outer->form);
@@ -177,7 +164,15 @@ TEST(Desk, DialogDeskUnderAParent)
     EXPECT_EQ(boxdriver::poll_desk(desk), 1);
     CloseDesk(desk);
     EXPECT_EQ(xwkParentWidget, XtParent(outer->form)) << "the shell the dialog hung on";
+
+    // Closing destroys the shell.
+    bool destroyed = false;
+    XtAddCallback(XtParent(outer->form), XtNdestroyCallback,
+                  [](Widget, XtPointer d, XtPointer) { *(bool *)d = true; }, &destroyed);
     CloseDesk(outer);
+    xwktest::Settle();
+    EXPECT_TRUE(destroyed);
+    EXPECT_EQ(xwkParentWidget, xwkTopLevel);
 }
 
 TEST(Desk, WorkAreaTakesTheExtentOfItsControls)
