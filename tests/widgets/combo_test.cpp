@@ -63,7 +63,10 @@ struct Fixture {
         return up;
     }
     // The list went down and left nothing grabbed.
-    bool Closed() { return xwktest::PumpUntil([&] { return !listUp(); }) && xwktest::OthersCanGrab(); }
+    bool Closed()
+    {
+        return xwktest::PumpUntil([&] { return !listUp(); }) && xwktest::OthersCanGrab();
+    }
     bool EscapeCloses()
     {
         xwktest::PressKey(XtDisplay(combo), XK_Escape);
