@@ -159,17 +159,24 @@ void StartChild()
     child.out = fds[0];
 }
 
+// Waits, with a bound, until `done`; fails with `what` when the bound passes.
+void WaitUntil(const std::function<bool()> &done, int timeout_ms, const std::string &what,
+               int poll_ms = 20)
+{
+    long end = NowMs() + timeout_ms;
+    while (!done()) {
+        if (NowMs() > end)
+            Fail("%s within %d ms", what.c_str(), timeout_ms);
+        SleepMs(poll_ms);
+    }
+}
+
 // Waits, with a bound, for the child to end, and checks that it ended well
 // and printed exactly the lines expected.
 void ExpectExit(const std::vector<std::string> &lines)
 {
-    long end = NowMs() + kExitTimeoutMs;
-    while (ChildRunning()) {
-        Drain();
-        if (NowMs() > end)
-            Fail("the program did not exit within %d ms", kExitTimeoutMs);
-        SleepMs(10);
-    }
+    WaitUntil([] { Drain(); return !ChildRunning(); }, kExitTimeoutMs, "the program did not exit",
+              10);
     // The pipe stays open until the last writer is gone.
     while (child.out >= 0) {
         pollfd p = {child.out, POLLIN, 0};
@@ -276,41 +283,30 @@ Window FindTop(const std::string &title)
 // the same window tree, at the same places, twice in a row.
 Win WaitForWindow(const std::string &title)
 {
-    long end = NowMs() + kWindowTimeoutMs;
     Window id = 0;
-    while (!(id = FindTop(title))) {
+    WaitUntil([&] {
         if (!ChildRunning())
             Fail("the program ended before its window \"%s\" came up", title.c_str());
-        if (NowMs() > end)
-            Fail("no window \"%s\" within %d ms", title.c_str(), kWindowTimeoutMs);
-        SleepMs(20);
-    }
+        return (id = FindTop(title)) != 0;
+    }, kWindowTimeoutMs, "no window \"" + title + "\"");
+    Win w;
     std::string last;
-    for (;;) {
-        Win w;
+    WaitUntil([&] {
+        w = Win();
         if (!Load(id, &w))
             Fail("the window \"%s\" went away", title.c_str());
         std::string now = Snapshot(w);
-        if (now == last)
-            return w;
-        last = now;
-        if (NowMs() > end)
-            Fail("the window \"%s\" did not settle", title.c_str());
-        SleepMs(150);
-    }
+        return std::exchange(last, now) == now;
+    }, kWindowTimeoutMs, "the window \"" + title + "\" did not settle", 150);
+    return w;
 }
 
 void WaitGone(const Win &w, const char *what)
 {
-    long end = NowMs() + kWindowTimeoutMs;
-    for (;;) {
+    WaitUntil([&] {
         XWindowAttributes a;
-        if (!XGetWindowAttributes(dpy, w.id, &a) || a.map_state != IsViewable)
-            return;
-        if (NowMs() > end)
-            Fail("%s stayed up", what);
-        SleepMs(20);
-    }
+        return !XGetWindowAttributes(dpy, w.id, &a) || a.map_state != IsViewable;
+    }, kWindowTimeoutMs, std::string(what) + " stayed up");
 }
 
 // Windows without viewable children, large enough to be a control.
@@ -391,7 +387,7 @@ std::vector<Win> ControlsAt(const Win &top, const std::vector<std::pair<double, 
 
 void Click(int root_x, int root_y, int times = 1)
 {
-    XTestFakeMotionEvent(dpy, -1, root_x, root_y, CurrentTime);
+    xwktest::MovePointer(dpy, root_x, root_y);
     for (int i = 0; i < times; i++) {
         XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
         XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
@@ -402,12 +398,6 @@ void Click(int root_x, int root_y, int times = 1)
 void ClickCenter(const Win &w)
 {
     Click(w.x + w.w / 2, w.y + w.h / 2);
-}
-
-void MovePointerInto(const Win &w)
-{
-    XTestFakeMotionEvent(dpy, -1, w.x + w.w / 2, w.y + w.h / 2, CurrentTime);
-    XSync(dpy, False);
 }
 
 // ---- The examples -----------------------------------------------------------
@@ -421,6 +411,15 @@ std::vector<Win> Buttons(const char *title, size_t count, Win *window)
     if (buttons.size() != count)
         Fail("\"%s\" shows %zu buttons, not %zu", title, buttons.size(), count);
     return buttons;
+}
+
+// A second run of a desk that presses its Cancel button.
+void CancelRun(const char *title, const std::vector<std::string> &lines)
+{
+    StartChild();
+    Win desk;
+    ClickCenter(Buttons(title, 3, &desk)[1]);
+    ExpectExit(lines);
 }
 
 // desk.c: fill in the form and press OK; then, in a second run, Cancel.
@@ -454,41 +453,40 @@ void DriveDesk()
     ClickCenter(buttons[0]);    // OK
     ExpectExit({"name: Ada Lovelace", "copies: 3", "copy to me: yes"});
 
-    StartChild();
-    buttons = Buttons("Send report", 3, &desk);
-    ClickCenter(buttons[1]);    // Cancel
-    ExpectExit({"cancelled"});
+    CancelRun("Send report", {"cancelled"});
 }
 
 // msgbox.c: Yes and the confirmation; No and a button of the second box;
 // No and Escape in the second box.
 void DriveMsgBox()
 {
-    Win box;
-    StartChild();
-    std::vector<Win> buttons = Buttons("Question", 2, &box);
-    ClickCenter(buttons[0]);    // Yes
-    WaitGone(box, "the question");
-    buttons = Buttons("Information", 1, &box);
-    ClickCenter(buttons[0]);    // OK
-    ExpectExit({"save: yes", "saved"});
-
-    StartChild();
-    buttons = Buttons("Question", 2, &box);
-    ClickCenter(buttons[1]);    // No
-    WaitGone(box, "the question");
-    buttons = Buttons("Unsaved changes", 3, &box);
-    ClickCenter(buttons[1]);    // Keep a copy
-    ExpectExit({"save: no", "changes: keep a copy"});
-
-    StartChild();
-    buttons = Buttons("Question", 2, &box);
-    ClickCenter(buttons[1]);    // No
-    WaitGone(box, "the question");
-    buttons = Buttons("Unsaved changes", 3, &box);
-    MovePointerInto(box);       // the keyboard follows the pointer
-    xwktest::PressKey(dpy, XK_Escape);  // the Cancel button
-    ExpectExit({"save: no", "changes: cancel"});
+    // The button of the question, the second box and its button (-1:
+    // Escape, with the pointer over the box: the keyboard follows it).
+    struct Run {
+        int answer;
+        const char *second;
+        size_t count;
+        int button;
+        std::vector<std::string> lines;
+    } runs[] = {
+        {0, "Information", 1, 0, {"save: yes", "saved"}},
+        {1, "Unsaved changes", 3, 1, {"save: no", "changes: keep a copy"}},
+        {1, "Unsaved changes", 3, -1, {"save: no", "changes: cancel"}},
+    };
+    for (const Run &r : runs) {
+        Win box;
+        StartChild();
+        ClickCenter(Buttons("Question", 2, &box)[r.answer]);
+        WaitGone(box, "the question");
+        std::vector<Win> buttons = Buttons(r.second, r.count, &box);
+        if (r.button >= 0) {
+            ClickCenter(buttons[r.button]);
+        } else {
+            xwktest::MovePointer(dpy, box.x + box.w / 2, box.y + box.h / 2);
+            xwktest::PressKey(dpy, XK_Escape);  // the Cancel button
+        }
+        ExpectExit(r.lines);
+    }
 }
 
 // The rows of the tree list that are painted as selected: runs of pixels
@@ -531,20 +529,16 @@ std::vector<std::pair<int, int>> SelectedBands(const Win &tree)
 // at `not_at` (a band centre); returns that row's centre.
 int WaitSelectedRow(const Win &tree, int not_at)
 {
-    long end = NowMs() + kPaintTimeoutMs;
-    for (;;) {
+    int centre = not_at;
+    WaitUntil([&] {
         std::vector<std::pair<int, int>> bands = SelectedBands(tree);
-        if (bands.size() == 1) {
-            int centre = (bands[0].first + bands[0].second) / 2;
-            if (std::abs(centre - not_at) > 2)
-                return centre;
-        }
+        if (bands.size() == 1)
+            centre = (bands[0].first + bands[0].second) / 2;
         if (!ChildRunning())
             Fail("the program ended while a row was being selected");
-        if (NowMs() > end)
-            Fail("the tree list shows %zu selected rows, not the one clicked", bands.size());
-        SleepMs(20);
-    }
+        return std::abs(centre - not_at) > 2;
+    }, kPaintTimeoutMs, "no single row other than the last came to be painted selected");
+    return centre;
 }
 
 // treelist.c: click rows, open a branch with a double click, select a row
@@ -587,10 +581,7 @@ void DriveTreeList()
     ExpectExit({"selected: src", "selected: main.c", "selected: include", "selected: util.h",
                 "chosen: include/util.h"});
 
-    StartChild();
-    buttons = Buttons("Project files", 3, &desk);
-    ClickCenter(buttons[1]);                            // Cancel
-    ExpectExit({"selected: src", "cancelled"});
+    CancelRun("Project files", {"selected: src", "cancelled"});
 }
 
 }  // namespace

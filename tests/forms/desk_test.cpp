@@ -30,9 +30,7 @@ XwkDeskRec *open_desk(const char *title, Widget parent = nullptr, const char *la
 std::string shell_title(XwkDeskRec *desk)
 {
     Widget shell = XtIsApplicationShell(desk->form) ? desk->form : XtParent(desk->form);
-    char *title = nullptr;
-    XtVaGetValues(shell, XtNtitle, &title, NULL);
-    return title ? title : "";
+    return xwktest::Get<char *>(shell, XtNtitle);
 }
 
 }  // namespace
@@ -74,6 +72,8 @@ TEST(Desk, ClickedButtonNumbers)
     EXPECT_EQ(boxdriver::poll_desk(desk), 1);
     xwktest::ClickCenter(desk->buttons[1]);
     EXPECT_EQ(boxdriver::poll_desk(desk), 2);
+    xwktest::SendDeleteWindow(XtParent(desk->form));
+    EXPECT_EQ(boxdriver::poll_desk(desk), 2) << "the window manager's close presses Cancel";
     // The last button is help: it never yields a result.  Without a help
     // server installed, it says so.
     int helped = 0;
@@ -117,35 +117,21 @@ TEST(Desk, ButtonsShareOneWidthAndTheLastStandsRight)
 
 TEST(Desk, DefaultAndCancelButtons)
 {
-    XwkDeskRec *desk = open_desk("Defaults");
-    Widget board = XtParent(desk->panes);
-    Widget def = nullptr, cancel = nullptr;
-    XtVaGetValues(board, XmNdefaultButton, &def, XmNcancelButton, &cancel, NULL);
-    EXPECT_EQ(def, desk->buttons[0]);
-    EXPECT_EQ(cancel, desk->buttons[1]);
-    EXPECT_EQ(desk->cancel_index, 2);
-    CloseDesk(desk);
-
     // A first button "Cancel" is the cancel button, and the default falls to it.
-    desk = open_desk("Cancel first", nullptr, "Cancel\0Other", 2);
-    board = XtParent(desk->panes);
-    XtVaGetValues(board, XmNdefaultButton, &def, XmNcancelButton, &cancel, NULL);
-    EXPECT_EQ(cancel, desk->buttons[0]);
-    EXPECT_EQ(def, desk->buttons[0]);
-    CloseDesk(desk);
+    struct Case { const char *title, *labels; int count, def, cancel; } cases[] = {
+        {"Defaults", nullptr, 0, 0, 1}, {"Cancel first", "Cancel\0Other", 2, 0, 0}};
+    for (const Case &c : cases) {
+        XwkDeskRec *desk = open_desk(c.title, nullptr, c.labels, c.count);
+        Widget board = XtParent(desk->panes);
+        EXPECT_EQ(xwktest::Get<Widget>(board, XmNdefaultButton), desk->buttons[c.def]) << c.title;
+        EXPECT_EQ(xwktest::Get<Widget>(board, XmNcancelButton), desk->buttons[c.cancel]) << c.title;
+        CloseDesk(desk);
+    }
 
     // Null labels give the three default buttons whatever the count.
-    desk = open_desk("Null labels", nullptr, nullptr, 1);
+    XwkDeskRec *desk = open_desk("Null labels", nullptr, nullptr, 1);
     EXPECT_EQ(desk->nbuttons, 3);
-    CloseDesk(desk);
-}
-
-TEST(Desk, WindowManagerClosePressesCancel)
-{
-    XwkDeskRec *desk = open_desk("Close me");
-    Widget shell = XtParent(desk->form);
-    xwktest::SendDeleteWindow(shell);
-    EXPECT_EQ(boxdriver::poll_desk(desk), 2);
+    EXPECT_EQ(desk->cancel_index, 2);
     CloseDesk(desk);
 }
 
@@ -164,35 +150,29 @@ TEST(Desk, DestroyedShellGivesMinusOne)
     CloseDesk(desk);  // a stale handle is ignored
 }
 
-TEST(Desk, CloseDeskDestroysTheShell)
-{
-    XwkDeskRec *desk = open_desk("Closing");
-    Widget shell = XtParent(desk->form);
-    bool destroyed = false;
-    XtAddCallback(shell, XtNdestroyCallback,
-                  [](Widget, XtPointer d, XtPointer) { *(bool *)d = true; }, &destroyed);
-    CloseDesk(desk);
-    xwktest::Settle();
-    EXPECT_TRUE(destroyed);
-    EXPECT_EQ(xwkParentWidget, xwkTopLevel);
-}
-
-TEST(Desk, DialogDeskUnderAParent)
+TEST(Desk, DialogDeskUnderAParentAndClosing)
 {
     XwkDeskRec *outer = open_desk("Outer");
     XwkDeskRec *desk = open_desk("Inner|inner#top", outer->form);
     ASSERT_NE(desk, nullptr);
     EXPECT_TRUE(XmIsDialogShell(XtParent(desk->form)));
-    unsigned char style = 0;
-    XtVaGetValues(desk->form, XmNdialogStyle, &style, NULL);
-    EXPECT_EQ(style, XmDIALOG_PRIMARY_APPLICATION_MODAL);
+    EXPECT_EQ(xwktest::Get<unsigned char>(desk->form, XmNdialogStyle),
+              XmDIALOG_PRIMARY_APPLICATION_MODAL);
     EXPECT_EQ(xwkParentWidget, desk->form);
     EXPECT_EQ(shell_title(desk), "Inner");
     xwktest::ClickCenter(desk->buttons[0]);
     EXPECT_EQ(boxdriver::poll_desk(desk), 1);
     CloseDesk(desk);
     EXPECT_EQ(xwkParentWidget, XtParent(outer->form)) << "the shell the dialog hung on";
+
+    // Closing destroys the shell.
+    bool destroyed = false;
+    XtAddCallback(XtParent(outer->form), XtNdestroyCallback,
+                  [](Widget, XtPointer d, XtPointer) { *(bool *)d = true; }, &destroyed);
     CloseDesk(outer);
+    xwktest::Settle();
+    EXPECT_TRUE(destroyed);
+    EXPECT_EQ(xwkParentWidget, xwkTopLevel);
 }
 
 TEST(Desk, WorkAreaTakesTheExtentOfItsControls)

@@ -24,21 +24,18 @@ bool prompt_up()
     return XGetWindowAttributes(XtDisplay(form), XtWindow(form), &a) && a.map_state == IsViewable;
 }
 
-void when_prompt_up(Step *step, std::function<void()> action)
-{
-    step->ready = prompt_up;
-    step->action = std::move(action);
-    step->done = false;
-    boxdriver::start(step);
-}
-
-// Then, once cond holds (the typing has been handled), the next action.
+// Once cond holds (the prompt is up, the typing has been handled), the action.
 void then(Step *step, std::function<bool()> cond, std::function<void()> action)
 {
     step->ready = std::move(cond);
     step->action = std::move(action);
     step->done = false;
     boxdriver::start(step);
+}
+
+void when_prompt_up(Step *step, std::function<void()> action)
+{
+    then(step, prompt_up, std::move(action));
 }
 
 Widget action_button(int n)
@@ -63,6 +60,14 @@ void type_into(Widget text, const char *what)
     xwktest::TypeText(XtDisplay(text), what);
 }
 
+// Types into the text and, once it shows `shows`, presses OK.
+void type_then_ok(Step *next, Widget text, const char *what, std::string shows)
+{
+    type_into(text, what);
+    then(next, [text, shows] { return xwktest::TextOf(text) == shows; },
+         [] { xwktest::ClickCenter(action_button(1)); });
+}
+
 class Prompt : public ::testing::Test {
 protected:
     void SetUp() override { xwktest::StartApp(); }
@@ -82,9 +87,7 @@ TEST_F(Prompt, OneLineTypedAndConfirmed)
         height = shell->core.height;
         Widget text = texts().at(0);
         field_name = XtName(text);
-        type_into(text, "er");
-        then(&next, [text] { return xwktest::TextOf(text) == "older"; },
-             [] { xwktest::ClickCenter(action_button(1)); });
+        type_then_ok(&next, text, "er", "older");
     });
     EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Name", buffer, 31), 1);
     EXPECT_STREQ(buffer, "older");
@@ -150,12 +153,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
 TEST_F(Prompt, MultiLineAndTwoFields)
 {
     char notes[64] = "";
-    when_prompt_up(&step, [&] {
-        Widget text = texts().at(0);
-        type_into(text, "one\ntwo");
-        then(&next, [text] { return xwktest::TextOf(text) == "one\ntwo"; },
-             [] { xwktest::ClickCenter(action_button(1)); });
-    });
+    when_prompt_up(&step, [&] { type_then_ok(&next, texts().at(0), "one\ntwo", "one\ntwo"); });
     EXPECT_EQ(inputb(xwkTopLevel, nullptr, "Notes", notes, 63, 30, 4), 1);
     EXPECT_STREQ(notes, "one\ntwo");
 
@@ -165,10 +163,7 @@ TEST_F(Prompt, MultiLineAndTwoFields)
         std::vector<Widget> t = texts();
         fields = t.size();
         type_into(t.at(0), "first");
-        type_into(t.at(1), "second");
-        Widget last = t.at(1);
-        then(&next, [last] { return xwktest::TextOf(last) == "second"; },
-             [] { xwktest::ClickCenter(action_button(1)); });
+        type_then_ok(&next, t.at(1), "second", "second");
     });
     EXPECT_EQ(inputc(xwkTopLevel, "Two", "A", a, 15, "B", b, 15, 20, 3), 1);
     EXPECT_EQ(fields, 2u);
@@ -197,10 +192,7 @@ TEST_F(Prompt, CheckBoxAndThreeFields)
         std::vector<Widget> t = texts();
         ASSERT_EQ(t.size(), 3u);
         XtVaGetValues(t[2], XmNwordWrap, &wrap, NULL);
-        type_into(t[2], "third");
-        Widget last = t[2];
-        then(&next, [last] { return xwktest::TextOf(last) == "third"; },
-             [] { xwktest::ClickCenter(action_button(1)); });
+        type_then_ok(&next, t[2], "third", "third");
     });
     EXPECT_EQ(inpute(xwkTopLevel, "Three", "One", f1, 15, 10, 1, "Two", f2, 15, 10, 1, "Three", f3,
                      63, 20, 3),
@@ -228,18 +220,13 @@ TEST_F(Prompt, UserTextByMode)
 
     std::string title, page, anchor;
     when_prompt_up(&step, [&] {
-        char *t = nullptr;
-        XtVaGetValues(XtParent(prompt()), XtNtitle, &t, NULL);
-        title = t ? t : "";
+        title = xwktest::Get<char *>(XtParent(prompt()), XtNtitle);
         char *file = nullptr, *p = nullptr, *a = nullptr;
         if (XwkGetHelpData(prompt(), &file, &p, &a)) {
             page = p ? p : "";
             anchor = a ? a : "";
         }
-        Widget text = texts().at(0);
-        type_into(text, "!");
-        then(&next, [text] { return xwktest::TextOf(text) == "start!"; },
-             [] { xwktest::ClickCenter(action_button(1)); });
+        type_then_ok(&next, texts().at(0), "!", "start!");
     });
     char *got = XwkGetUserText(1, xwkTopLevel, "start", "Find what", "Find");
     ASSERT_NE(got, nullptr);
@@ -252,12 +239,7 @@ TEST_F(Prompt, UserTextByMode)
     when_prompt_up(&step, [] { xwktest::ClickCenter(action_button(2)); });
     EXPECT_EQ(XwkGetUserText(0, xwkTopLevel, "text", "Notes", "Own|page"), nullptr);
 
-    when_prompt_up(&step, [&] {
-        Widget text = texts().at(0);
-        type_into(text, "pw");
-        then(&next, [text] { return xwktest::TextOf(text) == "**"; },
-             [] { xwktest::ClickCenter(action_button(1)); });
-    });
+    when_prompt_up(&step, [&] { type_then_ok(&next, texts().at(0), "pw", "**"); });
     got = XwkGetUserText(1001, xwkTopLevel, nullptr, "Password", nullptr);
     ASSERT_NE(got, nullptr);
     EXPECT_STREQ(got, "pw");

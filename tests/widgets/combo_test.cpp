@@ -54,6 +54,24 @@ struct Fixture {
     XwkComboBoxPart &part() { return ((XwkComboBoxWidget)combo)->combo; }
     bool listUp() { return part().flags & XwkCB_LIST_UP; }
     bool WaitUp() { return xwktest::PumpUntil([&] { return listUp(); }); }
+    // Pops the list by its arrow; the pause lets the opening click's release pass.
+    bool Pop(int pause_ms = 50)
+    {
+        xwktest::ClickCenter(XwkComboBoxGetArrow(combo));
+        bool up = WaitUp();
+        xwktest::Pump(pause_ms);
+        return up;
+    }
+    // The list went down and left nothing grabbed.
+    bool Closed()
+    {
+        return xwktest::PumpUntil([&] { return !listUp(); }) && xwktest::OthersCanGrab();
+    }
+    bool EscapeCloses()
+    {
+        xwktest::PressKey(XtDisplay(combo), XK_Escape);
+        return Closed();
+    }
     std::string Text() { return xwktest::TextOf(XwkComboBoxGetText(combo)); }
 };
 
@@ -61,8 +79,7 @@ TEST(ComboBox, ArrowClickPopsListAndAChoiceClosesIt)
 {
     Fixture f(XwkDROP_DOWN_LIST);
     EXPECT_EQ(f.Text(), "item1");
-    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
-    ASSERT_TRUE(f.WaitUp());
+    ASSERT_TRUE(f.Pop(0));
     Widget list = XwkComboBoxGetList(f.combo);
     ASSERT_TRUE(xwktest::WaitViewable(list));
     xwktest::Pump(50);
@@ -81,38 +98,31 @@ TEST(ComboBox, ArrowClickPopsListAndAChoiceClosesIt)
     // Third item: rows are equal in height.
     int row_h = list->core.height / 4;
     xwktest::Click(list, list->core.width / 2, row_h * 2 + row_h / 2);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    ASSERT_TRUE(f.Closed());
     xwktest::Settle();
     ASSERT_EQ(selections.size(), 1u);
     EXPECT_EQ(selections[0].reason, XwkCR_COMBO_SELECT);
     EXPECT_EQ(selections[0].position, 3);
     EXPECT_EQ(f.Text(), "item3");
-    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, ClickOutsideClosesAndReachesTheWidgetUnderIt)
 {
     Fixture f(XwkDROP_DOWN_LIST);
-    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
-    ASSERT_TRUE(f.WaitUp());
-    xwktest::Pump(50);
+    ASSERT_TRUE(f.Pop());
     xwktest::ClickCenter(f.button);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    ASSERT_TRUE(f.Closed());
     ASSERT_TRUE(xwktest::PumpUntil([&] { return pushes == 1; }));
     EXPECT_TRUE(selections.empty());
-    EXPECT_TRUE(xwktest::OthersCanGrab());
     EXPECT_FALSE(((ShellWidget)XwkComboBoxGetShell(f.combo))->shell.popped_up);
 
     // A click on the root window closes it as well.
-    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
-    ASSERT_TRUE(f.WaitUp());
-    xwktest::Pump(50);
+    ASSERT_TRUE(f.Pop());
     Display *dpy = XtDisplay(f.combo);
     xwktest::MovePointer(dpy, WidthOfScreen(XtScreen(f.combo)) - 5, HeightOfScreen(XtScreen(f.combo)) - 5);
     XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
     XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(xwktest::OthersCanGrab());
+    EXPECT_TRUE(f.Closed());
 }
 
 TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
@@ -122,10 +132,8 @@ TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
     xwktest::ClickCenter(XwkComboBoxGetText(f.combo));  // a drop-down list pops on any click
     ASSERT_TRUE(f.WaitUp());
     xwktest::Pump(50);
-    xwktest::PressKey(dpy, XK_Escape);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    EXPECT_TRUE(f.EscapeCloses());
     EXPECT_TRUE(selections.empty());
-    EXPECT_TRUE(xwktest::OthersCanGrab());
 
     // Focus is back in the text: Down moves the choice and notifies.
     xwktest::PressKey(dpy, XK_Down);
@@ -138,11 +146,10 @@ TEST(ComboBox, KeyboardPopsChoosesAndEscapeCancels)
     ASSERT_TRUE(f.WaitUp());
     xwktest::PressKey(dpy, XK_Down);
     xwktest::PressKey(dpy, XK_Return);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    ASSERT_TRUE(f.Closed());
     xwktest::Settle();
     EXPECT_EQ(f.Text(), "item3");
     EXPECT_EQ(f.part().selectedPosition, 3);
-    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, EditableTextTakesTypingAndActivates)
@@ -179,9 +186,7 @@ TEST(ComboBox, EditableTextTakesTypingAndActivates)
 TEST(ComboBox, WheelScrollsTheListAndLeavesItUp)
 {
     Fixture f(XwkDROP_DOWN_LIST, 20);
-    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
-    ASSERT_TRUE(f.WaitUp());
-    xwktest::Pump(50);
+    ASSERT_TRUE(f.Pop());
     Widget list = XwkComboBoxGetList(f.combo);
     int top = 0;
     XtVaGetValues(list, XmNtopItemPosition, &top, NULL);
@@ -189,28 +194,22 @@ TEST(ComboBox, WheelScrollsTheListAndLeavesItUp)
     xwktest::Settle();
     EXPECT_GT(xwktest::Get<int>(list, XmNtopItemPosition), top);
     EXPECT_TRUE(f.listUp());
-    xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(xwktest::OthersCanGrab());
+    EXPECT_TRUE(f.EscapeCloses());
 }
 
 TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
 {
-    auto *f = new Fixture(XwkDROP_DOWN_LIST);
-    xwktest::ClickCenter(XwkComboBoxGetArrow(f->combo));
-    ASSERT_TRUE(f->WaitUp());
-    XtDestroyWidget(f->combo);
-    xwktest::Settle();
-    EXPECT_TRUE(xwktest::OthersCanGrab());
-    delete f;
-
-    // Destroyed between the popup and the grabs.
-    auto *g = new Fixture(XwkDROP_DOWN_LIST);
-    XwkComboBoxProcessXY(g->combo, g->combo->core.width - 5, 5);
-    XtDestroyWidget(g->combo);
-    xwktest::Settle();
-    EXPECT_TRUE(xwktest::OthersCanGrab());
-    delete g;
+    // Up, or destroyed between the popup and the grabs.
+    for (bool up : {true, false}) {
+        Fixture f(XwkDROP_DOWN_LIST);
+        if (up)
+            ASSERT_TRUE(f.Pop(0));
+        else
+            XwkComboBoxProcessXY(f.combo, f.combo->core.width - 5, 5);
+        XtDestroyWidget(f.combo);
+        xwktest::Settle();
+        EXPECT_TRUE(xwktest::OthersCanGrab()) << up;
+    }
 }
 
 TEST(ComboBox, BadValuesAndEmptyLists)
@@ -232,11 +231,8 @@ TEST(ComboBox, BadValuesAndEmptyLists)
 
     // Empty list: the arrow still pops an empty shell.
     EXPECT_EQ(f.Text(), "");
-    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
-    ASSERT_TRUE(f.WaitUp());
-    xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(xwktest::OthersCanGrab());
+    ASSERT_TRUE(f.Pop(0));
+    EXPECT_TRUE(f.EscapeCloses());
 
     EXPECT_EQ(XwkComboBoxSelectPos(f.combo, 3, True), 3);
     EXPECT_TRUE(selections.empty());
@@ -293,11 +289,10 @@ TEST(ComboBox, PopupListKindAndPlacementAtScreenEdge)
     EXPECT_EQ(shell->core.y + (int)shell->core.height, HeightOfScreen(screen));
     Widget list = XwkComboBoxGetList(f.combo);
     xwktest::Click(list, list->core.width / 2, 3);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
+    ASSERT_TRUE(f.Closed());
     xwktest::Settle();
     ASSERT_EQ(selections.size(), 1u);
     EXPECT_EQ(selections[0].position, 1);
-    EXPECT_TRUE(xwktest::OthersCanGrab());
 }
 
 TEST(ComboBox, ListNearTheBottomOpensAbove)
@@ -307,16 +302,13 @@ TEST(ComboBox, ListNearTheBottomOpensAbove)
     XtVaSetValues(f.shell, XmNx, 20, XmNy, HeightOfScreen(screen) - 60, NULL);
     XMoveWindow(XtDisplay(f.shell), XtWindow(f.shell), 20, HeightOfScreen(screen) - 60);
     xwktest::Settle();
-    xwktest::ClickCenter(XwkComboBoxGetArrow(f.combo));
-    ASSERT_TRUE(f.WaitUp());
+    ASSERT_TRUE(f.Pop(0));
     int cx, cy, sx, sy;
     Widget shell = XwkComboBoxGetShell(f.combo);
     xwktest::RootPosition(f.combo, &cx, &cy);
     xwktest::RootPosition(shell, &sx, &sy);
     EXPECT_LT(sy + (int)shell->core.height, cy + 2);
-    xwktest::PressKey(XtDisplay(f.combo), XK_Escape);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return !f.listUp(); }));
-    EXPECT_TRUE(xwktest::OthersCanGrab());
+    EXPECT_TRUE(f.EscapeCloses());
 }
 
 TEST(ComboBox, ArrowIsDrawnAndResourcesComeFromTheDatabase)
