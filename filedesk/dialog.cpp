@@ -59,7 +59,7 @@ void DeleteWindow(Widget, XtPointer client_data, XtPointer)
 struct DragData {
     Widget desk;
     FsdFileItem *item;
-    Widget icon;  // the drag icon made for this drag, destroyed with it
+    Widget icon;  // made for this drag, destroyed with the drag context
 };
 
 Boolean ConvertDrag(Widget drag_context, Atom *selection, Atom *target, Atom *type, XtPointer *value,
@@ -116,19 +116,13 @@ Boolean ConvertDrag(Widget drag_context, Atom *selection, Atom *target, Atom *ty
     return True;
 }
 
-void DragFinished(Widget drag_context, XtPointer client_data, XtPointer)
+void DragFinished(Widget, XtPointer client_data, XtPointer)
 {
     auto *data = static_cast<DragData *>(client_data);
     if (data && FsdPart(data->desk).scroll_timer) {
         XtRemoveTimeOut(FsdPart(data->desk).scroll_timer);
         FsdPart(data->desk).scroll_timer = 0;
     }
-    // The drag icon is made for each drag: it goes when the drag is over.
-    if (data && data->icon) {
-        XtDestroyWidget(data->icon);
-        data->icon = nullptr;
-    }
-    (void)drag_context;
 }
 
 void FreeDragData(Widget, XtPointer client_data, XtPointer)
