@@ -175,10 +175,7 @@ TEST_P(ColorPickerDialog, CancelLeavesTheColour)
         [&](Widget p) { xwktest::Click(Child(p, "green"), 2 + 255, 10); },
         [&](Widget p) {
             EXPECT_EQ(Shown(p).g, 255);
-            Widget shell = p;
-            while (!XtIsShell(shell))
-                shell = XtParent(shell);
-            xwktest::SendDeleteWindow(shell);
+            xwktest::SendDeleteWindow(XwkGetWMShell(p));
         },
     };
     XtAppAddTimeOut(xwkApp, 50, Tick, &script);

@@ -83,6 +83,9 @@ TEST(RunProcess, TheStatusIsReadInTheMessageBox)
         {"sh -c 'echo x$_XWK_PARENT_WINDOW; exit 127'",
          "Can't execute `" + sh + "':\nx" + window + "|"},
         {"sh -c 'exit 127'", "Can't execute `" + sh + "'.|"},
+        // Only the last chunk of the output is reported.
+        {"sh -c 'yes | head -c 20000; sleep 0.2; echo tail; exit 127'",
+         "Can't execute `" + sh + "':\ntail|"},
         {"/nonexistent/program", "Can't execute `/nonexistent/program':\nNo such file or directory|"},
         {"sh -c 'exit 13'", "Can't execute `" + sh + "':\nPermission denied|"},
         {"sh -c 'exit 5'", "`" + sh + "' exited:\nInput/output error|"},
@@ -112,15 +115,6 @@ TEST(RunProcess, TheApplicationsEnvironmentIsMergedIn)
     EXPECT_NE(run.text.find(":\nmerged:" + std::to_string(XtWindow(button)) + "|"),
               std::string::npos)
         << run.text;
-}
-
-TEST(RunProcess, OnlyTheLastChunkOfOutputIsReported)
-{
-    Widget button = make_button("chunks");
-    Started run;
-    run_command(button, "sh -c 'yes | head -c 20000; sleep 0.2; echo tail; exit 127'",
-                &run, true);
-    EXPECT_NE(run.text.find(":\ntail|"), std::string::npos) << run.text.substr(0, 80);
 }
 
 TEST(RunProcess, AWidgetDestroyedMeanwhileGetsNoBox)
