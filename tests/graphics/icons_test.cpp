@@ -243,28 +243,23 @@ TEST(DragIcons, FromAnIconOrEmpty)
     Widget drag = XwkCreateDragIconWidget(shell, icon);
     ASSERT_NE(drag, nullptr);
     EXPECT_STREQ(XtName(drag), "dragIcon");
-    Pixmap pixmap = 0, mask = 0;
-    Dimension w = 0, h = 0;
-    Position hx = -1, hy = -1;
-    XtVaGetValues(drag, XmNpixmap, &pixmap, XmNmask, &mask, XmNwidth, &w, XmNheight, &h, XmNhotX, &hx,
-                  XmNhotY, &hy, NULL);
-    EXPECT_EQ(pixmap, icon->pixmap);
-    EXPECT_EQ(mask, icon->mask);
-    EXPECT_EQ(w, 4);
-    EXPECT_EQ(h, 2);
-    EXPECT_EQ(hx, 1);   // the hot spot "1 0" of the values line
-    EXPECT_EQ(hy, 0);
+    using xwktest::Get;
+    EXPECT_EQ(Get<Pixmap>(drag, XmNpixmap), icon->pixmap);
+    EXPECT_EQ(Get<Pixmap>(drag, XmNmask), icon->mask);
+    EXPECT_EQ(Get<Dimension>(drag, XmNwidth), 4);
+    EXPECT_EQ(Get<Dimension>(drag, XmNheight), 2);
+    EXPECT_EQ(Get<Position>(drag, XmNhotX), 1);   // the hot spot "1 0" of the values line
+    EXPECT_EQ(Get<Position>(drag, XmNhotY), 0);
 
     Widget empty = XwkCreateDragIconWidget(shell, nullptr);
     ASSERT_NE(empty, nullptr);
-    Cardinal depth = 0;
-    XtVaGetValues(empty, XmNwidth, &w, XmNheight, &h, XmNdepth, &depth, XmNpixmap, &pixmap, NULL);
-    EXPECT_EQ(w, 1);
-    EXPECT_EQ(h, 1);
-    EXPECT_EQ(depth, 1u);
+    EXPECT_EQ(Get<Dimension>(empty, XmNwidth), 1);
+    EXPECT_EQ(Get<Dimension>(empty, XmNheight), 1);
+    EXPECT_EQ(Get<Cardinal>(empty, XmNdepth), 1u);
+    Pixmap pixmap = Get<Pixmap>(empty, XmNpixmap);
     EXPECT_NE(pixmap, 0u);
     Widget second = XwkCreateDragIconWidget(shell, nullptr);
-    EXPECT_EQ(xwktest::Get<Pixmap>(second, XmNpixmap), pixmap);
+    EXPECT_EQ(Get<Pixmap>(second, XmNpixmap), pixmap);
     XtDestroyWidget(drag);
     XtDestroyWidget(empty);
     XtDestroyWidget(second);
