@@ -8,7 +8,12 @@ namespace {
 
 struct Warning {
     std::string name, type, cls, text, param;
+    bool operator==(const Warning &) const = default;
 };
+std::ostream &operator<<(std::ostream &os, const Warning &w)
+{
+    return os << w.name << "/" << w.type << "/" << w.cls << ": " << w.text << " [" << w.param << "]";
+}
 std::vector<Warning> warnings;
 
 void RecordWarning(String name, String type, String cls, String text, String *params, Cardinal *n)
@@ -131,12 +136,9 @@ TEST(Converters, PixelConverterWarnsAndFrees)
     warnings.clear();
     ConvertTo(shell, XmRPixel, "no-such-colour", &ok);
     EXPECT_FALSE(ok);
-    bool seen = false;
-    for (const Warning &w : warnings)
-        if (w.name == "badValue" && w.type == "cvtStringToPixel" && w.cls == "XwkError" &&
-            w.text == "Color name \"%s\" is not defined" && w.param == "no-such-colour")
-            seen = true;
-    EXPECT_TRUE(seen);
+    Warning bad = {"badValue", "cvtStringToPixel", "XwkError", "Color name \"%s\" is not defined",
+                   "no-such-colour"};
+    EXPECT_NE(std::find(warnings.begin(), warnings.end(), bad), warnings.end());
 
     warnings.clear();
     Cardinal none = 0;
@@ -145,13 +147,11 @@ TEST(Converters, PixelConverterWarnsAndFrees)
     XtPointer closure = nullptr;
     EXPECT_FALSE(XwkCvtStringToPixel(dpy, nullptr, &none, &from, &to, &closure));
     XwkCvtFreePixel(xwktest::App(), &to, nullptr, nullptr, &none);
-    ASSERT_EQ(warnings.size(), 2u);
-    EXPECT_EQ(warnings[0].name, "wrongParameters");
-    EXPECT_EQ(warnings[0].type, "cvtStringToPixel");
-    EXPECT_EQ(warnings[0].text, "String to pixel conversion needs screen and colormap arguments");
-    EXPECT_EQ(warnings[1].type, "freePixel");
-    EXPECT_EQ(warnings[1].cls, "XwkError");
-    EXPECT_EQ(warnings[1].text, "Freeing a pixel requires screen and colormap arguments");
+    EXPECT_EQ(warnings, (std::vector<Warning>{
+        {"wrongParameters", "cvtStringToPixel", "XwkError",
+         "String to pixel conversion needs screen and colormap arguments", ""},
+        {"wrongParameters", "freePixel", "XwkError",
+         "Freeing a pixel requires screen and colormap arguments", ""}}));
 
     // Storage too small: the size asked for comes back and the result is False.
     Screen *screen = XtScreen(shell);
