@@ -165,21 +165,19 @@ std::vector<RGB> Cut(const std::vector<RGB> &pixels, int colors, std::vector<uns
 
 TEST(ImageRecord, KindFollowsMapSize)
 {
-    XwkImage *rgb = XwkImageNew(4, 3);
-    EXPECT_EQ(rgb->bytesPerPixel, 3);
-    EXPECT_EQ(rgb->cmapSize, 0);
-    EXPECT_EQ(rgb->cmap, nullptr);
-    ASSERT_NE(rgb->data, nullptr);
-    XwkImageDelete(rgb);
-
-    XwkImage *small = XwkImageNewCmap(4, 3, 256);
-    EXPECT_EQ(small->bytesPerPixel, 1);
-    ASSERT_NE(small->cmap, nullptr);
-    XwkImageDelete(small);
-
-    XwkImage *large = XwkImageNewCmap(4, 3, 257);
-    EXPECT_EQ(large->bytesPerPixel, 2);
-    XwkImageDelete(large);
+    struct {
+        XwkImage *image;
+        int map_size, bytes_per_pixel;
+    } cases[] = {
+        {XwkImageNew(4, 3), 0, 3}, {XwkImageNewCmap(4, 3, 256), 256, 1},
+        {XwkImageNewCmap(4, 3, 257), 257, 2}};
+    for (auto &c : cases) {
+        EXPECT_EQ(c.image->cmapSize, c.map_size);
+        EXPECT_EQ(c.image->cmap != nullptr, c.map_size > 0);
+        EXPECT_EQ(c.image->bytesPerPixel, c.bytes_per_pixel);
+        EXPECT_NE(c.image->data, nullptr);
+        XwkImageDelete(c.image);
+    }
 
     XwkImage *empty = XwkImageNew(0, 7);
     EXPECT_EQ(empty->data, nullptr);
