@@ -108,8 +108,7 @@ TEST_P(ColorPickerDialog, ClicksAndTypedValuesInEveryUnit)
     // TrueColor shows a 6x6x6 cube first: cell 5 is pure blue.
     Rgb8 want5 = GetParam() == 0 ? Rgb8{0, 0, 255}
                                  : Rgb8{cell5.red >> 8, cell5.green >> 8, cell5.blue >> 8};
-    Script script{parent, {}};
-    script.steps = {
+    Script script{parent, {
         [&](Widget p) {
             EXPECT_EQ(ColorPickerGetUnits(p), XWK_COLOR_DECIMAL);
             EXPECT_EQ(FieldText(p, "redField"), "10");
@@ -156,7 +155,7 @@ TEST_P(ColorPickerDialog, ClicksAndTypedValuesInEveryUnit)
             ASSERT_EQ(XwkGetActionButtons(XtParent(XtParent(XtParent(p))), &buttons), 3);
             xwktest::ClickCenter(buttons[0]);
         },
-    };
+    }};
     XtAppAddTimeOut(xwkApp, 50, Tick, &script);
     XColor color = xwktest::Rgb(10 * 257, 20 * 257, 30 * 257);
     ASSERT_TRUE(XwkColorPicker(parent, "Pick|colorpicker", nullptr, &color));
@@ -170,14 +169,13 @@ TEST_P(ColorPickerDialog, ClicksAndTypedValuesInEveryUnit)
 TEST_P(ColorPickerDialog, CancelLeavesTheColour)
 {
     Widget parent = Parent();
-    Script script{parent, {}};
-    script.steps = {
+    Script script{parent, {
         [&](Widget p) { xwktest::Click(Child(p, "green"), 2 + 255, 10); },
         [&](Widget p) {
             EXPECT_EQ(Shown(p).g, 255);
             xwktest::SendDeleteWindow(XwkGetWMShell(p));
         },
-    };
+    }};
     XtAppAddTimeOut(xwkApp, 50, Tick, &script);
     XColor color = {};
     color.red = 0xFFFF;

@@ -47,10 +47,8 @@ public:
             close(in_);
         if (out_ >= 0)
             close(out_);
-        if (pid_ > 0 && !Reaped(2000)) {
-            kill(pid_, SIGKILL);
-            waitpid(pid_, nullptr, 0);
-        }
+        if (pid_ > 0 && !Reaped(2000))
+            Kill();
     }
     Peer(const Peer &) = delete;
     Peer &operator=(const Peer &) = delete;

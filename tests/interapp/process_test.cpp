@@ -17,14 +17,6 @@ Widget make_button(const char *name)
     return b;
 }
 
-std::string found_path(const char *name)
-{
-    char *path = XwkFindExecPath(name, nullptr);
-    std::string s = path ? path : "";
-    free(path);
-    return s;
-}
-
 bool reaped(int pid)
 {
     return waitpid(pid, nullptr, WNOHANG) < 0 && errno == ECHILD;
@@ -73,8 +65,10 @@ void run_command(Widget w, const char *command, Started *run, bool box)
 TEST(RunProcess, TheStatusIsReadInTheMessageBox)
 {
     Widget button = make_button("run");
-    std::string sh = found_path("sh");
-    ASSERT_FALSE(sh.empty());
+    char *found = XwkFindExecPath("sh", nullptr);
+    ASSERT_NE(found, nullptr);
+    std::string sh = found;
+    free(found);
     std::string window = std::to_string(XtWindow(button));
     char *environment[] = {(char *)"PATH=/usr/bin:/bin", (char *)"XWK_TEST=merged", nullptr};
     struct Case {
