@@ -22,9 +22,8 @@ void Tick(XtPointer data, XtIntervalId *)
     if (!s->picker) {
         Widget found = xwktest::FindWidget(s->parent, "colorPicker");
         Widget grid = found ? xwktest::FindWidget(found, "palette") : nullptr;
-        XWindowAttributes a;
-        if (grid && XtIsRealized(grid) && XGetWindowAttributes(XtDisplay(grid), XtWindow(grid), &a) &&
-            a.map_state == IsViewable)
+        if (grid && XtIsRealized(grid) &&
+            xwktest::MapState(XtDisplay(grid), XtWindow(grid)) == IsViewable)
             s->picker = found;
         XtAppAddTimeOut(xwkApp, 50, Tick, s);
         return;

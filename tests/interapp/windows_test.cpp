@@ -15,6 +15,7 @@ namespace {
 
 using peers::Peer;
 using peers::Table;
+using xwktest::MapState;
 
 int Key() { return (int)getpid(); }
 
@@ -25,13 +26,6 @@ void ForwardRootEvent(Widget, XtPointer, XEvent *event)
 {
     for (Widget w : displays)
         XwkProcessWindowsInfo(w, Key(), event);
-}
-
-int MapState(Display *dpy, Window w)
-{
-    XWindowAttributes a;
-    XGetWindowAttributes(dpy, w, &a);
-    return a.map_state;
 }
 
 // A shell with a menu bar whose cascade shows the windows as a menu, and a
@@ -149,7 +143,11 @@ TEST_F(Windows, WireFormatOfPublishRetitleAndRemove)
         std::function<void()> act;
         std::string text;
     } steps[] = {
-        {"empty table", [&] { XwkAddWindowProperty(app, key, "A", 0x10, 0); XwkDeleteWindowProperty(app, key, 0x10); },
+        {"empty table",
+         [&] {
+             XwkAddWindowProperty(app, key, "A", 0x10, 0);
+             XwkDeleteWindowProperty(app, key, 0x10);
+         },
          "00000;"},
         {"first record", [&] { XwkAddWindowProperty(app, key, "A", 0x10, 0); },
          "00001;" + rec("A", 0x10, 0)},
@@ -241,10 +239,7 @@ TEST_F(Windows, PeersPublishAtOnceAndEveryoneSeesTheWholeTable)
     auto shows_table = [&](const Display_ &view) {
         std::vector<std::string> rows = view.Rows();
         std::set<std::string> shown(rows.begin(), rows.end());
-        for (auto &t : titles)
-            if (!shown.count(t))
-                return false;
-        return true;
+        return std::includes(shown.begin(), shown.end(), titles.begin(), titles.end());
     };
     ASSERT_TRUE(xwktest::PumpUntil([&] { return shows_table(d); }));
 
@@ -342,7 +337,8 @@ TEST_F(Windows, KilledPeerStaysUntilARaiseMeetsIt)
     EXPECT_EQ(d.Rows().size(), 3u);
 
     // The control panel acting on the dead child removes it for everyone.
-    XmPrjTreeNode child = XmPrjTreeGetNextNode(d.tree, XmPrjTreeGetNextNode(d.tree, XmPrjTreeGetFirstNode(d.tree)));
+    XmPrjTreeNode child = XmPrjTreeGetFirstNode(d.tree);
+    child = XmPrjTreeGetNextNode(d.tree, XmPrjTreeGetNextNode(d.tree, child));
     ASSERT_STREQ(XmPrjTreeGetNameItem(d.tree, child), "Doomed-child");
     XmPrjTreeSetNode(d.tree, child);
     XwkProcessControlPanel(d.tree, XWK_PANEL_RAISE);
@@ -384,7 +380,9 @@ TEST_F(Windows, ParentHidesAndShowsItsChildApplication)
                            "_SMELD_PARENT_WINDOW=" + std::to_string(parent)});
     std::vector<Window> ids = child.Ready();
     ASSERT_EQ(ids.size(), 2u);
-    auto both = [&](int s) { return MapState(dpy(), ids[0]) == s && MapState(dpy(), ids[1]) == s; };
+    auto both = [&](int s) {
+        return MapState(dpy(), ids[0]) == s && MapState(dpy(), ids[1]) == s;
+    };
     ASSERT_TRUE(xwktest::PumpUntil([&] { return both(IsViewable); }));
     Atom vis = XInternAtom(dpy(), "_SMELD_VISIBILITY", False);
     auto ask = [&](unsigned long from, long wanted) {

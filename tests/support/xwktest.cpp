@@ -583,4 +583,10 @@ XColor QueryColour(Display *dpy, Colormap map, unsigned long pixel)
     return c;
 }
 
+int MapState(Display *dpy, Window w)
+{
+    XWindowAttributes a;
+    return XGetWindowAttributes(dpy, w, &a) ? a.map_state : -1;
+}
+
 }  // namespace xwktest

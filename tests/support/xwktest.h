@@ -235,6 +235,8 @@ private:
 };
 // The colour of a cell of the colormap, as the server reads it back.
 XColor QueryColour(Display *dpy, Colormap map, unsigned long pixel);
+// The map state of a window (IsUnmapped, IsUnviewable, IsViewable), -1 for no such window.
+int MapState(Display *dpy, Window w);
 
 }  // namespace xwktest
 
