@@ -12,7 +12,7 @@ struct Warning {
 };
 std::ostream &operator<<(std::ostream &os, const Warning &w)
 {
-    return os << w.name << "/" << w.type << "/" << w.cls << ": " << w.text << " [" << w.param << "]";
+    return os << w.name << "/" << w.type << "/" << w.cls << ": " << w.text << " " << w.param;
 }
 std::vector<Warning> warnings;
 

@@ -178,13 +178,17 @@ TEST(HelpClient, TheServerIsStartedUsedAndStartedAgain)
     Display *dpy = XtDisplay(form);
     XwkSetHelpData(form, nullptr, "one", nullptr);
     XwkSetHelpData(second, nullptr, "two", "end");
+    auto published = [&](int id) {
+        return xwktest::PumpUntil(
+            [&] { return XwkGetHelpPIDProperty(form, "_SMELD_HELP_PID") == id; });
+    };
 
     xwkHelpPID = 0;
     ASSERT_TRUE(XwkShowHelp(first));
     int pid = xwkHelpPID;
     ASSERT_GT(pid, 0);
     EXPECT_TRUE(shows(dpy, "Help - Page one")) << "the help data on the command line";
-    EXPECT_TRUE(xwktest::PumpUntil([&] { return XwkGetHelpPIDProperty(form, "_SMELD_HELP_PID") == pid; }));
+    EXPECT_TRUE(published(pid));
 
     struct Step {
         Widget asking;
@@ -212,7 +216,7 @@ TEST(HelpClient, TheServerIsStartedUsedAndStartedAgain)
         EXPECT_NE(xwkHelpPID, pid) << "a dead server is started anew";
         pid = xwkHelpPID;
         EXPECT_TRUE(shows(dpy, "Help - Page one"));
-        EXPECT_TRUE(xwktest::PumpUntil([&] { return XwkGetHelpPIDProperty(form, "_SMELD_HELP_PID") == pid; }));
+        EXPECT_TRUE(published(pid));
     }
     end_server(pid);
 
