@@ -1,5 +1,6 @@
 // The first desk of a process starts the toolkit itself.
 #include "xwktest.h"
+#include "boxdriver.h"
 
 TEST(FirstDesk, StartsXtAndRunsUntilAButtonIsPressed)
 {
@@ -30,26 +31,14 @@ TEST(FirstDesk, StartsXtAndRunsUntilAButtonIsPressed)
     // Motif ends the application when its shell is closed by the window
     // manager, so only buttons are pressed here.
     xwktest::ClickCenter(desk->buttons[1]);
-    int result = 0;
-    for (int i = 0; i < 200 && result == 0; i++) {
-        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
-            break;
-        UseDesk(desk, &result);
-    }
-    EXPECT_EQ(result, 2);
-
+    EXPECT_EQ(boxdriver::poll_desk(desk, 200), 2);
     xwktest::ClickCenter(desk->buttons[0]);
-    result = 0;
-    for (int i = 0; i < 200 && result == 0; i++) {
-        if (!xwktest::PumpUntil([] { return (XtAppPending(xwkApp) & XtIMXEvent) != 0; }, 1000))
-            break;
-        UseDesk(desk, &result);
-    }
-    EXPECT_EQ(result, 1);
+    EXPECT_EQ(boxdriver::poll_desk(desk, 200), 1);
 
     // Destroying the application shell leaves the desk answering -1.
     XtDestroyWidget(desk->form);
     xwktest::Settle();
+    int result = 0;
     UseDesk(desk, &result);
     EXPECT_EQ(result, -1);
     CloseDesk(desk);

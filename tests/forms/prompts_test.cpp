@@ -7,7 +7,9 @@
 
 namespace {
 
+using boxdriver::action_button;
 using boxdriver::Step;
+using boxdriver::when;
 
 // The prompt on screen: the desk form that opened last.
 Widget prompt()
@@ -15,36 +17,9 @@ Widget prompt()
     return xwkParentWidget;
 }
 
-bool prompt_up()
-{
-    Widget form = prompt();
-    if (!form || !XtIsRealized(form) || !xwktest::FindWidget(form, "xwkActionArea"))
-        return false;
-    XWindowAttributes a;
-    return XGetWindowAttributes(XtDisplay(form), XtWindow(form), &a) && a.map_state == IsViewable;
-}
-
-// Once cond holds (the prompt is up, the typing has been handled), the action.
-void then(Step *step, std::function<bool()> cond, std::function<void()> action)
-{
-    step->ready = std::move(cond);
-    step->action = std::move(action);
-    step->done = false;
-    boxdriver::start(step);
-}
-
 void when_prompt_up(Step *step, std::function<void()> action)
 {
-    then(step, prompt_up, std::move(action));
-}
-
-Widget action_button(int n)
-{
-    Widget area = xwktest::FindWidget(prompt(), "xwkActionArea");
-    WidgetList children = nullptr;
-    Cardinal count = 0;
-    XtVaGetValues(area, XmNchildren, &children, XmNnumChildren, &count, NULL);
-    return (Cardinal)n <= count ? children[n - 1] : nullptr;
+    when(step, boxdriver::form_up, std::move(action));
 }
 
 std::vector<Widget> texts()
@@ -64,7 +39,7 @@ void type_into(Widget text, const char *what)
 void type_then_ok(Step *next, Widget text, const char *what, std::string shows)
 {
     type_into(text, what);
-    then(next, [text, shows] { return xwktest::TextOf(text) == shows; },
+    when(next, [text, shows] { return xwktest::TextOf(text) == shows; },
          [] { xwktest::ClickCenter(action_button(1)); });
 }
 
@@ -116,7 +91,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     when_prompt_up(&step, [&] {
         Widget text = texts().at(0);
         type_into(text, "secret");
-        then(&next, [text] { return xwktest::TextOf(text).size() == 6; }, [&shown, text] {
+        when(&next, [text] { return xwktest::TextOf(text).size() == 6; }, [&shown, text] {
             shown = xwktest::TextOf(text);
             xwktest::ClickCenter(action_button(1));
         });
@@ -132,7 +107,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
         xwktest::PressKey(XtDisplay(text), XK_BackSpace);
         xwktest::PressKey(XtDisplay(text), XK_BackSpace);
         xwktest::TypeText(XtDisplay(text), "x");
-        then(&next, [text] { return xwktest::TextOf(text) == "***"; },
+        when(&next, [text] { return xwktest::TextOf(text) == "***"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Password", buffer, -8), 1);
@@ -179,7 +154,7 @@ TEST_F(Prompt, CheckBoxAndThreeFields)
         Widget toggle = xwktest::FindWidget(prompt(), "xwkCheckBox");
         ASSERT_NE(toggle, nullptr);
         xwktest::ClickCenter(toggle);
-        then(&next, [toggle] { return XmToggleButtonGetState(toggle) == True; },
+        when(&next, [toggle] { return XmToggleButtonGetState(toggle) == True; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputd(xwkTopLevel, "Check", "Name", name, 15, "Also this", &flag), 1);
