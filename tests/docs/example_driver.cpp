@@ -1,29 +1,20 @@
 // Runs an example program of the reference headless and works it as a user
-// would.
+// would:
 //
 //     example_driver desk|msgbox|treelist PROGRAM
 //
-// The driver starts a private Xvfb, starts PROGRAM on it as a child process
-// with its standard output on a pipe, finds the program's windows on the
-// server (top-level windows by their title, controls by their place in the
-// window tree), and drives them with real pointer and keyboard input
-// through XTest: it types into fields, toggles boxes, clicks rows and
-// buttons.  It then waits, with a bound, for the program to exit and checks
-// its exit status and the lines it printed.  Some examples are run more
-// than once, to take each way through them.  Exit status 0 means every run
-// passed.
+// PROGRAM runs on the private Xvfb with its standard output on a pipe; its
+// windows are found on the server (top-level windows by title, controls by
+// their place in the window tree) and driven with real input through XTest.
+// The driver then waits, with a bound, for the program to exit and checks
+// its exit status and the lines it printed.  Some examples run more than
+// once, to take each way through them.  Exit status 0: every run passed.
 #include "xwktest.h"
-#include "xvfb.h"
 
-#include <errno.h>
-#include <fcntl.h>
-#include <poll.h>
-#include <signal.h>
 #include <stdarg.h>
 #include <sys/prctl.h>
-#include <sys/wait.h>
-#include <time.h>
 
+#include <chrono>
 #include <cmath>
 #include <map>
 
@@ -37,7 +28,6 @@ const int kPaintTimeoutMs = 10000;
 // The desk's scale: controls stand at 28 pixels per centimetre.
 const double kPixelsPerCm = 28.0;
 
-XwkXvfb server = {-1, -1};
 Display *dpy;
 const char *program;
 const char *example_name;
@@ -50,35 +40,15 @@ struct Child {
     int status = 0;
 } child;
 
-long NowMs()
-{
-    timespec ts;
-    clock_gettime(CLOCK_MONOTONIC, &ts);
-    return ts.tv_sec * 1000L + ts.tv_nsec / 1000000L;
-}
-
-void SleepMs(int ms)
-{
-    timespec ts = {ms / 1000, (ms % 1000) * 1000000L};
-    nanosleep(&ts, nullptr);
-}
-
 void Drain()
 {
-    if (child.out < 0)
-        return;
     char buf[4096];
-    for (;;) {
-        ssize_t n = read(child.out, buf, sizeof buf);
-        if (n > 0) {
-            child.output.append(buf, (size_t)n);
-            continue;
-        }
-        if (n == 0) {
-            close(child.out);
-            child.out = -1;
-        }
-        return;
+    ssize_t n = 1;
+    while (child.out >= 0 && (n = read(child.out, buf, sizeof buf)) > 0)
+        child.output.append(buf, (size_t)n);
+    if (n == 0) {
+        close(child.out);
+        child.out = -1;
     }
 }
 
@@ -87,31 +57,22 @@ bool ChildRunning()
 {
     if (child.pid <= 0 || child.exited)
         return false;
-    int status = 0;
-    pid_t r = waitpid(child.pid, &status, WNOHANG);
-    if (r == child.pid) {
-        child.exited = true;
-        child.status = status;
-        return false;
-    }
-    return true;
+    if (waitpid(child.pid, &child.status, WNOHANG) != child.pid)
+        return true;
+    child.exited = true;
+    return false;
 }
 
 std::string DescribeStatus(int status)
 {
-    char buf[64];
     if (WIFEXITED(status))
-        snprintf(buf, sizeof buf, "exit status %d", WEXITSTATUS(status));
-    else if (WIFSIGNALED(status))
-        snprintf(buf, sizeof buf, "killed by signal %d", WTERMSIG(status));
-    else
-        snprintf(buf, sizeof buf, "status 0x%x", status);
-    return buf;
+        return "exit status " + std::to_string(WEXITSTATUS(status));
+    if (WIFSIGNALED(status))
+        return "killed by signal " + std::to_string(WTERMSIG(status));
+    return "status " + std::to_string(status);
 }
 
-[[noreturn]] void Fail(const char *format, ...) __attribute__((format(printf, 1, 2)));
-
-void Fail(const char *format, ...)
+[[noreturn]] __attribute__((format(printf, 1, 2))) void Fail(const char *format, ...)
 {
     va_list ap;
     va_start(ap, format);
@@ -129,8 +90,7 @@ void Fail(const char *format, ...)
     }
     Drain();
     fprintf(stderr, "  its output:\n%s\n", child.output.c_str());
-    xwk_xvfb_stop(&server);
-    exit(1);
+    exit(1);  // the server stops with the process
 }
 
 void StartChild()
@@ -163,11 +123,11 @@ void StartChild()
 void WaitUntil(const std::function<bool()> &done, int timeout_ms, const std::string &what,
                int poll_ms = 20)
 {
-    long end = NowMs() + timeout_ms;
+    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout_ms);
     while (!done()) {
-        if (NowMs() > end)
+        if (std::chrono::steady_clock::now() > end)
             Fail("%s within %d ms", what.c_str(), timeout_ms);
-        SleepMs(poll_ms);
+        poll(nullptr, 0, poll_ms);
     }
 }
 
@@ -194,12 +154,6 @@ void ExpectExit(const std::vector<std::string> &lines)
 }
 
 // ---- Windows on the server ---------------------------------------------------
-
-int IgnoreXErrors(Display *, XErrorEvent *)
-{
-    // Windows of the program come and go while the driver looks at them.
-    return 0;
-}
 
 // A viewable window and its viewable children; positions in root
 // coordinates, and the position within its parent.
@@ -233,8 +187,7 @@ bool Load(Window id, Win *out)
         if (Load(kids[i], &k))
             out->kids.push_back(k);
     }
-    if (kids)
-        XFree(kids);
+    XFree(kids);
     return true;
 }
 
@@ -248,15 +201,10 @@ std::string Snapshot(const Win &w)
     return s + ")";
 }
 
-std::string TitleOf(Window id)
+bool Viewable(Window id)
 {
-    XTextProperty p;
-    std::string title;
-    if (XGetWMName(dpy, id, &p) && p.value) {
-        title.assign((const char *)p.value, p.nitems);
-        XFree(p.value);
-    }
-    return title;
+    XWindowAttributes a;
+    return XGetWindowAttributes(dpy, id, &a) && a.map_state == IsViewable;
 }
 
 // The viewable top-level window with the title, 0 if there is none.  There
@@ -269,13 +217,12 @@ Window FindTop(const std::string &title)
     if (!XQueryTree(dpy, DefaultRootWindow(dpy), &root, &parent, &kids, &n))
         return 0;
     for (unsigned i = n; i-- > 0 && !found;) {   // top of the stack first
-        XWindowAttributes a;
-        if (XGetWindowAttributes(dpy, kids[i], &a) && a.map_state == IsViewable &&
-            TitleOf(kids[i]) == title)
+        char *name = nullptr;
+        if (Viewable(kids[i]) && XFetchName(dpy, kids[i], &name) && title == name)
             found = kids[i];
+        XFree(name);
     }
-    if (kids)
-        XFree(kids);
+    XFree(kids);
     return found;
 }
 
@@ -303,28 +250,18 @@ Win WaitForWindow(const std::string &title)
 
 void WaitGone(const Win &w, const char *what)
 {
-    WaitUntil([&] {
-        XWindowAttributes a;
-        return !XGetWindowAttributes(dpy, w.id, &a) || a.map_state != IsViewable;
-    }, kWindowTimeoutMs, std::string(what) + " stayed up");
+    WaitUntil([&] { return !Viewable(w.id); }, kWindowTimeoutMs, std::string(what) + " stayed up");
 }
 
 // Windows without viewable children, large enough to be a control.
-void Leaves(const Win &w, std::vector<Win> *out)
-{
-    if (w.kids.empty()) {
-        if (w.w >= 8 && w.h >= 8)
-            out->push_back(w);
-        return;
-    }
-    for (const Win &k : w.kids)
-        Leaves(k, out);
-}
-
 std::vector<Win> Leaves(const Win &w)
 {
+    if (w.kids.empty())
+        return w.w >= 8 && w.h >= 8 ? std::vector<Win>{w} : std::vector<Win>{};
     std::vector<Win> out;
-    Leaves(w, &out);
+    for (const Win &k : w.kids)
+        for (const Win &leaf : Leaves(k))
+            out.push_back(leaf);
     return out;
 }
 
@@ -494,34 +431,28 @@ void DriveMsgBox()
 // do not reach but the selection's fill does.  Each run is [first, end).
 std::vector<std::pair<int, int>> SelectedBands(const Win &tree)
 {
-    XImage *image = XGetImage(dpy, tree.id, 0, 0, (unsigned)tree.w, (unsigned)tree.h, AllPlanes,
-                              ZPixmap);
-    if (!image)
+    xwktest::Capture shot(dpy, tree.id, 0, 0, (unsigned)tree.w, (unsigned)tree.h);
+    if (!shot.ok())
         Fail("cannot read the pixels of the tree list");
     int x = tree.w - 8;
     std::map<unsigned long, int> count;
     for (int y = 0; y < tree.h; y++)
-        count[XGetPixel(image, x, y)]++;
-    unsigned long background = 0;
-    int most = 0;
-    for (auto [pixel, n] : count)
-        if (n > most) {
-            most = n;
-            background = pixel;
-        }
+        count[shot.Pixel(x, y)]++;
+    unsigned long background = std::max_element(count.begin(), count.end(), [](auto &a, auto &b) {
+        return a.second < b.second;
+    })->first;
     std::vector<std::pair<int, int>> bands;
     for (int y = 0; y < tree.h;) {
-        if (XGetPixel(image, x, y) == background) {
+        if (shot.Pixel(x, y) == background) {
             y++;
             continue;
         }
         int first = y;
-        while (y < tree.h && XGetPixel(image, x, y) != background)
+        while (y < tree.h && shot.Pixel(x, y) != background)
             y++;
         if (first > 0 && y < tree.h)   // the border's shadow is no row
             bands.push_back({first, y});
     }
-    XDestroyImage(image);
     return bands;
 }
 
@@ -588,36 +519,25 @@ void DriveTreeList()
 
 int main(int argc, char **argv)
 {
-    if (argc != 3) {
+    const std::map<std::string, void (*)()> drivers = {
+        {"desk", DriveDesk}, {"msgbox", DriveMsgBox}, {"treelist", DriveTreeList}};
+    auto driver = argc == 3 ? drivers.find(argv[1]) : drivers.end();
+    if (driver == drivers.end()) {
         fprintf(stderr, "usage: %s desk|msgbox|treelist PROGRAM\n", argv[0]);
         return 2;
     }
     example_name = argv[1];
     program = argv[2];
-    std::map<std::string, void (*)()> drivers = {
-        {"desk", DriveDesk}, {"msgbox", DriveMsgBox}, {"treelist", DriveTreeList}};
-    auto driver = drivers.find(example_name);
-    if (driver == drivers.end()) {
-        fprintf(stderr, "%s: no driver for %s\n", argv[0], example_name);
-        return 2;
-    }
     signal(SIGPIPE, SIG_IGN);
-    if (xwk_xvfb_start(&server, 0) != 0) {   // sets DISPLAY for the program
-        fprintf(stderr, "%s: cannot start Xvfb\n", argv[0]);
-        return 1;
-    }
-    dpy = XOpenDisplay(nullptr);
+    dpy = XOpenDisplay(xwktest::DisplayName());  // the program finds it in DISPLAY
     if (!dpy)
         Fail("cannot open the display %s", getenv("DISPLAY"));
-    int event_base, error_base, major, minor;
-    if (!XTestQueryExtension(dpy, &event_base, &error_base, &major, &minor))
-        Fail("the server has no XTEST extension");
-    XSetErrorHandler(IgnoreXErrors);
+    // Windows of the program come and go while the driver looks at them.
+    XSetErrorHandler([](Display *, XErrorEvent *) { return 0; });
 
     driver->second();
 
     XCloseDisplay(dpy);
-    xwk_xvfb_stop(&server);
     printf("%s: all runs passed\n", example_name);
     return 0;
 }
