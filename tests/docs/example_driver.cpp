@@ -163,6 +163,7 @@ struct Win {
     int px = 0, py = 0;          // in the parent
     int w = 0, h = 0;
     std::vector<Win> kids;
+    bool operator==(const Win &) const = default;
 };
 
 bool Load(Window id, Win *out)
@@ -189,16 +190,6 @@ bool Load(Window id, Win *out)
     }
     XFree(kids);
     return true;
-}
-
-std::string Snapshot(const Win &w)
-{
-    std::string s = std::to_string(w.id) + ":" + std::to_string(w.x) + "," +
-                    std::to_string(w.y) + "," + std::to_string(w.w) + "x" +
-                    std::to_string(w.h) + "(";
-    for (const Win &k : w.kids)
-        s += Snapshot(k);
-    return s + ")";
 }
 
 bool Viewable(Window id)
@@ -236,14 +227,12 @@ Win WaitForWindow(const std::string &title)
             Fail("the program ended before its window \"%s\" came up", title.c_str());
         return (id = FindTop(title)) != 0;
     }, kWindowTimeoutMs, "no window \"" + title + "\"");
-    Win w;
-    std::string last;
+    Win w, last;
     WaitUntil([&] {
         w = Win();
         if (!Load(id, &w))
             Fail("the window \"%s\" went away", title.c_str());
-        std::string now = Snapshot(w);
-        return std::exchange(last, now) == now;
+        return std::exchange(last, w) == w;
     }, kWindowTimeoutMs, "the window \"" + title + "\" did not settle", 150);
     return w;
 }
@@ -289,8 +278,7 @@ std::vector<Win> ControlsAt(const Win &top, const std::vector<std::pair<double, 
     std::vector<std::pair<int, int>> px;
     for (auto [x, y] : cm)
         px.push_back({(int)std::lround(x * kPixelsPerCm), (int)std::lround(y * kPixelsPerCm)});
-    std::function<bool(const Win &, std::vector<Win> *)> search = [&](const Win &w,
-                                                                       std::vector<Win> *out) {
+    std::function<std::vector<Win>(const Win &)> search = [&](const Win &w) {
         for (const Win &k : w.kids) {
             // The first control fixes the offset of the area's origin (the
             // form's margins), the others must follow at theirs.
@@ -304,18 +292,16 @@ std::vector<Win> ControlsAt(const Win &top, const std::vector<std::pair<double, 
                         found.push_back(c);
                         break;
                     }
-            if (found.size() == px.size()) {
-                *out = found;
-                return true;
-            }
+            if (found.size() == px.size())
+                return found;
         }
         for (const Win &k : w.kids)
-            if (search(k, out))
-                return true;
-        return false;
+            if (std::vector<Win> found = search(k); !found.empty())
+                return found;
+        return std::vector<Win>{};
     };
-    std::vector<Win> out;
-    if (!search(top, &out))
+    std::vector<Win> out = search(top);
+    if (out.empty())
         Fail("no work area with controls at the places the program gives");
     return out;
 }

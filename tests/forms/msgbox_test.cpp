@@ -17,9 +17,13 @@ using boxdriver::box_title;
 using boxdriver::collect;
 using boxdriver::label_text;
 
+// Clicks the n-th button of the box; 0 is the window manager's close.
 void click(int n)
 {
-    xwktest::ClickCenter(boxdriver::button(n));
+    if (n)
+        xwktest::ClickCenter(boxdriver::button(n));
+    else
+        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
 }
 
 // A key, with the pointer over the message and off the buttons: keys go
@@ -41,7 +45,7 @@ protected:
             text = box_text();
             title = box_title();
             name = XtName(xwkConditWidget);
-            close ? xwktest::SendDeleteWindow(XtParent(xwkConditWidget)) : click(1);
+            click(close ? 0 : 1);
         });
     }
     Step step;
@@ -54,8 +58,6 @@ TEST_F(MessageBox, KindsNamesAndIcons)
 {
     // The kind, the box's name, the colour of its picture and how many
     // pixels of it at least; an own icon (all green) replaces the kind's.
-    static const char *green[] = {"8 8 1 1", "g c #00FF00", "gggggggg", "gggggggg", "gggggggg",
-                                  "gggggggg", "gggggggg", "gggggggg", "gggggggg", "gggggggg"};
     struct Case {
         int kind;
         const char *name;
@@ -69,7 +71,7 @@ TEST_F(MessageBox, KindsNamesAndIcons)
     };
     for (const Case &c : cases) {
         if (c.own) {
-            xwkConditIcon = XwkIconCreateFromData(xwkTopLevel, (char **)green);
+            xwkConditIcon = xwktest::SolidIcon(xwkTopLevel, 8, 8, "#00FF00");
             ASSERT_NE(xwkConditIcon, nullptr);
         }
         std::string name;
@@ -127,8 +129,7 @@ TEST_F(MessageBox, IconsOnTheSecondScreen)
                         shot.width() * shot.height();
                 return drawn;
             });
-            // The test pointer moves on the first screen only.
-            xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+            click(0);  // the test pointer moves on the first screen only
         });
         EXPECT_EQ(condit(parent, "Screens", 1, "Which screen?", nullptr, 0, 1, 2), 0);
         EXPECT_EQ(screen, XtScreen(parent));
@@ -155,12 +156,10 @@ TEST_F(MessageBox, ShortTextAndButtonsStandCentred)
         Widget shell = XtParent(xwkConditWidget);
         XtVaSetValues(shell, XtNwidth, shell->core.width + 200, XtNheight,
                       shell->core.height + 100, NULL);
-        grown.ready = [&] {
+        boxdriver::when(&grown, [&] {
             measure();
             return top > 0 && left > 0;
-        };
-        grown.action = [] { click(1); };
-        boxdriver::start(&grown);
+        }, [] { click(1); });
     });
     condit(nullptr, "Centred", 4, "One short line", nullptr, 0, 1, 2);
     EXPECT_EQ(top, expected_top);
@@ -191,7 +190,7 @@ TEST_F(MessageBox, ButtonSetsAndNumbers)
             collect(xwkConditWidget, "xwkActionAreaButton", &buttons);
             for (Widget b : buttons)
                 labels.push_back(label_text(b));
-            c.click ? click(c.click) : xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+            click(c.click);
         });
         EXPECT_EQ(condit(nullptr, "Set", c.kind, "Which?", c.own, c.count, 1, c.set), c.click);
         EXPECT_EQ(labels, c.labels) << c.set;
@@ -306,8 +305,7 @@ TEST_F(MessageBox, ShortTextBecomesLabelsLongTextScrolls)
                               NULL);
                 form_bg = XtParent(XtParent(text))->core.background_pixel;
             }
-            // Wide boxes have their buttons beyond the screen's edge.
-            xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+            click(0);  // wide boxes have their buttons beyond the screen's edge
         });
         condit(nullptr, "Text", 2, c.text.c_str(), nullptr, 0, 1, 2);
         EXPECT_EQ(labels.size(), c.labels);
@@ -419,7 +417,7 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
 
 TEST_F(MessageBox, StandardDialogMapsNoToZero)
 {
-    // The answer (-1: the window manager's close), the title given and shown.
+    // The answer (0: the window manager's close), the title given and shown.
     struct Case {
         int kind, answer;
         const char *title, *shown, *name;
@@ -427,7 +425,7 @@ TEST_F(MessageBox, StandardDialogMapsNoToZero)
     } cases[] = {
         {XWK_DIALOG_QUESTION, 1, nullptr, "Question", "xwkQuestion", 1},
         {XWK_DIALOG_QUESTION, 2, nullptr, "Question", "xwkQuestion", 0},
-        {XWK_DIALOG_QUESTION, -1, nullptr, "Question", "xwkQuestion", 0},
+        {XWK_DIALOG_QUESTION, 0, nullptr, "Question", "xwkQuestion", 0},
         {XWK_DIALOG_MESSAGE, 1, "Own title", "Own title", "xwkMessageDialog", 1},
         {XWK_DIALOG_WARNING, 1, nullptr, "Warning", "xwkWarning", 1},
     };
@@ -436,7 +434,7 @@ TEST_F(MessageBox, StandardDialogMapsNoToZero)
         boxdriver::when_up(&step, [&] {
             name = XtName(xwkConditWidget);
             title = box_title();
-            c.answer > 0 ? click(c.answer) : xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+            click(c.answer);
         });
         EXPECT_EQ(XwkShowStdDialog(nullptr, c.title, "Go on?", c.kind), c.result) << c.shown;
         EXPECT_EQ(name, c.name);
@@ -483,9 +481,8 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
         xwktest::ClickCenter(toggle);
         // The answer comes once the toggle's click has been handled.
         static Step next;
-        next.ready = [toggle] { return XmToggleButtonGetState(toggle) == True; };
-        next.action = [] { click(1); };
-        boxdriver::start(&next);
+        boxdriver::when(&next, [toggle] { return XmToggleButtonGetState(toggle) == True; },
+                        [] { click(1); });
     });
     EXPECT_TRUE(XwkShowDialogWithToggle(nullptr, nullptr, "Note this", nullptr, &flag,
                                         XWK_DIALOG_INFORMATION));
@@ -498,7 +495,7 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
               2);
     EXPECT_TRUE(flag) << "unchanged when not clicked";
 
-    boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
+    boxdriver::when_up(&step, [] { click(0); });
     EXPECT_FALSE(XwkShowDialogWithToggle(nullptr, nullptr, "Close", nullptr, &flag,
                                          XWK_DIALOG_INFORMATION));
 
@@ -508,20 +505,15 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
     Widget standing = xwkConditWidget;
     ASSERT_NE(standing, nullptr);
     static Step away;
-    away.ready = [] { return boxdriver::box_up(); };
-    away.action = [] { del_condit(); };
-    boxdriver::start(&away);
+    boxdriver::when_up(&away, [] { del_condit(); });
     int nested = -5;
     std::string text;
-    step.ready = [] { return away.done && boxdriver::box_up(); };
-    step.done = false;
-    step.action = [&] {
+    boxdriver::when(&step, [] { return away.done && boxdriver::box_up(); }, [&] {
         nested = XwkShowDialogWithToggle(nullptr, nullptr, "Inner", nullptr, &flag,
                                          XWK_DIALOG_INFORMATION);
         text = box_text();
         click(1);
-    };
-    boxdriver::start(&step);
+    });
     EXPECT_TRUE(XwkShowDialogWithToggle(nullptr, nullptr, "Second", nullptr, &flag,
                                         XWK_DIALOG_INFORMATION));
     EXPECT_TRUE(away.done) << "the standing box went first";
@@ -574,7 +566,7 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(name, "xwkWarning");
     EXPECT_EQ(text, "Warning");
     EXPECT_EQ(labels, (std::vector<std::string>{"Overwrite", "Cancel"}));
-    boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
+    boxdriver::when_up(&step, [] { click(0); });
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 10), 3);
     boxdriver::when_up(&step, [] { click(1); });
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 0), 1);
