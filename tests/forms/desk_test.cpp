@@ -16,11 +16,8 @@ XwkDeskRec *open_desk(const char *title, Widget parent = nullptr, const char *la
     CreateDesk(parent, 1.0f, 2.0f, title, &desk);
     if (!desk)
         return nullptr;
-    XmString s = XmStringCreateLocalized((char *)"A label on the desk");
-    XtVaCreateManagedWidget("label", xmLabelWidgetClass, desk->work, XmNlabelString, s,
-                            XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
-                            XmNtopOffset, 10, XmNleftOffset, 10, NULL);
-    XmStringFree(s);
+    XwkDeskItem *label = nullptr;
+    SetLabel(desk, 0.5f, 0.5f, "A label on the desk", &label);
     OpenDeskExt(desk, labels, count);
     xwktest::WaitViewable(desk->buttons[0]);
     xwktest::Settle();

@@ -1,9 +1,14 @@
-// The first desk of a process starts the toolkit itself.
+// Before the toolkit is started a message is lost, silently; the first desk
+// of a process starts the toolkit itself.
 #include "xwktest.h"
 #include "boxdriver.h"
 
-TEST(FirstDesk, StartsXtAndRunsUntilAButtonIsPressed)
+TEST(FirstDesk, MessagesAreLostUntilTheFirstDeskStartsXt)
 {
+    EXPECT_EQ(condit(nullptr, "Early", 1, "Nobody sees this", nullptr, 0, 1, 2), -1);
+    EXPECT_EQ(xwkConditWidget, nullptr);
+    EXPECT_EQ(XwkShowStdDialog(nullptr, nullptr, "Early", XWK_DIALOG_ERROR), -1);
+
     xwktest::DisplayName();  // the private server, in DISPLAY
     static char arg0[] = "FirstDeskTest";
     static char *argv[] = {arg0, nullptr};
