@@ -139,14 +139,11 @@ inline std::string label_text(Widget label)
         table[0] = XmParseMappingCreate(args, 3);
         XmStringFree(separator);
     }
-    XmString s = nullptr;
-    XtVaGetValues(label, XmNlabelString, &s, NULL);
+    XmString s = xwktest::Get<XmString>(label, XmNlabelString);
     char *plain = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, table, 1,
                                           XmOUTPUT_ALL);
-    std::string out = plain ? plain : "";
-    XtFree(plain);
     XmStringFree(s);
-    return out;
+    return xwktest::Take(plain);
 }
 
 // The text of the present box as its labels show it, one label a line.

@@ -38,18 +38,25 @@ class MessageBox : public ::testing::Test {
 protected:
     void SetUp() override { xwktest::StartApp(); }
     void TearDown() override { EXPECT_EQ(xwkConditWidget, nullptr); }
-    // Reads the next box, then clicks its first button or closes it.
-    void read_box(bool close = false)
+    // Reads the next box (its text, title, name and button labels), then
+    // answers with click(answer).
+    void read_box(int answer = 1)
     {
-        boxdriver::when_up(&step, [this, close] {
+        boxdriver::when_up(&step, [this, answer] {
             text = box_text();
             title = box_title();
             name = XtName(xwkConditWidget);
-            click(close ? 0 : 1);
+            std::vector<Widget> row;
+            collect(xwkConditWidget, "xwkActionAreaButton", &row);
+            buttons.clear();
+            for (Widget b : row)
+                buttons.push_back(label_text(b));
+            click(answer);
         });
     }
     Step step;
     std::string text, title, name;
+    std::vector<std::string> buttons;
 };
 
 }  // namespace
@@ -184,16 +191,9 @@ TEST_F(MessageBox, ButtonSetsAndNumbers)
         {3, 0, nullptr, 0, 0, {"  OK  ", "  Cancel  "}},
     };
     for (const Case &c : cases) {
-        std::vector<std::string> labels;
-        boxdriver::when_up(&step, [&] {
-            std::vector<Widget> buttons;
-            collect(xwkConditWidget, "xwkActionAreaButton", &buttons);
-            for (Widget b : buttons)
-                labels.push_back(label_text(b));
-            click(c.click);
-        });
+        read_box(c.click);
         EXPECT_EQ(condit(nullptr, "Set", c.kind, "Which?", c.own, c.count, 1, c.set), c.click);
-        EXPECT_EQ(labels, c.labels) << c.set;
+        EXPECT_EQ(buttons, c.labels) << c.set;
     }
 
     // All buttons share one width: the widest and a part of it for each
@@ -430,12 +430,7 @@ TEST_F(MessageBox, StandardDialogMapsNoToZero)
         {XWK_DIALOG_WARNING, 1, nullptr, "Warning", "xwkWarning", 1},
     };
     for (const Case &c : cases) {
-        std::string name, title;
-        boxdriver::when_up(&step, [&] {
-            name = XtName(xwkConditWidget);
-            title = box_title();
-            click(c.answer);
-        });
+        read_box(c.answer);
         EXPECT_EQ(XwkShowStdDialog(nullptr, c.title, "Go on?", c.kind), c.result) << c.shown;
         EXPECT_EQ(name, c.name);
         EXPECT_EQ(title, c.shown);
@@ -459,7 +454,7 @@ TEST_F(MessageBox, ErrnoPrintfAndMemoryTexts)
     EXPECT_EQ(text, "3 items in box|");
 
     std::string long_arg(5000, 'z');
-    read_box(true);  // wider than the screen
+    read_box(0);  // wider than the screen
     XwkShowPrintfDialog(nullptr, "Cut", XWK_DIALOG_INFORMATION, "<%s>", long_arg.c_str());
     EXPECT_EQ(text.size(), 1023u + 1) << "1023 characters and the label end";
     EXPECT_EQ(text.substr(0, 3), "<zz");
@@ -555,17 +550,11 @@ TEST_F(MessageBox, FileMessagesByCode)
     }
 
     // The questions: keep, closed, overwrite.
-    std::vector<std::string> labels;
-    boxdriver::when_up(&step, [&] {
-        name = XtName(xwkConditWidget);
-        text = box_title();
-        labels = {label_text(boxdriver::button(1)), label_text(boxdriver::button(2))};
-        click(2);
-    });
+    read_box(2);
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 0), 2);
     EXPECT_EQ(name, "xwkWarning");
-    EXPECT_EQ(text, "Warning");
-    EXPECT_EQ(labels, (std::vector<std::string>{"Overwrite", "Cancel"}));
+    EXPECT_EQ(title, "Warning");
+    EXPECT_EQ(buttons, (std::vector<std::string>{"Overwrite", "Cancel"}));
     boxdriver::when_up(&step, [] { click(0); });
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 10), 3);
     boxdriver::when_up(&step, [] { click(1); });
@@ -574,7 +563,7 @@ TEST_F(MessageBox, FileMessagesByCode)
 
     // A file name far longer than the message buffer is cut.
     std::string very_long = dir.Path(std::string(4000, 'n'));
-    read_box(true);
+    read_box(0);
     EXPECT_EQ(err_msg(nullptr, very_long.c_str(), -8), 0);
     // Cut inside the bold name: a style never switched off shows nothing.
     EXPECT_EQ(text, "Invalid format of the file\n|");

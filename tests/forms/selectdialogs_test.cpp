@@ -64,7 +64,7 @@ TEST_F(SelectDialogs, ListWithSelectAllButtonAndCountInTitle)
     Step next;
     when_up(&step, [&](Widget tree) {
         title_before = XmPrjTreeGetTitleItemLabel(tree, 1);
-        // The title button deselects all; a Ctrl click picks apple.
+        // The title button deselects all; a click picks apple.
         Widget title = ((XmPrjTreeWidget)tree)->tree.titleWidget;
         xwktest::Click(title, 10, title->core.height / 2);
         xwktest::Pump(200);
