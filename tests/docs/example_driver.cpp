@@ -21,8 +21,7 @@
 namespace {
 
 // Bounds of the waits.  Generous: a sanitized build starts slowly.
-const int kWindowTimeoutMs = 30000;
-const int kExitTimeoutMs = 30000;
+const int kTimeoutMs = 30000;
 const int kPaintTimeoutMs = 10000;
 
 // The desk's scale: controls stand at 28 pixels per centimetre.
@@ -135,7 +134,7 @@ void WaitUntil(const std::function<bool()> &done, int timeout_ms, const std::str
 // and printed exactly the lines expected.
 void ExpectExit(const std::vector<std::string> &lines)
 {
-    WaitUntil([] { Drain(); return !ChildRunning(); }, kExitTimeoutMs, "the program did not exit",
+    WaitUntil([] { Drain(); return !ChildRunning(); }, kTimeoutMs, "the program did not exit",
               10);
     // The pipe stays open until the last writer is gone.
     while (child.out >= 0) {
@@ -226,20 +225,15 @@ Win WaitForWindow(const std::string &title)
         if (!ChildRunning())
             Fail("the program ended before its window \"%s\" came up", title.c_str());
         return (id = FindTop(title)) != 0;
-    }, kWindowTimeoutMs, "no window \"" + title + "\"");
+    }, kTimeoutMs, "no window \"" + title + "\"");
     Win w, last;
     WaitUntil([&] {
         w = Win();
         if (!Load(id, &w))
             Fail("the window \"%s\" went away", title.c_str());
         return std::exchange(last, w) == w;
-    }, kWindowTimeoutMs, "the window \"" + title + "\" did not settle", 150);
+    }, kTimeoutMs, "the window \"" + title + "\" did not settle", 150);
     return w;
-}
-
-void WaitGone(const Win &w, const char *what)
-{
-    WaitUntil([&] { return !Viewable(w.id); }, kWindowTimeoutMs, std::string(what) + " stayed up");
 }
 
 // Windows without viewable children, large enough to be a control.
@@ -252,22 +246,6 @@ std::vector<Win> Leaves(const Win &w)
         for (const Win &leaf : Leaves(k))
             out.push_back(leaf);
     return out;
-}
-
-// The buttons of a desk's action area or of a message box: the lowest row
-// of controls, from left to right.
-std::vector<Win> BottomRow(const Win &top)
-{
-    std::vector<Win> leaves = Leaves(top);
-    int lowest = -1;
-    for (const Win &l : leaves)
-        lowest = std::max(lowest, l.y);
-    std::vector<Win> row;
-    for (const Win &l : leaves)
-        if (std::abs(l.y - lowest) <= 2)
-            row.push_back(l);
-    std::sort(row.begin(), row.end(), [](const Win &a, const Win &b) { return a.x < b.x; });
-    return row;
 }
 
 // The work area of a desk: the window whose children stand at the given
@@ -325,12 +303,19 @@ void ClickCenter(const Win &w)
 
 // ---- The examples -----------------------------------------------------------
 
-// The buttons of the window with the title, once it is up: the lowest row
-// of controls, from left to right.
+// The buttons of the window with the title (a desk's action area, a message
+// box's), once it is up: the lowest row of controls, from left to right.
 std::vector<Win> Buttons(const char *title, size_t count, Win *window)
 {
     *window = WaitForWindow(title);
-    std::vector<Win> buttons = BottomRow(*window);
+    std::vector<Win> leaves = Leaves(*window), buttons;
+    int lowest = -1;
+    for (const Win &l : leaves)
+        lowest = std::max(lowest, l.y);
+    for (const Win &l : leaves)
+        if (std::abs(l.y - lowest) <= 2)
+            buttons.push_back(l);
+    std::sort(buttons.begin(), buttons.end(), [](const Win &a, const Win &b) { return a.x < b.x; });
     if (buttons.size() != count)
         Fail("\"%s\" shows %zu buttons, not %zu", title, buttons.size(), count);
     return buttons;
@@ -400,7 +385,7 @@ void DriveMsgBox()
         Win box;
         StartChild();
         ClickCenter(Buttons("Question", 2, &box)[r.answer]);
-        WaitGone(box, "the question");
+        WaitUntil([&] { return !Viewable(box.id); }, kTimeoutMs, "the question stayed up");
         std::vector<Win> buttons = Buttons(r.second, r.count, &box);
         if (r.button >= 0) {
             ClickCenter(buttons[r.button]);
@@ -428,15 +413,11 @@ std::vector<std::pair<int, int>> SelectedBands(const Win &tree)
         return a.second < b.second;
     })->first;
     std::vector<std::pair<int, int>> bands;
-    for (int y = 0; y < tree.h;) {
-        if (shot.Pixel(x, y) == background) {
-            y++;
-            continue;
-        }
+    for (int y = 0; y < tree.h; y++) {
         int first = y;
         while (y < tree.h && shot.Pixel(x, y) != background)
             y++;
-        if (first > 0 && y < tree.h)   // the border's shadow is no row
+        if (y > first && first > 0 && y < tree.h)   // the border's shadow is no row
             bands.push_back({first, y});
     }
     return bands;

@@ -5,6 +5,8 @@
 
 #include "boxdriver.h"
 
+#include <chrono>
+
 namespace {
 
 class UnderManager : public ::testing::Test {
@@ -51,8 +53,7 @@ int PollDesk(XwkDeskRec *desk, int timeout_ms)
         static void Tick(XtPointer p, XtIntervalId *)
         {
             Waker *w = (Waker *)p;
-            XEvent ev;
-            memset(&ev, 0, sizeof ev);
+            XEvent ev = {};
             ev.xclient.type = ClientMessage;
             ev.xclient.window = XtWindow(w->target);
             ev.xclient.message_type = XInternAtom(XtDisplay(w->target), "XWK_TEST_WAKE", False);
@@ -64,14 +65,11 @@ int PollDesk(XwkDeskRec *desk, int timeout_ms)
     } waker = {xwktest::StartApp(), 0};
     waker.id = XtAppAddTimeOut(xwkApp, 20, Waker::Tick, &waker);
     // Only UseDesk may handle the events: a result it did not see is lost.
-    timespec start, now;
-    clock_gettime(CLOCK_MONOTONIC, &start);
+    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout_ms);
     int button = 0;
     do {
         UseDesk(desk, &button);
-        clock_gettime(CLOCK_MONOTONIC, &now);
-    } while (button == 0 && (now.tv_sec - start.tv_sec) * 1000 +
-                                    (now.tv_nsec - start.tv_nsec) / 1000000 < timeout_ms);
+    } while (button == 0 && std::chrono::steady_clock::now() < end);
     XtRemoveTimeOut(waker.id);
     return button;
 }
