@@ -284,8 +284,6 @@ std::vector<Win> ControlsAt(const Win &top, const std::vector<std::pair<double, 
     return out;
 }
 
-// ---- Input ------------------------------------------------------------------
-
 void Click(int root_x, int root_y, int times = 1)
 {
     xwktest::MovePointer(dpy, root_x, root_y);

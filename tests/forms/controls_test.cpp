@@ -172,11 +172,9 @@ TEST_F(Controls, OptionMenuFollowsTheChoice)
                    cascade->core.y + cascade->core.height / 2);
     ASSERT_TRUE(xwktest::WaitViewable(o->buttons[0]));
     // The posted menu starts on the present choice; up twice is the first.
-    Display *dpy = XtDisplay(option->widget);
     xwktest::Settle();
-    xwktest::PressKey(dpy, XK_Up);
-    xwktest::PressKey(dpy, XK_Up);
-    xwktest::PressKey(dpy, XK_Return);
+    for (KeySym key : {XK_Up, XK_Up, XK_Return})
+        xwktest::PressKey(XtDisplay(option->widget), key);
     xwktest::PumpUntil([&] { getoptionmenu_(&option, &selected); return selected == 1; });
     EXPECT_EQ(selected, 1);
 }
@@ -225,8 +223,8 @@ TEST_F(Controls, ScrolledListsSelectAndScroll)
     xwktest::Click(lw, lw->core.width / 2, 6);
     xwktest::Settle();
     EXPECT_EQ(Read(GetScrolledList, first), 1);
-    xwktest::PressKey(XtDisplay(lw), XK_Down);
-    xwktest::PressKey(XtDisplay(lw), XK_Down);
+    for (KeySym key : {XK_Down, XK_Down})
+        xwktest::PressKey(XtDisplay(lw), key);
     xwktest::Settle();
     EXPECT_EQ(Read(GetScrolledList, first), 3);
     changescrolledlist_(&first, &(pos = 2));
@@ -358,18 +356,15 @@ TEST_F(Controls, DisplayOnlyAndMultiLineFields)
     // The empty value draws nothing inside the shadow, yet takes the room of "ABC".
     Widget abc_label = ((XwkEditItem *)abc)->text;
     EXPECT_EQ(e->text->core.width, abc_label->core.width);
-    int inked[2] = {0, 0};
-    Widget shown_labels[2] = {e->text, abc_label};
-    for (int i = 0; i < 2; i++) {
-        Widget w = shown_labels[i];
+    auto inked = [](Widget w) {
         int inset = Get<Dimension>(w, XmNshadowThickness) + Get<Dimension>(w, XmNhighlightThickness);
         xwktest::Capture shot(w);
         int inner_w = shot.width() - 2 * inset, inner_h = shot.height() - 2 * inset;
-        inked[i] = inner_w * inner_h -
-                   shot.Count(w->core.background_pixel, inset, inset, inner_w, inner_h);
-    }
-    EXPECT_EQ(inked[0], 0) << "the stand-in text is not seen";
-    EXPECT_GT(inked[1], 20) << "a real value is drawn";
+        return inner_w * inner_h -
+               shot.Count(w->core.background_pixel, inset, inset, inner_w, inner_h);
+    };
+    EXPECT_EQ(inked(e->text), 0) << "the stand-in text is not seen";
+    EXPECT_GT(inked(abc_label), 20) << "a real value is drawn";
 
     xwktest::ClickCenter(m->text);
     Display *dpy = XtDisplay(m->text);

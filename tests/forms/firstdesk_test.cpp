@@ -22,10 +22,8 @@ TEST(FirstDesk, MessagesAreLostUntilTheFirstDeskStartsXt)
     ASSERT_NE(xwkTopLevel, nullptr);
     EXPECT_EQ(desk->form, xwkTopLevel);
     EXPECT_TRUE(XtIsApplicationShell(desk->form));
-    char *title = nullptr, *icon = nullptr;
-    XtVaGetValues(desk->form, XtNtitle, &title, XtNiconName, &icon, NULL);
-    EXPECT_STREQ(title, "First");
-    EXPECT_STREQ(icon, "First");
+    EXPECT_STREQ(xwktest::Get<char *>(desk->form, XtNtitle), "First");
+    EXPECT_STREQ(xwktest::Get<char *>(desk->form, XtNiconName), "First");
     EXPECT_EQ(xwkCmWidth, 28.0f);
 
     OpenDesk(desk);

@@ -148,23 +148,18 @@ TEST_F(MessageBox, ShortTextAndButtonsStandCentred)
 {
     int top = -1, expected_top = -2, left = -1, expected_left = -2;
     Step grown;
-    auto measure = [&] {
-        std::vector<Widget> labels;
-        collect(xwkConditWidget, "xwkConditLabel", &labels);
-        Widget form = XtParent(labels[0]);
-        XtVaGetValues(labels[0], XmNtopOffset, &top, NULL);
-        expected_top = ((int)form->core.height - (int)labels[0]->core.height) / 2;
-        Widget row = XtParent(boxdriver::button(1));
-        XtVaGetValues(row, XmNleftOffset, &left, NULL);
-        expected_left = ((int)xwkConditWidget->core.width - (int)row->core.width) / 2;
-    };
     boxdriver::when_up(&step, [&] {
         // The user makes the box larger: text and buttons follow to the middle.
         Widget shell = XtParent(xwkConditWidget);
         XtVaSetValues(shell, XtNwidth, shell->core.width + 200, XtNheight,
                       shell->core.height + 100, NULL);
         boxdriver::when(&grown, [&] {
-            measure();
+            Widget label = xwktest::FindWidget(xwkConditWidget, "xwkConditLabel");
+            top = xwktest::Get<int>(label, XmNtopOffset);
+            expected_top = ((int)XtParent(label)->core.height - (int)label->core.height) / 2;
+            Widget row = XtParent(boxdriver::button(1));
+            left = xwktest::Get<int>(row, XmNleftOffset);
+            expected_left = ((int)xwkConditWidget->core.width - (int)row->core.width) / 2;
             return top > 0 && left > 0;
         }, [] { click(1); });
     });
@@ -349,8 +344,7 @@ TEST_F(MessageBox, ModelessBoxStaysUntilDeleted)
 
 TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
 {
-    Widget shell = XtVaAppCreateShell("markup", "XwkTest", topLevelShellWidgetClass, xwkDisplay,
-                                      NULL);
+    Widget shell = xwktest::Shell("markup", 300, 200);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
     Widget last = XwkCreateCompoundLabels(
         form, "Centred ^bbold^b here^lLeft^x side^rRight\tT^sAfter ^iit^i^Fmono^f^");

@@ -5,17 +5,12 @@
 
 #include "boxdriver.h"
 
+// The prompt on screen is xwkParentWidget, the desk form that opened last.
 namespace {
 
 using boxdriver::action_button;
 using boxdriver::Step;
 using boxdriver::when;
-
-// The prompt on screen: the desk form that opened last.
-Widget prompt()
-{
-    return xwkParentWidget;
-}
 
 void when_prompt_up(Step *step, std::function<void()> action)
 {
@@ -25,7 +20,7 @@ void when_prompt_up(Step *step, std::function<void()> action)
 std::vector<Widget> texts()
 {
     std::vector<Widget> out;
-    boxdriver::collect(prompt(), [](Widget w) { return XmIsText(w); }, &out);
+    boxdriver::collect(xwkParentWidget, [](Widget w) { return XmIsText(w); }, &out);
     return out;
 }
 
@@ -57,7 +52,7 @@ TEST_F(Prompt, OneLineTypedAndConfirmed)
     int min_h = 0, max_h = 0, height = 0;  // WMShell keeps its size hints as int
     std::string field_name;
     when_prompt_up(&step, [&] {
-        Widget shell = XtParent(prompt());
+        Widget shell = XtParent(xwkParentWidget);
         XtVaGetValues(shell, XtNminHeight, &min_h, XtNmaxHeight, &max_h, NULL);
         height = shell->core.height;
         Widget text = texts().at(0);
@@ -77,8 +72,8 @@ TEST_F(Prompt, OneLineTypedAndConfirmed)
 
     int decorations = 0;
     when_prompt_up(&step, [&] {
-        XtVaGetValues(XtParent(prompt()), XmNmwmDecorations, &decorations, NULL);
-        xwktest::SendDeleteWindow(XtParent(prompt()));
+        XtVaGetValues(XtParent(xwkParentWidget), XmNmwmDecorations, &decorations, NULL);
+        xwktest::SendDeleteWindow(XtParent(xwkParentWidget));
     });
     EXPECT_EQ(inputa(xwkTopLevel, "Closing", "Name", buffer, 31), 0) << "close is Cancel";
     EXPECT_EQ(decorations, MWM_DECOR_ALL);
@@ -151,7 +146,7 @@ TEST_F(Prompt, CheckBoxAndThreeFields)
     char name[16] = "n";
     Boolean flag = False;
     when_prompt_up(&step, [&] {
-        Widget toggle = xwktest::FindWidget(prompt(), "xwkCheckBox");
+        Widget toggle = xwktest::FindWidget(xwkParentWidget, "xwkCheckBox");
         ASSERT_NE(toggle, nullptr);
         xwktest::ClickCenter(toggle);
         when(&next, [toggle] { return XmToggleButtonGetState(toggle) == True; },
@@ -180,8 +175,7 @@ TEST_F(Prompt, CheckBoxAndThreeFields)
 
 TEST_F(Prompt, DestroyedParentEndsThePrompt)
 {
-    Widget shell = XtVaAppCreateShell("owner", "XwkTest", topLevelShellWidgetClass, xwkDisplay,
-                                      XtNwidth, 80, XtNheight, 40, NULL);
+    Widget shell = xwktest::Shell("owner", 80, 40);
     XtRealizeWidget(shell);
     char buffer[8] = "";
     when_prompt_up(&step, [&] { XtDestroyWidget(shell); });
@@ -195,9 +189,9 @@ TEST_F(Prompt, UserTextByMode)
 
     std::string title, page, anchor;
     when_prompt_up(&step, [&] {
-        title = xwktest::Get<char *>(XtParent(prompt()), XtNtitle);
+        title = xwktest::Get<char *>(XtParent(xwkParentWidget), XtNtitle);
         char *file = nullptr, *p = nullptr, *a = nullptr;
-        if (XwkGetHelpData(prompt(), &file, &p, &a)) {
+        if (XwkGetHelpData(xwkParentWidget, &file, &p, &a)) {
             page = p ? p : "";
             anchor = a ? a : "";
         }

@@ -51,9 +51,8 @@ TEST_F(SelectDialogs, ItemByDoubleClickAndByKeys)
         XSetInputFocus(XtDisplay(tree), XtWindow(XtParent(xwkParentWidget)), RevertToParent,
                        CurrentTime);
         XmProcessTraversal(tree, XmTRAVERSE_CURRENT);
-        xwktest::PressKey(XtDisplay(tree), XK_Down);
-        xwktest::PressKey(XtDisplay(tree), XK_Down);
-        xwktest::PressKey(XtDisplay(tree), XK_Return);
+        for (KeySym key : {XK_Down, XK_Down, XK_Return})
+            xwktest::PressKey(XtDisplay(tree), key);
     });
     EXPECT_EQ(XwkSelectItemDialog(xwkTopLevel, "Fruit", "Kind", fruit, 3, False), 3);
 }
