@@ -120,7 +120,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     EXPECT_STREQ(buffer, "");
 }
 
-TEST_F(Prompt, MultiLineAndTwoFields)
+TEST_F(Prompt, MultiLineCheckBoxAndSeveralFields)
 {
     char notes[64] = "";
     when_prompt_up(&step, [&] { type_then_ok(&next, texts().at(0), "one\ntwo", "one\ntwo"); });
@@ -139,10 +139,7 @@ TEST_F(Prompt, MultiLineAndTwoFields)
     EXPECT_EQ(fields, 2u);
     EXPECT_STREQ(a, "first");
     EXPECT_STREQ(b, "second");
-}
 
-TEST_F(Prompt, CheckBoxAndThreeFields)
-{
     char name[16] = "n";
     Boolean flag = False;
     when_prompt_up(&step, [&] {
@@ -197,10 +194,8 @@ TEST_F(Prompt, UserTextByMode)
         }
         type_then_ok(&next, texts().at(0), "!", "start!");
     });
-    char *got = XwkGetUserText(1, xwkTopLevel, "start", "Find what", "Find");
-    ASSERT_NE(got, nullptr);
-    EXPECT_STREQ(got, "start!");
-    XtFree(got);
+    EXPECT_EQ(xwktest::Take(XwkGetUserText(1, xwkTopLevel, "start", "Find what", "Find")),
+              "start!");
     EXPECT_EQ(title, "Find");
     EXPECT_EQ(page, "Interface");
     EXPECT_EQ(anchor, "Prompt");
@@ -209,10 +204,7 @@ TEST_F(Prompt, UserTextByMode)
     EXPECT_EQ(XwkGetUserText(0, xwkTopLevel, "text", "Notes", "Own|page"), nullptr);
 
     when_prompt_up(&step, [&] { type_then_ok(&next, texts().at(0), "pw", "**"); });
-    got = XwkGetUserText(1001, xwkTopLevel, nullptr, "Password", nullptr);
-    ASSERT_NE(got, nullptr);
-    EXPECT_STREQ(got, "pw");
-    XtFree(got);
+    EXPECT_EQ(xwktest::Take(XwkGetUserText(1001, xwkTopLevel, nullptr, "Password", nullptr)), "pw");
 }
 
 TEST_F(Prompt, VerifyCallbackFiltersTheFirstCharacter)
