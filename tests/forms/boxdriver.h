@@ -6,9 +6,6 @@
 
 #include "xwktest.h"
 
-#include <Xm/Xm.h>
-#include <X11/StringDefs.h>
-
 namespace boxdriver {
 
 struct Step {

@@ -4,7 +4,6 @@
 #include "boxdriver.h"
 
 #include <Xm/DrawnB.h>
-#include <Xm/Frame.h>
 
 namespace {
 
@@ -440,26 +439,4 @@ TEST_F(Controls, SensitivityKeepsTextsSelectable)
     EXPECT_TRUE(Get<Boolean>(text, XmNeditable));
     EXPECT_EQ(xwktest::PixelOf(text, XmNforeground), fg);
     EXPECT_EQ(xwktest::PixelOf(text, XmNbackground), bg);
-}
-
-TEST_F(Controls, ByReferenceForms)
-{
-    float x = 0.5f, y = 0.5f, len = 3.0f, gap = 0.0f;
-    int style = 2, count = 2, sel = 2, type = 1, length = 6, columns = 6, reserved = 0, vis = 2;
-    long value = 7;
-    XwkDeskItem *items[8] = {};
-    setlabel_(&desk, &x, &y, "Label", &items[0]);
-    setbutton_(&desk, &x, &y, "Button", &items[1]);
-    setseparator_(&desk, &x, &y, &len, &style, &items[2]);
-    setradiobox_(&desk, &x, &y, "R", "a\0b", &count, &sel, &items[3]);
-    setcheckbox_(&desk, &x, &y, "C", "a\0b", &count, nullptr, &items[4]);
-    setoptionmenu_(&desk, &x, &y, "O", &reserved, "a\0b", &count, &sel, &items[5]);
-    setscrolledlist_(&desk, &x, &y, "L", "a\0b", &count, &vis, &sel, &items[6]);
-    seteditfield_(&desk, &x, &y, "E", &gap, &value, &type, &length, &columns, &items[7]);
-    for (XwkDeskItem *item : items)
-        EXPECT_NE(item, nullptr);
-    EXPECT_EQ(Read(getradiobox_, &items[3]), 2);
-    EXPECT_EQ(Read(getoptionmenu_, &items[5]), 2);
-    EXPECT_EQ(Read(getscrolledlist_, &items[6]), 2);
-    EXPECT_EQ(Read(getbutton_, &items[1]), 0);
 }

@@ -2,16 +2,13 @@
 // manager's close, while condit runs its own loop.
 #include "xwktest.h"
 
-#include <Xm/DialogS.h>
 #include <Xm/DrawnB.h>
-#include <Xm/ScrolledW.h>
 
 #include "boxdriver.h"
 
 namespace {
 
 using boxdriver::Step;
-
 using boxdriver::box_text;
 using boxdriver::box_title;
 using boxdriver::collect;
@@ -520,8 +517,7 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(access(present.c_str(), F_OK), 0) << "an existing file stays";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 6), 0);
     EXPECT_NE(access(missing.c_str(), F_OK), 0) << "the probe file is gone again";
-    std::string probed = dir.Path("probed");
-    fclose(fopen(probed.c_str(), "w"));
+    std::string probed = dir.Write("probed", "");
     EXPECT_EQ(err_msg(nullptr, probed.c_str(), 6), 0);
     EXPECT_NE(access(probed.c_str(), F_OK), 0) << "code 6 removes even a file that was there";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 0), 0) << "nothing to overwrite";
