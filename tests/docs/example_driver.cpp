@@ -154,8 +154,7 @@ void ExpectExit(const std::vector<std::string> &lines)
 
 // ---- Windows on the server ---------------------------------------------------
 
-// A viewable window and its viewable children; positions in root
-// coordinates, and the position within its parent.
+// A viewable window and its viewable children.
 struct Win {
     Window id = 0;
     int x = 0, y = 0;            // in root coordinates

@@ -44,7 +44,7 @@ std::string name_of(Widget w)
 
 TEST_F(Controls, LabelButtonAndSeparatorRaiseTheExtents)
 {
-    XwkDeskItem *label = nullptr, *button = nullptr, *line = nullptr;
+    XwkDeskItem *label = nullptr, *button = nullptr, *line = nullptr, *vertical = nullptr;
     SetLabel(desk, 0.5f, 0.5f, "Two\nlines", &label);
     ASSERT_NE(label, nullptr);
     EXPECT_EQ(name_of(label->widget), "xwkLabel");
@@ -75,7 +75,6 @@ TEST_F(Controls, LabelButtonAndSeparatorRaiseTheExtents)
         << "longer than the screen: up to the edge";
     EXPECT_EQ(desk->extent_w, w);
     EXPECT_EQ(desk->extent_h, h);
-    XwkDeskItem *vertical = nullptr;
     SetSeparator(desk, 8.0f, 0.0f, -2.0f, 9, &vertical);
     EXPECT_EQ(type(vertical), XmSHADOW_ETCHED_IN);
     EXPECT_EQ(orientation(vertical), XmVERTICAL);
@@ -101,7 +100,7 @@ TEST_F(Controls, LabelButtonAndSeparatorRaiseTheExtents)
 
 TEST_F(Controls, RadioAndCheckBoxesByClicks)
 {
-    XwkDeskItem *radio = nullptr, *stretched = nullptr;
+    XwkDeskItem *radio = nullptr, *stretched = nullptr, *bare = nullptr, *bare_menu = nullptr;
     SetRadioBox(desk, 0.5f, 0.5f, "Colour", "Red\0Green\0Blue", 3, 2, &radio);
     ASSERT_NE(radio, nullptr);
     XwkToggleItem *r = (XwkToggleItem *)radio;
@@ -113,7 +112,6 @@ TEST_F(Controls, RadioAndCheckBoxesByClicks)
     EXPECT_EQ(Get<unsigned char>(stretched->widget, XmNrightAttachment), XmATTACH_FORM);
     EXPECT_EQ(((XwkToggleItem *)stretched)->count, 3);
     // Without item texts the toggles still come, empty, as many as asked.
-    XwkDeskItem *bare = nullptr, *bare_menu = nullptr;
     SetRadioBox(desk, 0.5f, 4.0f, nullptr, nullptr, 2, 2, &bare);
     ASSERT_NE(bare, nullptr);
     EXPECT_EQ(((XwkToggleItem *)bare)->count, 2);
@@ -392,19 +390,18 @@ TEST_F(Controls, InvalidOrDestroyedDeskGivesNull)
     // The controls are destroyed with the desk; their records go with them.
     CloseDesk(desk);
     xwktest::Settle();
-    XwkDeskItem *label = nullptr;
-    SetLabel(desk, 0, 0, "late", &label);
-    EXPECT_EQ(label, nullptr);
+    item = (XwkDeskItem *)1;
+    SetLabel(desk, 0, 0, "late", &item);
+    EXPECT_EQ(item, nullptr);
     desk = nullptr;
 }
 
 TEST_F(Controls, SensitivityKeepsTextsSelectable)
 {
     char value[16] = "keep me";
-    XwkDeskItem *field = nullptr, *button = nullptr;
+    XwkDeskItem *field = nullptr, *button = nullptr, *label = nullptr;
     SetEditField(desk, 0.5f, 0.5f, "Text", 0.0f, value, 4, 15, 10, &field);
     SetButton(desk, 0.5f, 2.0f, "Button", &button);
-    XwkDeskItem *label = nullptr;
     SetLabel(desk, 4.0f, 2.0f, "Off by itself", &label);
     XtSetSensitive(label->widget, False);
     open();
