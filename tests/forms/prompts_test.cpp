@@ -9,13 +9,9 @@
 namespace {
 
 using boxdriver::action_button;
+using boxdriver::form_up;
 using boxdriver::Step;
 using boxdriver::when;
-
-void when_prompt_up(Step *step, std::function<void()> action)
-{
-    when(step, boxdriver::form_up, std::move(action));
-}
 
 std::vector<Widget> texts()
 {
@@ -51,7 +47,7 @@ TEST_F(Prompt, OneLineTypedAndConfirmed)
     char buffer[32] = "old";
     int min_h = 0, max_h = 0, height = 0;  // WMShell keeps its size hints as int
     std::string field_name;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         Widget shell = XtParent(xwkParentWidget);
         XtVaGetValues(shell, XtNminHeight, &min_h, XtNmaxHeight, &max_h, NULL);
         height = shell->core.height;
@@ -65,13 +61,13 @@ TEST_F(Prompt, OneLineTypedAndConfirmed)
     EXPECT_EQ(min_h, height) << "resized in width only";
     EXPECT_EQ(max_h, height);
 
-    when_prompt_up(&step, [] { xwktest::ClickCenter(action_button(2)); });
+    when(&step, form_up, [] { xwktest::ClickCenter(action_button(2)); });
     strcpy(buffer, "keep");
     EXPECT_EQ(inputa(nullptr, nullptr, "Name", buffer, 31), 0);
     EXPECT_STREQ(buffer, "keep");
 
     int decorations = 0;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         XtVaGetValues(XtParent(xwkParentWidget), XmNmwmDecorations, &decorations, NULL);
         xwktest::SendDeleteWindow(XtParent(xwkParentWidget));
     });
@@ -83,7 +79,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
 {
     char buffer[9] = "prefill";
     std::string shown;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         Widget text = texts().at(0);
         type_into(text, "secret");
         when(&next, [text] { return xwktest::TextOf(text).size() == 6; }, [&shown, text] {
@@ -96,7 +92,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     EXPECT_STREQ(buffer, "secret");
 
     // Deleting takes the hidden text back with the stars.
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         Widget text = texts().at(0);
         type_into(text, "abcd");
         xwktest::PressKey(XtDisplay(text), XK_BackSpace);
@@ -109,7 +105,7 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     EXPECT_STREQ(buffer, "abx");
 
     // A paste of several characters is refused.
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         Widget text = texts().at(0);
         XmTextInsert(text, 0, (char *)"pasted");
         shown = xwktest::TextOf(text);
@@ -123,13 +119,13 @@ TEST_F(Prompt, HiddenEntryShowsStars)
 TEST_F(Prompt, MultiLineCheckBoxAndSeveralFields)
 {
     char notes[64] = "";
-    when_prompt_up(&step, [&] { type_then_ok(&next, texts().at(0), "one\ntwo", "one\ntwo"); });
+    when(&step, form_up, [&] { type_then_ok(&next, texts().at(0), "one\ntwo", "one\ntwo"); });
     EXPECT_EQ(inputb(xwkTopLevel, nullptr, "Notes", notes, 63, 30, 4), 1);
     EXPECT_STREQ(notes, "one\ntwo");
 
     char a[16] = "", b[16] = "";
     size_t fields = 0;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         std::vector<Widget> t = texts();
         fields = t.size();
         type_into(t.at(0), "first");
@@ -142,7 +138,7 @@ TEST_F(Prompt, MultiLineCheckBoxAndSeveralFields)
 
     char name[16] = "n";
     Boolean flag = False;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         Widget toggle = xwktest::FindWidget(xwkParentWidget, "xwkCheckBox");
         ASSERT_NE(toggle, nullptr);
         xwktest::ClickCenter(toggle);
@@ -155,7 +151,7 @@ TEST_F(Prompt, MultiLineCheckBoxAndSeveralFields)
 
     char f1[16] = "1", f2[16] = "2", f3[64] = "";
     Boolean wrap = False;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         std::vector<Widget> t = texts();
         ASSERT_EQ(t.size(), 3u);
         XtVaGetValues(t[2], XmNwordWrap, &wrap, NULL);
@@ -175,7 +171,7 @@ TEST_F(Prompt, DestroyedParentEndsThePrompt)
     Widget shell = xwktest::Shell("owner", 80, 40);
     XtRealizeWidget(shell);
     char buffer[8] = "";
-    when_prompt_up(&step, [&] { XtDestroyWidget(shell); });
+    when(&step, form_up, [&] { XtDestroyWidget(shell); });
     EXPECT_EQ(inputa(shell, nullptr, "Gone", buffer, 7), 0);
     EXPECT_TRUE(step.done);
 }
@@ -185,7 +181,7 @@ TEST_F(Prompt, UserTextByMode)
     EXPECT_EQ(XwkGetUserText(5, nullptr, "x", "Label", "Title"), nullptr);
 
     std::string title, page, anchor;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         title = xwktest::Get<char *>(XtParent(xwkParentWidget), XtNtitle);
         char *file = nullptr, *p = nullptr, *a = nullptr;
         if (XwkGetHelpData(xwkParentWidget, &file, &p, &a)) {
@@ -200,10 +196,10 @@ TEST_F(Prompt, UserTextByMode)
     EXPECT_EQ(page, "Interface");
     EXPECT_EQ(anchor, "Prompt");
 
-    when_prompt_up(&step, [] { xwktest::ClickCenter(action_button(2)); });
+    when(&step, form_up, [] { xwktest::ClickCenter(action_button(2)); });
     EXPECT_EQ(XwkGetUserText(0, xwkTopLevel, "text", "Notes", "Own|page"), nullptr);
 
-    when_prompt_up(&step, [&] { type_then_ok(&next, texts().at(0), "pw", "**"); });
+    when(&step, form_up, [&] { type_then_ok(&next, texts().at(0), "pw", "**"); });
     EXPECT_EQ(xwktest::Take(XwkGetUserText(1001, xwkTopLevel, nullptr, "Password", nullptr)), "pw");
 }
 
