@@ -28,8 +28,7 @@ const int kPaintTimeoutMs = 10000;
 const double kPixelsPerCm = 28.0;
 
 Display *dpy;
-const char *program;
-const char *example_name;
+const char *program, *example_name;
 
 struct Child {
     pid_t pid = -1;
