@@ -134,7 +134,8 @@ TEST_F(Scan, ItemsOfADirectory)
             continue;
         EXPECT_TRUE(e->item->entry == e && e->item->dir == node_) << name;
         EXPECT_EQ(bool(e->item->is_dir), dirs.count(name) == 1) << name;
-        EXPECT_EQ(e->item->path, name == ".." ? dir_ + "/" : P(name) + (dirs.count(name) ? "/" : ""));
+        std::string want = name == ".." ? dir_ + "/" : P(name) + (dirs.count(name) ? "/" : "");
+        EXPECT_EQ(e->item->path, want);
     }
     EXPECT_EQ(entries["run.c"]->item, nullptr);
     FsdEntry *link = entries["link_dir"];
