@@ -71,32 +71,32 @@ protected:
     int count_ = 0;
 };
 
-TEST_F(Scan, FiltersKeepWhatTheViewsShow)
+// What the filters keep, and where a read leaves the process: in the
+// directory's "..", so relative paths the application holds no longer mean
+// what they did.
+TEST_F(Scan, FiltersKeepWhatTheViewsShowAndTheReadEndsAtTheParent)
 {
-    Names files = {"..", "sub", "with space", "link_dir", "a.c", "run.c", "link.c",
-                   "\xc3\xbcn\xc3\xaf.c", "new\nline.c", "pipe|name.c", kLong};
-    EXPECT_EQ(Read(dir_, FsdFilterFiles), files);
-    EXPECT_EQ(Read(dir_, FsdFilterDirectories), (Names{"sub", "with space", "link_dir"}));
-    EXPECT_EQ(Read(P("sub/inner/deep"), FsdFilterDirectories), Names{});
-    EXPECT_EQ(Read(P("none"), FsdFilterFiles), Names{});
-}
-
-// The read leaves the process in the directory's "..": relative paths the
-// application holds no longer mean what they did.
-TEST_F(Scan, WorkingDirectoryEndsAtTheParent)
-{
+    const Names files = {"..", "sub", "with space", "link_dir", "a.c", "run.c", "link.c",
+                         "\xc3\xbcn\xc3\xaf.c", "new\nline.c", "pipe|name.c", kLong};
+    const std::string parent = dir_.substr(0, dir_.rfind('/'));
     struct Case {
-        std::string read, from, after;
+        std::string read, from;
+        FsdFilterProc filter;
+        Names names;
+        std::string after;
     } cases[] = {
-        {P("sub/inner"), "/", P("sub")},
-        {P("link_dir/inner/"), "/", P("sub")},
-        {P("link_dir"), "/", dir_},
-        {"sub/inner/deep", dir_, P("sub/inner")},
-        {P("vanished"), "/", "/"},
+        {dir_, "/", FsdFilterFiles, files, parent},
+        {dir_, "/", FsdFilterDirectories, {"sub", "with space", "link_dir"}, parent},
+        {P("sub/inner/deep"), "/", FsdFilterDirectories, {}, P("sub/inner")},
+        {P("sub/inner"), "/", FsdFilterFiles, {"..", "deep"}, P("sub")},
+        {P("link_dir/inner/"), "/", FsdFilterFiles, {"..", "deep"}, P("sub")},
+        {P("link_dir"), "/", FsdFilterFiles, {"..", "inner"}, dir_},
+        {"sub/inner/deep", dir_, FsdFilterFiles, {".."}, P("sub/inner")},
+        {P("vanished"), "/", FsdFilterFiles, {}, "/"},
     };
     for (const Case &c : cases) {
         ASSERT_EQ(chdir(c.from.c_str()), 0);
-        Read(c.read, FsdFilterFiles);
+        EXPECT_EQ(Read(c.read, c.filter), c.names) << c.read;
         EXPECT_EQ(Cwd(), c.after) << c.read;
     }
     ASSERT_EQ(chdir("/"), 0);

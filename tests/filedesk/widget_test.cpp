@@ -382,8 +382,7 @@ TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
     ASSERT_NE(XmPrjDeskGetClientDataFromItem(current), nullptr);
     EXPECT_STREQ(((FsdFileItem *)XmPrjDeskGetClientDataFromItem(current))->name, "b.c");
     // A directory removed under the desk: no crash, an empty view.
-    std::string gone = P("beta");
-    EXPECT_TRUE(ShowDirectory(desk, gone));
+    EXPECT_TRUE(ShowDirectory(desk, P("beta")));
     // The rebuilt tree is in order at every level.
     Widget tree = Part(desk).dir_tree;
     auto level = XmPrjTreeGetParent(tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item);
@@ -393,7 +392,7 @@ TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
         names += std::string(XmPrjTreeGetNameItem(tree, node)) + ";";
     }
     EXPECT_EQ(names, "alpha;beta;to_alpha;with space;");
-    rmdir(gone.c_str());
+    rmdir(P("beta").c_str());
     XmFileSelectionDeskUpdate(desk, 1);
     xwktest::Settle();
     EXPECT_EQ(Part(desk).item_count, 0);
