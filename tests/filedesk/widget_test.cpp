@@ -24,11 +24,12 @@ struct Record {
 };
 std::vector<Record> records;
 
+std::string Text(const char *s) { return s ? s : ""; }
+
 void Remember(Widget, XtPointer, XtPointer call)
 {
     auto *cbs = (FsdCallbackStruct *)call;
-    records.push_back({cbs->reason, cbs->path ? cbs->path : "", cbs->directory ? cbs->directory : "",
-                       cbs->name ? cbs->name : ""});
+    records.push_back({cbs->reason, Text(cbs->path), Text(cbs->directory), Text(cbs->name)});
 }
 
 struct Drop {
@@ -41,8 +42,8 @@ std::vector<Drop> drops;
 
 void Dropped(Widget, XtPointer, XtPointer call)
 {
-    auto *cbs = (FsdTransferDoneCallbackStruct *)call;
-    drops.push_back({cbs->reason, cbs->operation, cbs->directory, {cbs->files, cbs->files + cbs->count}});
+    auto *c = (FsdTransferDoneCallbackStruct *)call;
+    drops.push_back({c->reason, c->operation, c->directory, {c->files, c->files + c->count}});
 }
 
 // A plain drop site of another program's kind: it asks for every target
@@ -50,7 +51,8 @@ void Dropped(Widget, XtPointer, XtPointer call)
 std::map<std::string, std::string> probed;
 const char *kProbeTargets[] = {"FILE_NAME", "COMPOUND_TEXT", "_XWK_FILE_NAMES"};
 
-void ProbeValue(Widget w, XtPointer, Atom *, Atom *type, XtPointer value, unsigned long *length, int *format)
+void ProbeValue(Widget w, XtPointer, Atom *, Atom *type, XtPointer value, unsigned long *length,
+                int *format)
 {
     if (value && *format == 8) {
         char *name = XGetAtomName(XtDisplay(w), *type);
@@ -84,15 +86,6 @@ XtPointer IconsButExec(Widget desk, char **data, XtPointer, const char *name)
     return std::strcmp(name, "DeskExec") == 0 ? nullptr : XwkIconCreateFromData(desk, data);
 }
 
-int ChildIndex(Widget parent, Widget child)
-{
-    CompositeWidget cw = (CompositeWidget)parent;
-    for (Cardinal i = 0; i < cw->composite.num_children; i++)
-        if (cw->composite.children[i] == child)
-            return int(i);
-    return -1;
-}
-
 class Desk : public ::testing::Test {
 protected:
     static void SetUpTestSuite() { xwktest::StartApp("XwkFsdTest"); }
@@ -100,9 +93,7 @@ protected:
     void SetUp() override
     {
         start_ = Cwd();
-        char tmpl[] = "/tmp/xwkdeskXXXXXX";
-        ASSERT_NE(mkdtemp(tmpl), nullptr);
-        dir_ = tmpl;
+        dir_ = tmp_.Path();
         for (const char *d : {"alpha", "alpha/inner", "beta", "with space"})
             ASSERT_EQ(mkdir(P(d).c_str(), 0755), 0);
         for (const char *f : {"a.c", "b.c", "notes.txt", "z.h", "run"})
@@ -120,7 +111,6 @@ protected:
             XtDestroyWidget(shell);
         xwktest::Settle();
         ASSERT_EQ(chdir(start_.c_str()), 0);
-        std::filesystem::remove_all(dir_);
     }
     std::string P(const char *name) const { return dir_ + "/" + name; }
     void Touch(const char *name) { std::ofstream(P(name)).flush(); }
@@ -150,10 +140,13 @@ protected:
     // Asks the desk to show a directory; true once it does.
     bool ShowDirectory(Widget desk, const std::string &path, int timeout_ms = 3000)
     {
-        XmFileSelectionDeskShowDirectory(desk, path.c_str());
-        return xwktest::PumpUntil([&] { return Shown(desk) == path + "/"; }, timeout_ms);
+        return XmFileSelectionDeskShowDirectory(desk, path.c_str()) &&
+               xwktest::PumpUntil([&] { return Shown(desk) == path + "/"; }, timeout_ms);
     }
-    std::string Shown(Widget desk) { return Part(desk).current_dir ? Part(desk).current_dir->path : ""; }
+    std::string Shown(Widget desk)
+    {
+        return Part(desk).current_dir ? Part(desk).current_dir->path : "";
+    }
     int ViewCount(Widget desk)
     {
         Widget view = Part(desk).file_view;
@@ -167,13 +160,13 @@ protected:
     {
         bool tree = view == Part(desk).dir_tree;
         std::string want = *name ? dir_ + "/" + name + "/" : dir_ + "/";
+        // On a row of the detail list only its label takes a click.
+        int part = tree ? XmTREE_PART_ROW : XmTREE_PART_LABEL;
         for (int py = 2; py < view->core.height; py += 3)
             for (int px = 2; px < view->core.width; px += 3) {
-                // On a row of the detail list only its label takes a click.
                 XtPointer data = XtIsSubclass(view, xmPrjDeskWidgetClass)
                                      ? XmPrjDeskWhichItem(view, px, py)
-                                     : XmPrjTreeWhichItem(tree ? XmTREE_PART_ROW : XmTREE_PART_LABEL,
-                                                          px, py, view);
+                                     : XmPrjTreeWhichItem(part, px, py, view);
                 if (data && (tree ? want == ((FsdDirNode *)data)->path
                                   : ((FsdFileItem *)data)->name == std::string(name))) {
                     *x = px;
@@ -231,63 +224,59 @@ protected:
         std::sort(out.begin(), out.end());
         return out;
     }
-    std::string SelectionText(Widget desk)
-    {
-        return xwktest::Take(Get<char *>(desk, XmNselectionTextString));
-    }
 
-    std::string start_;
-    std::string dir_;
+    xwktest::TempDir tmp_;
+    std::string start_, dir_;
     std::vector<Widget> shells_;
 };
 
 // ".." + 4 directories (the link to one counts) + 5 files; the dangling link is never shown.
 constexpr int kAll = 1 + 4 + 5;
 
-TEST_F(Desk, ScanFillsViewTitleAndTree)
+// The scan fills the view and the tree; a desk without a file view reads
+// the directory into its tree alone and counts the sub-directories it shows.
+TEST_F(Desk, ScanFillsTheViewAndTheTree)
 {
-    Widget desk = MakeDesk({});
-    EXPECT_EQ(Shown(desk), dir_ + "/");
-    EXPECT_EQ(Part(desk).item_count, kAll);
-    EXPECT_EQ(ViewCount(desk), kAll);
-    EXPECT_EQ(Get<int>(desk, XmNitemCount), kAll);
-    EXPECT_EQ(xwktest::Take(Get<char *>(desk, XmNdirectory)), dir_ + "/");
-    // The tree holds the directory's sub-directories.
-    auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
-    EXPECT_EQ(XmPrjTreeGetItemsCount(Part(desk).dir_tree, node), 4);  // alpha, beta, with space, to_alpha
-    // Scroll bars the tree manages as the desk is realized stand beside it.
-    Widget tree = Part(desk).dir_tree;
-    for (const char *name : {"treeVertScrollBar", "treeHorizScrollBar"}) {
-        Widget bar = XtNameToWidget(XtParent(tree), name);
-        if (bar && XtIsManaged(bar)) {
-            EXPECT_TRUE(bar->core.x >= tree->core.x + tree->core.width ||
-                        bar->core.y >= tree->core.y + tree->core.height) << name;
+    for (bool view : {true, false}) {
+        SCOPED_TRACE(view);
+        records.clear();
+        Widget desk = MakeDesk({{(String)XmNuseFileDesk, view}}, 0, view);
+        Widget tree = Part(desk).dir_tree;
+        EXPECT_EQ(Get<Widget>(desk, XmNdirectoryTree), tree);
+        EXPECT_EQ(Get<Widget>(desk, XmNfileDesk) != nullptr, view);
+        ASSERT_NE(Part(desk).current_dir, nullptr);
+        EXPECT_EQ(Shown(desk), dir_ + "/");
+        EXPECT_EQ(xwktest::Take(Get<char *>(desk, XmNdirectory)), dir_ + "/");
+        auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
+        EXPECT_EQ(XmPrjTreeGetItemsCount(tree, node), 4);  // alpha, beta, with space, to_alpha
+        if (view) {
+            EXPECT_EQ(ViewCount(desk), kAll);
+        } else {  // a scan without a view counts the sub-directories it shows
+            XmFileSelectionDeskUpdate(desk, 1);
         }
+        EXPECT_EQ(Get<int>(desk, XmNitemCount), view ? kAll : 4);
+        // Scroll bars the tree manages as the desk is realized stand beside it.
+        for (const char *name : {"treeVertScrollBar", "treeHorizScrollBar"}) {
+            Widget bar = XtNameToWidget(XtParent(tree), name);
+            if (bar && XtIsManaged(bar)) {
+                EXPECT_TRUE(bar->core.x >= tree->core.x + tree->core.width ||
+                            bar->core.y >= tree->core.y + tree->core.height) << name;
+            }
+        }
+        // The working directory is left at the directory's "..", as
+        // documented; absolute paths the application holds keep working.
+        EXPECT_EQ(Cwd(), dir_.substr(0, dir_.rfind('/')));
+        EXPECT_EQ(access(P("a.c").c_str(), F_OK), 0);
+        ASSERT_FALSE(records.empty());
+        EXPECT_EQ(records.back().reason, XmCR_OK);
+        EXPECT_EQ(records.back().path, dir_ + "/");
     }
-    // The working directory is left at the directory's "..", as documented;
-    // absolute paths the application holds keep working.
-    EXPECT_EQ(Cwd(), dir_.substr(0, dir_.rfind('/')));
-    EXPECT_EQ(access(P("a.c").c_str(), F_OK), 0);
-    ASSERT_FALSE(records.empty());
-    EXPECT_EQ(records.back().reason, XmCR_OK);
-    EXPECT_EQ(records.back().path, dir_ + "/");
 }
 
-TEST_F(Desk, ResourceClassesColoursAndFallbacks)
+// A failed icon warns through the widget; an invalid representation is
+// name only; colours go to the views and the tree's window tints the form.
+TEST_F(Desk, FallbacksAndColours)
 {
-    XtResourceList list = nullptr;
-    Cardinal count = 0;
-    XtGetResourceList(xmFileSelectionDeskWidgetClass, &list, &count);
-    std::map<std::string, std::string> classes;
-    for (Cardinal i = 0; i < count; i++)
-        classes[list[i].resource_name] = list[i].resource_class;
-    XtFree((char *)list);
-    for (auto [name, cls] : {std::pair{"okCallback", "OkCallback"},
-                             {"transferDoneCallback", "TransferDoneCallback"},
-                             {"deskDirIcon", "DeskDirIcon"}, {"treeRegularIcon", "TreeRegularIcon"},
-                             {"activeBackground", "Background"}, {"fullInfoLayoutString", "LayoutString"}})
-        EXPECT_EQ(classes[name], cls) << name;
-    // A failed icon warns through the widget; an invalid representation is 0.
     XtErrorHandler old = XtAppSetWarningHandler(xwktest::App(), CollectWarning);
     Widget desk = MakeDesk({{(String)XmNcreateIconProc, (XtArgVal)IconsButExec},
                             {(String)XmNrepresentation, 9},
@@ -300,19 +289,19 @@ TEST_F(Desk, ResourceClassesColoursAndFallbacks)
     EXPECT_EQ(Get<unsigned char>(Part(desk).file_view, XmNselectionPolicy), XmBROWSE_SELECT);
     // Without a selection row its text reads NULL.
     EXPECT_EQ(Get<char *>(desk, XmNselectionTextString), nullptr);
-    // Foreground and background go to the views.
     Pixel red = xwktest::PixelOf(xwktest::StartApp(), XmNbackground) ^ 0xff0000;
     XtVaSetValues(desk, XmNforeground, red, nullptr);
     EXPECT_EQ(xwktest::PixelOf(Part(desk).dir_tree, XmNforeground), red);
     EXPECT_EQ(xwktest::PixelOf(Part(desk).file_view, XmNforeground), red);
-    // The form of the file view takes the background of the tree's window.
     XrmDatabase db = XtDatabase(XtDisplay(desk));
     XrmPutStringResource(&db, "fsdtint*fsdDirTreeSW.background", "#00ff00");
-    Widget shell = XtVaAppCreateShell("fsdtint", "Fsd", topLevelShellWidgetClass, XtDisplay(desk), nullptr);
+    Widget shell = XtVaAppCreateShell("fsdtint", "Fsd", topLevelShellWidgetClass, XtDisplay(desk),
+                                      nullptr);
     shells_.push_back(shell);
-    Widget tinted = XmCreateFileSelectionDesk(shell, (String) "desk", nullptr, 0);
-    EXPECT_NE(Part(tinted).dir_tree_sw->core.background_pixel, Part(tinted).left_form->core.background_pixel);
-    EXPECT_EQ(Part(tinted).right_sw_form->core.background_pixel, Part(tinted).dir_tree_sw->core.background_pixel);
+    auto &tinted = Part(XmCreateFileSelectionDesk(shell, (String) "desk", nullptr, 0));
+    Pixel tint = tinted.dir_tree_sw->core.background_pixel;
+    EXPECT_NE(tint, tinted.left_form->core.background_pixel);
+    EXPECT_EQ(tinted.right_sw_form->core.background_pixel, tint);
 }
 
 TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
@@ -320,46 +309,36 @@ TEST_F(Desk, RepresentationsSwitchWithoutSecondRead)
     Widget desk = MakeDesk({});
     auto entries = Get<FsdEntry **>(desk, XmNitems);
     ASSERT_NE(entries, nullptr);
-    struct Case {
-        unsigned char representation;
-        bool desk_list;
-    } cases[] = {{XmREPRESENTATION_DETAIL, false},
-                 {XmREPRESENTATION_NAME_ONLY, true},
-                 {XmREPRESENTATION_SMALL_ICONS, true},
-                 {XmREPRESENTATION_DETAIL, false},
-                 {XmREPRESENTATION_LARGE_ICONS, true}};
     // A file made now is not seen: nothing is read again.
     Touch("later.c");
-    for (const Case &c : cases) {
-        SCOPED_TRACE(int(c.representation));
-        XtVaSetValues(desk, XmNrepresentation, c.representation, nullptr);
-        xwktest::Settle();
-        EXPECT_EQ(XmFileSelectionDeskGetRepresentation(desk), c.representation);
+    for (unsigned char r : {XmREPRESENTATION_DETAIL, XmREPRESENTATION_NAME_ONLY,
+                            XmREPRESENTATION_SMALL_ICONS, XmREPRESENTATION_DETAIL,
+                            XmREPRESENTATION_LARGE_ICONS}) {
+        SCOPED_TRACE(int(r));
+        Represent(desk, r);
         Widget view = Part(desk).file_view;
-        EXPECT_EQ(XtIsSubclass(view, xmPrjDeskWidgetClass), c.desk_list);
+        EXPECT_EQ(XtIsSubclass(view, xmPrjDeskWidgetClass), r != XmREPRESENTATION_DETAIL);
         EXPECT_TRUE(XtIsManaged(XtParent(view)));
         EXPECT_STREQ(XtName(XtParent(view)), "fsdFileDeskSW");
         EXPECT_EQ(ViewCount(desk), kAll);
         EXPECT_EQ(Get<FsdEntry **>(desk, XmNitems), entries);
     }
-    // The detail text of a file: seven fields; the size column groups digits.
-    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    // Shown again, the detail list's rows are the entries' items, each
+    // item's handle its row; a directory read in between leaves none of them.
+    Represent(desk, XmREPRESENTATION_DETAIL);
     Widget list = Part(desk).file_list;
     XmPrjTreeNode first = XmPrjTreeGetFirstNode(list);
     ASSERT_NE(first, nullptr);
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(list, first, 1), "..");
-    // Shown again, the list's rows are the entries' items, each item's
-    // handle its row; a directory read in between leaves none of them.
     for (XmPrjTreeNode n = first; n; n = XmPrjTreeGetNextNode(list, n))
         EXPECT_EQ(((FsdFileItem *)XmPrjTreeGetClientDataFromNode(n))->handle, n);
-    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_SMALL_ICONS, nullptr);
-    ASSERT_TRUE(XmFileSelectionDeskShowDirectory(desk, P("alpha").c_str()));
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("alpha") + "/"; }));
-    xwktest::Settle();
-    XtVaSetValues(desk, XmNrepresentation, XmREPRESENTATION_DETAIL, nullptr);
+    Represent(desk, XmREPRESENTATION_SMALL_ICONS);
+    ASSERT_TRUE(ShowDirectory(desk, P("alpha")));
+    Represent(desk, XmREPRESENTATION_DETAIL);
     EXPECT_EQ(ViewCount(desk), 2);  // ".." and inner
+    FsdDirNode *alpha = Part(desk).current_dir;
     for (XmPrjTreeNode n = XmPrjTreeGetFirstNode(list); n; n = XmPrjTreeGetNextNode(list, n))
-        EXPECT_EQ(((FsdFileItem *)XmPrjTreeGetClientDataFromNode(n))->dir, Part(desk).current_dir);
+        EXPECT_EQ(((FsdFileItem *)XmPrjTreeGetClientDataFromNode(n))->dir, alpha);
 }
 
 TEST_F(Desk, PatternsFilterFiles)
@@ -374,17 +353,14 @@ TEST_F(Desk, PatternsFilterFiles)
         XtVaSetValues(desk, XmNpattern, c.pattern, nullptr);
         xwktest::Settle();
         EXPECT_EQ(Part(desk).item_count, 5 + c.files);
-        EXPECT_EQ(xwktest::Take(Get<char *>(desk, XmNpattern)), c.pattern);
     }
-    // A group of the description is chosen by its row; "All files" comes last.
+    // A group of the description is chosen by its row.
     XtVaSetValues(desk, XmNpattern, "", XmNpatternsDescription, "Headers|*.h|Texts|*.txt", nullptr);
     int position = -1;
     XtVaSetValues(desk, XmNpatternPosition, 2, nullptr);
     XmFileSDGetFilterPatternString(desk, &position);
     EXPECT_EQ(position, 2);
     EXPECT_EQ(Part(desk).item_count, 5 + 1);
-    EXPECT_EQ(Part(desk).pattern_count, 3);
-    EXPECT_STREQ(Part(desk).patterns[3]->name, "All files");
     // Out of range after creation reads back as 1.
     XtVaSetValues(desk, XmNpatternsDescription, "Only|*.c", XmNpatternPosition, 9, nullptr);
     EXPECT_EQ(Get<int>(desk, XmNpatternPosition), 2);
@@ -393,65 +369,58 @@ TEST_F(Desk, PatternsFilterFiles)
 TEST_F(Desk, RefreshSeesChangesAndKeepsCurrentItem)
 {
     Widget desk = MakeDesk({});
-    Widget view = Part(desk).file_view;
-    XmPrjDeskNode node = XmPrjDeskFindItem(
-        view, [](XtPointer data, XtPointer want) { return std::strcmp(((FsdFileItem *)data)->name, (char *)want); },
-        (XtPointer) "b.c");
-    ASSERT_NE(node, nullptr);
-    XmPrjDeskSetItem(view, node);
+    ClickItem(desk, "b.c");
     Touch("new.c");
     unlink(P("z.h").c_str());
     XmFileSelectionDeskUpdate(desk, 1);
     xwktest::Settle();
     EXPECT_EQ(Part(desk).item_count, kAll);
-    auto *current = (FsdFileItem *)XmPrjDeskGetClientDataFromItem(XmPrjDeskGetSelectedItem(view));
-    ASSERT_NE(current, nullptr);
-    EXPECT_STREQ(current->name, "b.c");
+    XmPrjDeskNode current = XmPrjDeskGetSelectedItem(Part(desk).file_view);
+    ASSERT_NE(XmPrjDeskGetClientDataFromItem(current), nullptr);
+    EXPECT_STREQ(((FsdFileItem *)XmPrjDeskGetClientDataFromItem(current))->name, "b.c");
     // A directory removed under the desk: no crash, an empty view.
-    std::string gone = P("beta");
-    EXPECT_TRUE(ShowDirectory(desk, gone));
+    EXPECT_TRUE(ShowDirectory(desk, P("beta")));
     // The rebuilt tree is in order at every level.
     Widget tree = Part(desk).dir_tree;
     auto level = XmPrjTreeGetParent(tree, (XmPrjTreeNode)Part(desk).current_dir->tree_item);
     std::string names;
-    for (int i = 1; i <= 4; i++)
-        names += std::string(XmPrjTreeGetNameItem(tree, XmPrjTreeGetItemByPositionFromParent(tree, level, i))) + ";";
+    for (int i = 1; i <= 4; i++) {
+        XmPrjTreeNode node = XmPrjTreeGetItemByPositionFromParent(tree, level, i);
+        names += std::string(XmPrjTreeGetNameItem(tree, node)) + ";";
+    }
     EXPECT_EQ(names, "alpha;beta;to_alpha;with space;");
-    rmdir(gone.c_str());
+    rmdir(P("beta").c_str());
     XmFileSelectionDeskUpdate(desk, 1);
     xwktest::Settle();
     EXPECT_EQ(Part(desk).item_count, 0);
 }
 
+// Return on a directory descends into it, on ".." climbs back; a click in
+// the tree shows its directory once the selection rests; a double click
+// on a file is the default action.  Then the keys of both panels: Tab flips
+// between view and tree (the focus callback names the tree's directory),
+// Ctrl+U swaps the panels, Ctrl+O turns the paned window; the focus stays.
 TEST_F(Desk, NavigateByKeysAndClicks)
 {
     Widget desk = MakeDesk({});
     Display *dpy = XtDisplay(desk);
-    Widget view = Part(desk).file_view;
-    // Return on a directory descends into it, on ".." climbs back.
-    int x = 0, y = 0;
-    ASSERT_TRUE(PointOf(desk, view, "alpha", &x, &y));
-    xwktest::Click(view, x, y);
-    xwktest::Settle();
+    Widget tree = Part(desk).dir_tree;
+    ClickItem(desk, "alpha");
     xwktest::PressKey(dpy, XK_Return);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("alpha") + "/"; }));
     EXPECT_EQ(Part(desk).item_count, 2);  // "..", inner
     xwktest::PressKey(dpy, XK_Home);
     xwktest::PressKey(dpy, XK_Return);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/"; }));
-    // A click in the directory tree shows that directory once the
-    // selection rests.
-    Widget tree = Part(desk).dir_tree;
+    int x = 0, y = 0;
     ASSERT_TRUE(PointOf(desk, tree, "beta", &x, &y));
     xwktest::Click(tree, x, y);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == P("beta") + "/"; }));
     EXPECT_EQ(Part(desk).item_count, 1);
-    // A double click on a file is the default action.
     XtAddCallback(desk, XmNdefaultActionCallback, Remember, nullptr);
-    XmFileSelectionDeskShowDirectory(desk, dir_.c_str());
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return Shown(desk) == dir_ + "/" && Part(desk).item_count == kAll; }));
+    ASSERT_TRUE(ShowDirectory(desk, dir_));
     xwktest::Settle();
-    view = Part(desk).file_view;
+    Widget view = Part(desk).file_view;
     ASSERT_TRUE(PointOf(desk, view, "notes.txt", &x, &y));
     records.clear();
     xwktest::Click(view, x, y);
@@ -459,31 +428,32 @@ TEST_F(Desk, NavigateByKeysAndClicks)
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
     EXPECT_EQ(records.back().reason, XmCR_DEFAULT_ACTION);
     EXPECT_EQ(records.back().path, P("notes.txt"));
-    // Tab takes the focus to the tree: the focus callback names its directory.
+
+    Widget left = Part(desk).left_form, right = Part(desk).right_form;
+    ASSERT_EQ(XmGetFocusWidget(desk), view);
+    EXPECT_LT(left->core.x, right->core.x);
     XtAddCallback(desk, XmNfocusCallback, Remember, nullptr);
     records.clear();
     xwktest::PressKey(dpy, XK_Tab);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
+    EXPECT_EQ(XmGetFocusWidget(desk), tree);
     EXPECT_EQ(records.back().reason, XmCR_FOCUS);
     EXPECT_EQ(records.back().path, dir_ + "/");
     EXPECT_EQ(records.back().name, dir_.substr(dir_.rfind('/') + 1));
-}
-
-TEST_F(Desk, TreeOnlyDesk)
-{
-    Widget desk = MakeDesk({{(String)XmNuseFileDesk, False}}, 0, false);
-    Widget tree = Get<Widget>(desk, XmNdirectoryTree);
-    EXPECT_EQ(Get<Widget>(desk, XmNfileDesk), nullptr);
-    EXPECT_EQ(Get<Widget>(desk, XmNokButton), nullptr);
-    ASSERT_EQ(tree, Part(desk).dir_tree);
-    // The directory's node was read and opened, without a view.
-    ASSERT_NE(Part(desk).current_dir, nullptr);
-    EXPECT_EQ(Shown(desk), dir_ + "/");
-    auto node = (XmPrjTreeNode)Part(desk).current_dir->tree_item;
-    EXPECT_EQ(XmPrjTreeGetItemsCount(tree, node), 4);
-    // A scan without a view counts the sub-directories it shows.
-    XmFileSelectionDeskUpdate(desk, 1);
-    EXPECT_EQ(Get<int>(desk, XmNitemCount), 4);
+    xwktest::PressKey(dpy, XK_u, ControlMask);
+    xwktest::Settle();
+    EXPECT_GT(left->core.x, right->core.x);
+    EXPECT_EQ(XmGetFocusWidget(desk), tree);
+    xwktest::PressKey(dpy, XK_Tab);
+    xwktest::Settle();
+    EXPECT_EQ(XmGetFocusWidget(desk), view);
+    Widget paned = Part(desk).paned_window;
+    auto before = Get<unsigned char>(paned, XmNorientation);
+    xwktest::PressKey(dpy, XK_o, ControlMask);
+    xwktest::Settle();
+    EXPECT_NE(Get<unsigned char>(paned, XmNorientation), before);
+    EXPECT_EQ(XmGetFocusWidget(desk), view);
+    EXPECT_GT(left->core.y, right->core.y);  // the swapped panels, now one above the other
 }
 
 TEST_F(Desk, DialogButtonsAndSelection)
@@ -509,7 +479,9 @@ TEST_F(Desk, DialogButtonsAndSelection)
     EXPECT_EQ(xwktest::Take(Get<char *>(desk, XmNokButtonLabelString)), "OK");
     // The rows are made before the action area; the first button stands
     // off the edge; the shell's minimum height counts the title.
-    EXPECT_LT(ChildIndex(desk, text), ChildIndex(desk, Part(desk).action_area));
+    WidgetList children = ((CompositeWidget)desk)->composite.children;
+    WidgetList end = children + ((CompositeWidget)desk)->composite.num_children;
+    EXPECT_LT(std::find(children, end, text), std::find(children, end, Part(desk).action_area));
     EXPECT_EQ(Get<int>(ok, XmNleftOffset), 5);
     EXPECT_GT(Get<int>(XtParent(desk), XmNminHeight), ok->core.height + 8);
     // Help gets the desk's call data.
@@ -519,13 +491,13 @@ TEST_F(Desk, DialogButtonsAndSelection)
     EXPECT_EQ(records.back().directory, dir_ + "/");
     records.clear();
     XmString shown = Get<XmString>(title, XmNlabelString);
-    char *title_text = (char *)XmStringUnparse(shown, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0, XmOUTPUT_ALL);
-    EXPECT_EQ(std::string(title_text), dir_ + "/   (10) Nodes");
-    XtFree(title_text);
+    char *title_text = (char *)XmStringUnparse(shown, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT,
+                                               nullptr, 0, XmOUTPUT_ALL);
+    EXPECT_EQ(xwktest::Take(title_text), dir_ + "/   (10) Nodes");
     XmStringFree(shown);
     // A name typed in the selection field, then OK.
     XmTextSetString(text, (char *)"  my file.c ");
-    EXPECT_EQ(SelectionText(desk), "myfile.c");
+    EXPECT_EQ(xwktest::Take(Get<char *>(desk, XmNselectionTextString)), "myfile.c");
     XmTextSetString(text, (char *)"typed.c");
     xwktest::ClickCenter(ok);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
@@ -539,11 +511,12 @@ TEST_F(Desk, DialogButtonsAndSelection)
     ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 6; }));
     // Info switches between the detail table and the icons.
     Widget info = Get<Widget>(desk, XmNinfoButton);
-    xwktest::ClickCenter(info);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return XmFileSelectionDeskGetRepresentation(desk) == XmREPRESENTATION_DETAIL; }));
-    EXPECT_EQ(Part(desk).file_view, Part(desk).file_list);
-    xwktest::ClickCenter(info);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return XmFileSelectionDeskGetRepresentation(desk) == XmREPRESENTATION_LARGE_ICONS; }));
+    for (unsigned char r : {XmREPRESENTATION_DETAIL, XmREPRESENTATION_LARGE_ICONS}) {
+        xwktest::ClickCenter(info);
+        ASSERT_TRUE(xwktest::PumpUntil(
+            [&] { return XmFileSelectionDeskGetRepresentation(desk) == r; }));
+        EXPECT_EQ(Part(desk).file_view == Part(desk).file_list, r == XmREPRESENTATION_DETAIL);
+    }
     // A dialog brought up again reads a directory that changed meanwhile.
     XtUnmanageChild(desk);
     Touch("more.h");
@@ -559,24 +532,21 @@ TEST_F(Desk, DialogButtonsAndSelection)
     // What lies under a point of the desk.
     Widget view = Part(desk).file_view;
     int x = 0, y = 0;
-    ASSERT_TRUE(PointOf(desk, view, "z.h", &x, &y)) << view->core.width << "x" << view->core.height << " " << XtName(view);
-    Position dx = 0, dy = 0;
-    XtTranslateCoords(view, 0, 0, &dx, &dy);
-    Position ox = 0, oy = 0;
-    XtTranslateCoords(desk, 0, 0, &ox, &oy);
+    ASSERT_TRUE(PointOf(desk, view, "z.h", &x, &y));
+    Position vx = 0, vy = 0, dx = 0, dy = 0;
+    XtTranslateCoords(view, 0, 0, &vx, &vy);
+    XtTranslateCoords(desk, 0, 0, &dx, &dy);
     Widget hit = nullptr;
-    char *path = XmFileSelectionDeskGetItemByXY(desk, dx - ox + x, dy - oy + y, True, &hit);
+    char *path = XmFileSelectionDeskGetItemByXY(desk, vx - dx + x, vy - dy + y, True, &hit);
     EXPECT_EQ(hit, view);
-    EXPECT_STREQ(path, P("z.h").c_str());
-    XtFree(path);
+    EXPECT_EQ(xwktest::Take(path), P("z.h"));
     EXPECT_TRUE(XmFileSelectionDeskUnhighlight(view));
 }
 
-// Several files picked with Shift and Control in the detail list; the
-// selection text follows the click and another representation keeps the
-// selection.
-// Then a real drag with button 2 onto another desk, its tree, the desk's
-// own view and a drop site of another kind.
+// Several files picked with Shift and Control in the detail list: the
+// selection text follows the click, another representation keeps the
+// selection.  Then real drags with button 2 onto another desk's view and
+// tree, the desk's own view and a drop site of another kind.
 TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
 {
     Widget source = MakeDesk({{(String)XmNstyle, XmFILE_SELECTION_USE_ACTION_AREA},
@@ -585,13 +555,12 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
                               {(String)XmNrepresentation, XmREPRESENTATION_DETAIL}});
     XtAddCallback(source, XmNtransferDoneCallback, Dropped, nullptr);
     ClickItem(source, "a.c");
-    EXPECT_EQ(SelectionText(source), P("a.c"));
+    EXPECT_EQ(xwktest::Take(Get<char *>(source, XmNselectionTextString)), P("a.c"));
     ClickItem(source, "notes.txt", ShiftMask);
-    EXPECT_EQ(SelectionText(source), P("notes.txt"));
-    const std::vector<std::string> three = {P("a.c"), P("b.c"), P("notes.txt")};
-    EXPECT_EQ(Selected(source), three);
+    EXPECT_EQ(xwktest::Take(Get<char *>(source, XmNselectionTextString)), P("notes.txt"));
+    EXPECT_EQ(Selected(source), (std::vector<std::string>{P("a.c"), P("b.c"), P("notes.txt")}));
     ClickItem(source, "b.c", ControlMask);
-    EXPECT_EQ(SelectionText(source), P("b.c"));
+    EXPECT_EQ(xwktest::Take(Get<char *>(source, XmNselectionTextString)), P("b.c"));
     const std::vector<std::string> both = {P("a.c"), P("notes.txt")};
     EXPECT_EQ(Selected(source), both);
     Represent(source, XmREPRESENTATION_LARGE_ICONS);
@@ -622,23 +591,26 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
     unlink(P("z.h").c_str());
 
     enum Site { kTargetView, kTargetTree, kOwnView, kProbe };
+    using Texts = std::map<std::string, std::string>;
+    const Texts notes = {{"FILE_NAME", P("notes.txt")}, {"COMPOUND_TEXT", P("notes.txt")},
+                         {"_XWK_FILE_NAMES", P("a.c") + "|" + P("notes.txt")}};
+    const Texts alpha = {{"FILE_NAME", P("alpha/")}, {"COMPOUND_TEXT", P("alpha/")},
+                         {"_XWK_FILE_NAMES", P("alpha")}};
     struct Case {
         const char *item;  // dragged from the source; nullptr: icons, and no item selected
         Site site;
-        std::vector<std::string> files;  // what the desk receives, relative to dir_
-        const char *directory;           // where, relative to dir_; "" is dir_
-        std::map<std::string, std::string> values;  // what the probe receives
+        std::vector<std::string> files;  // what the desk receives
+        std::string directory;           // and where
+        Texts values;                    // what the probe receives
     } cases[] = {
-        {"notes.txt", kTargetView, {"a.c", "notes.txt"}, "beta", {}},
-        {"notes.txt", kProbe, {}, nullptr,
-         {{"FILE_NAME", "notes.txt"}, {"COMPOUND_TEXT", "notes.txt"}, {"_XWK_FILE_NAMES", "a.c|notes.txt"}}},
-        {"b.c", kOwnView, {}, nullptr, {}},
-        {nullptr, kTargetView, {}, nullptr, {}},
-        {"a.c", kTargetView, {"a.c"}, "beta", {}},
-        {"alpha", kTargetTree, {"alpha"}, "", {}},  // the tree's row of dir_, above beta
-        {"z.h", kTargetView, {}, nullptr, {}},
-        {"alpha", kProbe, {}, nullptr,
-         {{"FILE_NAME", "alpha/"}, {"COMPOUND_TEXT", "alpha/"}, {"_XWK_FILE_NAMES", "alpha"}}},
+        {"notes.txt", kTargetView, {P("a.c"), P("notes.txt")}, P("beta"), {}},
+        {"notes.txt", kProbe, {}, "", notes},
+        {"b.c", kOwnView, {}, "", {}},
+        {nullptr, kTargetView, {}, "", {}},
+        {"a.c", kTargetView, {P("a.c")}, P("beta"), {}},
+        {"alpha", kTargetTree, {P("alpha")}, dir_, {}},  // the tree's row of dir_, above beta
+        {"z.h", kTargetView, {}, "", {}},
+        {"alpha", kProbe, {}, "", alpha},
     };
     for (const Case &c : cases) {
         if (!c.item) {
@@ -653,29 +625,25 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
         probed.clear();
         int x0 = 0, y0 = 0, x1 = 0, y1 = 0;
         RootPointOf(source, Part(source).file_view, c.item, &x0, &y0);
-        if (c.site == kTargetView)
+        if (c.site == kTargetView) {
             RootPointOf(target, Part(target).file_view, "..", &x1, &y1);
-        else if (c.site == kTargetTree) {  // the row brought into view; its middle, clear of the edge
+        } else if (c.site == kTargetTree) {  // the row brought into view; its middle, off the edge
             Widget tree = Part(target).dir_tree;
-            XmPrjTreeSetTopItem(tree, XmPrjTreeGetParent(tree, (XmPrjTreeNode)Part(target).current_dir->tree_item));
-            RootPointOf(target, tree, "", &x1, &y1), x1 += 40;
-        }
-        else if (c.site == kOwnView)
+            auto beta = (XmPrjTreeNode)Part(target).current_dir->tree_item;
+            XmPrjTreeSetTopItem(tree, XmPrjTreeGetParent(tree, beta));
+            RootPointOf(target, tree, "", &x1, &y1);
+            x1 += 40;
+        } else if (c.site == kOwnView) {
             RootPointOf(source, Part(source).file_view, "b.c", &x1, &y1);
-        else
-            xwktest::RootPosition(probe, &x1, &y1), x1 += 50, y1 += 50;
+        } else {
+            xwktest::RootPosition(probe, &x1, &y1);
+            x1 += 50;
+            y1 += 50;
+        }
         xwktest::DragPointer(source, x0, y0, x1, y1);
         if (c.site == kProbe) {
             ASSERT_TRUE(xwktest::PumpUntil([&] { return probed.size() == 3; }));
-            for (auto &[target_name, value] : c.values) {
-                std::string want;
-                for (size_t at = 0; at <= value.size();) {
-                    size_t bar = std::min(value.find('|', at), value.size());
-                    want += (want.empty() ? "" : "|") + P(value.substr(at, bar - at).c_str());
-                    at = bar + 1;
-                }
-                EXPECT_EQ(probed[target_name], want) << target_name;
-            }
+            EXPECT_EQ(probed, c.values);
             continue;
         }
         if (c.files.empty()) {
@@ -687,29 +655,37 @@ TEST_F(Desk, SelectSeveralAndDragBetweenDesks)
         ASSERT_EQ(drops.size(), 1u);
         EXPECT_EQ(drops[0].reason, XmCR_OK);
         EXPECT_EQ(drops[0].operation, XmDROP_MOVE);
-        EXPECT_EQ(drops[0].directory, *c.directory ? P(c.directory) : dir_);
-        std::vector<std::string> want;
-        for (const std::string &f : c.files)
-            want.push_back(P(f.c_str()));
-        EXPECT_EQ(drops[0].files, want);
+        EXPECT_EQ(drops[0].directory, c.directory);
+        EXPECT_EQ(drops[0].files, c.files);
     }
 }
 
-// A directory of 10,000 files in the detail list and in icons: all shown,
+// Directories of 10,000 and of 200,000 files (the larger on a memory file
+// system when there is one), in the detail list and in icons: all shown,
 // the end reached by keys scrolls the view and selects the last file.
-TEST_F(Desk, TenThousandFilesShownScrolledAndSelected)
+TEST_F(Desk, ManyFilesShownScrolledAndSelected)
 {
-    std::string big = LinkMany(P("big"), 10000);
+    std::string huge = access("/dev/shm", W_OK) == 0 ? "/dev/shm/xwkhuge" : P("huge");
+    huge += std::to_string(getpid());
+    struct Case {
+        std::string directory;
+        int files;
+        unsigned char representation;
+    } cases[] = {{P("big"), 10000, XmREPRESENTATION_DETAIL},
+                 {P("big"), 10000, XmREPRESENTATION_SMALL_ICONS},
+                 {huge, 200000, XmREPRESENTATION_SMALL_ICONS}};
     Widget desk = MakeDesk({{(String)XmNrepresentation, XmREPRESENTATION_DETAIL}});
     XtAddCallback(desk, XmNsingleSelectionCallback, Remember, nullptr);
-    ASSERT_TRUE(ShowDirectory(desk, big, 20000));
-    for (unsigned char representation : {XmREPRESENTATION_DETAIL, XmREPRESENTATION_SMALL_ICONS}) {
-        SCOPED_TRACE(int(representation));
-        Represent(desk, representation);
-        EXPECT_EQ(Part(desk).item_count, 10001);
-        EXPECT_EQ(ViewCount(desk), 10001);
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.directory + " " + std::to_string(c.representation));
+        if (Shown(desk) != c.directory + "/") {
+            ASSERT_TRUE(ShowDirectory(desk, LinkMany(c.directory, c.files), 60000));
+        }
+        Represent(desk, c.representation);
+        EXPECT_EQ(Part(desk).item_count, c.files + 1);
+        EXPECT_EQ(ViewCount(desk), c.files + 1);
         Widget view = Part(desk).file_view;
-        if (representation == XmREPRESENTATION_DETAIL)
+        if (c.representation == XmREPRESENTATION_DETAIL)
             ClickItem(desk, "..");  // the keyboard goes to the view, and stays with it
         xwktest::PressKey(XtDisplay(desk), XK_Home, ControlMask);
         xwktest::Settle();
@@ -717,7 +693,9 @@ TEST_F(Desk, TenThousandFilesShownScrolledAndSelected)
         xwktest::PressKey(XtDisplay(desk), XK_End, ControlMask);
         ASSERT_TRUE(xwktest::PumpUntil([&] { return !records.empty(); }));
         EXPECT_EQ(records.back().reason, XmCR_SINGLE_SELECT);
-        EXPECT_EQ(records.back().path, big + "/f009999.c");
+        char last[32];
+        snprintf(last, sizeof last, "/f%06d.c", c.files - 1);
+        EXPECT_EQ(records.back().path, c.directory + last);
         int x = 0, y = 0;
         if (XtIsSubclass(view, xmPrjDeskWidgetClass))
             XmPrjDeskGetOrigins(view, &x, &y);
@@ -725,25 +703,9 @@ TEST_F(Desk, TenThousandFilesShownScrolledAndSelected)
             XmPrjTreeGetOrigins(view, &x, &y);
         EXPECT_GT(x + y, 0);
     }
-}
-
-// 200,000 entries: read, shown and let go without a fault.  Made on a
-// memory file system when there is one.
-TEST_F(Desk, TwoHundredThousandEntries)
-{
-    std::string base = access("/dev/shm", W_OK) == 0 ? "/dev/shm/xwkhugeXXXXXX" : dir_ + "/hugeXXXXXX";
-    std::vector<char> tmpl(base.begin(), base.end());
-    tmpl.push_back(0);
-    ASSERT_NE(mkdtemp(tmpl.data()), nullptr);
-    std::string top = tmpl.data();
-    std::string huge = LinkMany(top + "/huge", 200000);
-    Widget desk = MakeDesk({});
-    XmFileSelectionDeskShowDirectory(desk, huge.c_str());
-    EXPECT_TRUE(xwktest::PumpUntil([&] { return Part(desk).item_count == 200001; }, 60000));
-    EXPECT_EQ(ViewCount(desk), 200001);
+    // The desk lets them go.
     EXPECT_TRUE(ShowDirectory(desk, dir_, 20000));
-    std::string cmd = "rm -rf '" + top + "'";
-    EXPECT_EQ(system(cmd.c_str()), 0);
+    EXPECT_EQ(system(("rm -rf '" + huge + "' '" + huge + ".one'").c_str()), 0);
 }
 
 // Root reads and writes everything: the icons are chosen for another user
@@ -753,23 +715,13 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
     ASSERT_EQ(mkdir(P("locked").c_str(), 0700), 0);
     ASSERT_EQ(mkdir(P("open").c_str(), 0777), 0);
     ASSERT_EQ(chmod(P("open").c_str(), 0777), 0);
-    struct AnotherUser {
-        int uid = xwkUID, count = xwkNumGIDs, *gids = xwkGIDs, mine[1] = {4242};
-        AnotherUser() { xwkUID = 4242, xwkGIDs = mine, xwkNumGIDs = 1; }
-        ~AnotherUser() { xwkUID = uid, xwkGIDs = gids, xwkNumGIDs = count; }
-    } another_user;
+    xwktest::AnotherUser another_user;
     Widget desk = MakeDesk({{(String)XmNuseDenyWriteIcon, True}});
-    auto item = [&](const char *name) -> FsdFileItem * {
-        for (int i = 0; i < Part(desk).entry_count; i++)
-            if (FsdFileItem *it = Part(desk).entries[i]->item; it && std::strcmp(it->name, name) == 0)
-                return it;
-        ADD_FAILURE() << name;
-        return nullptr;
-    };
-    auto icon = [&](const char *resource) {
-        EXPECT_NE(Get<XtPointer>(desk, resource), nullptr) << resource;
-        return Get<XtPointer>(desk, resource);
-    };
+    Represent(desk, XmREPRESENTATION_DETAIL);
+    std::map<std::string, FsdFileItem *> items;
+    for (int i = 0; i < Part(desk).entry_count; i++)
+        if (FsdFileItem *item = Part(desk).entries[i]->item)
+            items[item->name] = item;
     struct Case {
         const char *name;
         const char *large, *small;  // the icon resources of the icon views and of the detail list
@@ -781,12 +733,14 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
         {"run", XmNdeskExecIcon, XmNtreeRegularIcon},
         {"a.c", XmNdeskRegularIcon, XmNtreeRegularIcon},
     };
-    Represent(desk, XmREPRESENTATION_DETAIL);
     for (const Case &c : cases) {
-        FsdFileItem *it = item(c.name);
-        ASSERT_NE(it, nullptr);
-        EXPECT_EQ(it->large_icon, icon(c.large)) << c.name;
-        EXPECT_EQ(it->small_icon, icon(c.small)) << c.name;
+        SCOPED_TRACE(c.name);
+        FsdFileItem *item = items[c.name];
+        ASSERT_NE(item, nullptr);
+        EXPECT_NE(item->large_icon, nullptr);
+        EXPECT_EQ(item->large_icon, Get<XtPointer>(desk, c.large));
+        EXPECT_NE(item->small_icon, nullptr);
+        EXPECT_EQ(item->small_icon, Get<XtPointer>(desk, c.small));
     }
     // The unreadable directory cannot be chosen in the tree, nor entered
     // from the view.
@@ -801,36 +755,4 @@ TEST_F(Desk, IconsFollowTheUsersPermissions)
     EXPECT_EQ(Shown(desk), dir_ + "/");
 }
 
-// The keys of both panels: Tab flips between view and tree in a desk that
-// is a shell's child, Ctrl+U swaps the panels, Ctrl+O turns the paned
-// window; the focus stays where it was.
-TEST_F(Desk, PanelKeys)
-{
-    Widget desk = MakeDesk({});
-    Display *dpy = XtDisplay(desk);
-    Widget left = Part(desk).left_form, right = Part(desk).right_form, paned = Part(desk).paned_window;
-    Widget view = Part(desk).file_view, tree = Part(desk).dir_tree;
-    ClickItem(desk, "a.c");
-    ASSERT_EQ(XmGetFocusWidget(desk), view);
-    EXPECT_LT(left->core.x, right->core.x);
-    xwktest::PressKey(dpy, XK_Tab);
-    xwktest::Settle();
-    EXPECT_EQ(XmGetFocusWidget(desk), tree);
-    xwktest::PressKey(dpy, XK_u, ControlMask);
-    xwktest::Settle();
-    EXPECT_GT(left->core.x, right->core.x);
-    EXPECT_EQ(XmGetFocusWidget(desk), tree);
-    xwktest::PressKey(dpy, XK_Tab);
-    xwktest::Settle();
-    EXPECT_EQ(XmGetFocusWidget(desk), view);
-    auto before = Get<unsigned char>(paned, XmNorientation);
-    xwktest::PressKey(dpy, XK_o, ControlMask);
-    xwktest::Settle();
-    EXPECT_NE(Get<unsigned char>(paned, XmNorientation), before);
-    EXPECT_EQ(XmGetFocusWidget(desk), view);
-    EXPECT_GT(left->core.y, right->core.y);  // the swapped panels, now one above the other
-}
-
 }  // namespace
-
-

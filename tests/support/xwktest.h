@@ -240,4 +240,23 @@ int MapState(Display *dpy, Window w);
 
 }  // namespace xwktest
 
+namespace xwktest {
+// While it stands the library's user globals name another user (uid and group 4242).
+struct AnotherUser {
+    int uid = xwkUID, count = xwkNumGIDs, *gids = xwkGIDs, mine[1] = {4242};
+    AnotherUser()
+    {
+        xwkUID = 4242;
+        xwkGIDs = mine;
+        xwkNumGIDs = 1;
+    }
+    ~AnotherUser()
+    {
+        xwkUID = uid;
+        xwkGIDs = gids;
+        xwkNumGIDs = count;
+    }
+};
+}  // namespace xwktest
+
 #endif
