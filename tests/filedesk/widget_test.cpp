@@ -361,7 +361,8 @@ TEST_F(Desk, PatternsFilterFiles)
     XmFileSDGetFilterPatternString(desk, &position);
     EXPECT_EQ(position, 2);
     EXPECT_EQ(Part(desk).item_count, 5 + 1);
-    // Out of range after creation reads back as 1.
+    // Out of range after creation becomes 1, but the pattern kept from above ("*") is shown
+    // again and finds its own row, the "All files" group.
     XtVaSetValues(desk, XmNpatternsDescription, "Only|*.c", XmNpatternPosition, 9, nullptr);
     EXPECT_EQ(Get<int>(desk, XmNpatternPosition), 2);
 }
