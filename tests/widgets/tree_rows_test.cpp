@@ -8,22 +8,10 @@
 namespace {
 
 using treetest::AddRow;
-
-XmPrjTreePart &Part(Widget w)
-{
-    return ((XmPrjTreeWidget)w)->tree;
-}
+using treetest::Part;
 
 struct Live : treetest::Window {
-    explicit Live(bool slam, int height = 200) : Window({{XmNcanSlam, slam}}, 240, height)
-    {
-        Up(100);
-    }
-    int FirstRowY()
-    {
-        Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
-        return Part(tree).treeMarginHeight + shadow + Part(tree).rowHeight / 2;
-    }
+    explicit Live(bool slam) : Window({{XmNcanSlam, slam}}) { Up(100); }
 };
 
 // The rows in display order, walked the slow way.
@@ -60,7 +48,7 @@ void CheckPositions(Live &l, std::mt19937 &rng)
         int top = (int)(rng() % (last_top + 1));
         XmPrjTreeSetOrigins(l.tree, -1, top);
         ASSERT_EQ(Part(l.tree).topRow, top);
-        XmPrjTreeNode found = XmPrjTreeWhichNode(0xff, 200, l.FirstRowY(), l.tree);
+        XmPrjTreeNode found = XmPrjTreeWhichNode(0xff, 200, l.RowMiddle(top), l.tree);
         ASSERT_EQ(found, order[top]) << "top row " << top << " of " << order.size();
     }
 }
@@ -73,12 +61,13 @@ TEST_P(RowIndex, RowAtAPositionAfterChanges)
     Live l(slam);
     std::mt19937 rng(7);
     std::vector<XmPrjTreeNode> nodes;
+    std::string label;
     XmPrjTreeSetEditable(l.tree, False);
     for (int i = 0; i < 600; i++) {
-        XmPrjTreeNode parent = nodes.empty() || rng() % 3 == 0 ? nullptr : nodes[rng() % nodes.size()];
-        char label[32];
-        snprintf(label, sizeof label, "n%d", i);
-        nodes.push_back(XmPrjTreeAddItem(l.tree, parent, label, nullptr, nullptr,
+        XmPrjTreeNode parent =
+            nodes.empty() || rng() % 3 == 0 ? nullptr : nodes[rng() % nodes.size()];
+        label = "n" + std::to_string(i);
+        nodes.push_back(XmPrjTreeAddItem(l.tree, parent, label.c_str(), nullptr, nullptr,
                                          rng() % 2 ? XmSLAM_OPEN : XmSLAM_CLOSE, nullptr, nullptr,
                                          nullptr));
     }
@@ -92,29 +81,22 @@ TEST_P(RowIndex, RowAtAPositionAfterChanges)
             if (slam)
                 XmPrjTreeChangeState(l.tree, n, XmSLAM_NONE);
             break;
-        case 1: {
-            char label[32];
-            snprintf(label, sizeof label, "late%d", round);
-            nodes.push_back(AddRow(l.tree, n, label, XmSLAM_OPEN));
+        case 1:
+            label = "late" + std::to_string(round);
+            nodes.push_back(AddRow(l.tree, n, label.c_str(), XmSLAM_OPEN));
             break;
-        }
         case 2:
             XmPrjTreeSortChildren(l.tree, n);
             break;
-        default: {
+        default:
             // Deleting takes the subtree; forget those nodes.
-            std::vector<XmPrjTreeNode> keep;
-            for (XmPrjTreeNode m : nodes) {
-                bool inside = false;
-                for (XmPrjTreeNode a = m; a; a = a->parent)
-                    inside = inside || a == n;
-                if (!inside)
-                    keep.push_back(m);
-            }
+            std::erase_if(nodes, [n](XmPrjTreeNode m) {
+                while (m && m != n)
+                    m = m->parent;
+                return m == n;
+            });
             XmPrjTreeDeleteItem(l.tree, n);
-            nodes = keep;
             break;
-        }
         }
         if (nodes.empty())
             break;
@@ -124,15 +106,14 @@ TEST_P(RowIndex, RowAtAPositionAfterChanges)
 
 INSTANTIATE_TEST_SUITE_P(WithAndWithoutBranches, RowIndex, ::testing::Values(false, true));
 
-const char *dot[] = {"6 20 2 1", "  c None", "x c #00FF00", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx",
-                     "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx",
-                     "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx", "xxxxxx"};
-
 TEST_P(RowIndex, AddingRowByRowMeasuresAsAFullPass)
 {
     bool slam = GetParam();
     Live l(slam);
-    XwkIcon *icon = XwkIconCreateFromData(l.tree, (char **)dot);
+    // Taller than the label, with a mask.
+    std::vector<const char *> dot{"6 20 2 1", "  c None", "x c #00FF00"};
+    dot.insert(dot.end(), 20, "xxxxxx");
+    XwkIcon *icon = XwkIconCreateFromData(l.tree, (char **)dot.data());
     ASSERT_NE(icon, nullptr);
     std::mt19937 rng(11);
     std::vector<XmPrjTreeNode> nodes;
@@ -173,20 +154,6 @@ TEST(RowMeasure, LabelsMeasureAsMotifDoes)
     }
 }
 
-void DeleteCurrentOnChange(Widget w, XtPointer, XtPointer call)
-{
-    auto *cbs = (XmPrjTreeCallbackStruct *)call;
-    if (cbs->node && XmPrjTreeGetParent(w, cbs->node))
-        XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, cbs->node));
-}
-
-void DeleteClicked(Widget w, XtPointer, XtPointer call)
-{
-    auto *cbs = (XmPrjTreeCallbackStruct *)call;
-    if (cbs->node)
-        XmPrjTreeDeleteItem(w, cbs->node);
-}
-
 TEST(RowCallbacks, CallbacksThatDeleteTheRowsInHand)
 {
     Live l(true);
@@ -196,19 +163,26 @@ TEST(RowCallbacks, CallbacksThatDeleteTheRowsInHand)
     AddRow(l.tree, nullptr, "c", XmSLAM_OPEN);
     xwktest::Settle();
     // Making a1 current tells selectionChanged, which deletes a1's parent.
-    XtAddCallback(l.tree, XmNselectionChanged, DeleteCurrentOnChange, nullptr);
+    XtCallbackProc delete_parent = [](Widget w, XtPointer, XtPointer call) {
+        XmPrjTreeNode node = ((XmPrjTreeCallbackStruct *)call)->node;
+        if (node && XmPrjTreeGetParent(w, node))
+            XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, node));
+    };
+    XtAddCallback(l.tree, XmNselectionChanged, delete_parent, nullptr);
     XmPrjTreeSetNode(l.tree, a1);
     xwktest::Settle();
     XtRemoveAllCallbacks(l.tree, XmNselectionChanged);
     EXPECT_EQ(XmPrjTreeFindItemOneLevel(l.tree, nullptr, "a"), nullptr);
     EXPECT_EQ(Part(l.tree).visibleList->count, 2);
     // A click whose activateCallback deletes the clicked row.
-    XtAddCallback(l.tree, XmNactivateCallback, DeleteClicked, nullptr);
-    xwktest::Click(l.tree, 60, l.FirstRowY());
-    xwktest::Pump(100);
+    XtCallbackProc delete_clicked = [](Widget w, XtPointer, XtPointer call) {
+        if (((XmPrjTreeCallbackStruct *)call)->node)
+            XmPrjTreeDeleteItem(w, ((XmPrjTreeCallbackStruct *)call)->node);
+    };
+    XtAddCallback(l.tree, XmNactivateCallback, delete_clicked, nullptr);
+    l.ClickRow(0);
     EXPECT_EQ(Part(l.tree).visibleList->count, 1);
-    xwktest::Click(l.tree, 60, l.FirstRowY());
-    xwktest::Pump(100);
+    l.ClickRow(0);
     EXPECT_EQ(XmPrjTreeGetFirstNode(l.tree), nullptr);
     EXPECT_EQ(XmPrjTreeGetSelectedItem(l.tree), nullptr);
 }
@@ -218,14 +192,12 @@ TEST(RowMarks, HighlightTopItemAndOrigins)
     Live l(false);
     std::vector<XmPrjTreeNode> rows;
     for (int i = 0; i < 50; i++) {
-        char label[16];
-        snprintf(label, sizeof label, "r%d", i);
-        rows.push_back(XmPrjTreeAddSimpleItem(l.tree, label, (XtPointer)(long)(i + 100)));
+        std::string label = "r" + std::to_string(i);
+        rows.push_back(XmPrjTreeAddSimpleItem(l.tree, label.c_str(), xwktest::W(i + 100)));
     }
     xwktest::Settle();
     XmPrjTreeHighlight(l.tree, rows[2]);
     EXPECT_EQ(XmPrjTreeGetHighlighted(l.tree), (XtPointer)102);
-    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(l.tree), l.tree);
     XmPrjTreeUnhighlight(l.tree);
     EXPECT_EQ(XmPrjTreeGetHighlighted(l.tree), nullptr);
     XmPrjTreeSetTopItem(l.tree, rows[20]);
@@ -263,15 +235,13 @@ TEST(RowViews, CloneShowsTheMothersRows)
     XtAddCallback(mother, XmNselectionChanged, count, nullptr);
     // The clone's own lists give way to the mother's, which serve every view.
     XtCallbackRec own[] = {{count, nullptr}, {nullptr, nullptr}};
-    Widget clone = treetest::Create(form, "clone",
-                                    {{XmNmother, (XtArgVal)mother}, {XmNselectionChanged, (XtArgVal)own}});
+    Widget clone = treetest::Create(
+        form, "clone", {{XmNmother, (XtArgVal)mother}, {XmNselectionChanged, (XtArgVal)own}});
     XtVaSetValues(XtParent(clone), XmNwidth, 140, XmNheight, 180, XmNleftAttachment,
                   XmATTACH_WIDGET, XmNleftWidget, XtParent(mother), NULL);
     XtManageChild(mother);
     XtManageChild(clone);
-    Cardinal n = 0;
-    XtVaGetValues(mother, XmNnumClones, &n, NULL);
-    EXPECT_EQ(n, 1u);
+    EXPECT_EQ(xwktest::Get<Cardinal>(mother, XmNnumClones), 1u);
     XmPrjTreeNode a = XmPrjTreeAddSimpleItem(clone, "through the clone", nullptr);
     XmPrjTreeAddSimpleItem(mother, "through the mother", nullptr);
     EXPECT_EQ(XmPrjTreeGetFirstNode(mother), a);
@@ -287,16 +257,15 @@ TEST(RowViews, CloneShowsTheMothersRows)
     EXPECT_EQ(XmPrjTreeGetSelectedItem(mother), a);
     xwktest::Settle();
     Pixel fg = xwktest::PixelOf(mother, XmNforeground);
-    xwktest::Capture cm(mother), cc(clone);
-    // Both views paint the two rows.
-    EXPECT_GT(cm.Count(fg, 0, 0, mother->core.width, mother->core.height), 20);
-    EXPECT_GT(cc.Count(fg, 0, 0, clone->core.width, clone->core.height), 20);
     Pixel bg = xwktest::PixelOf(mother, XmNbackground);
-    EXPECT_GT(cm.Count(bg, 0, 0, mother->core.width, mother->core.height), 1000);
-    EXPECT_GT(cc.Count(bg, 0, 0, clone->core.width, clone->core.height), 1000);
+    // Both views paint the two rows on their background.
+    for (Widget view : {mother, clone}) {
+        xwktest::Capture c(view);
+        EXPECT_GT(c.Count(fg, 0, 0, view->core.width, view->core.height), 20) << XtName(view);
+        EXPECT_GT(c.Count(bg, 0, 0, view->core.width, view->core.height), 1000) << XtName(view);
+    }
     XtDestroyWidget(clone);
-    XtVaGetValues(mother, XmNnumClones, &n, NULL);
-    EXPECT_EQ(n, 0u);
+    EXPECT_EQ(xwktest::Get<Cardinal>(mother, XmNnumClones), 0u);
     // The mother's lists outlive the clone.
     int before = changed;
     XmPrjTreeSetItem(mother, XmPrjTreeGetLastNode(mother), True);
@@ -306,11 +275,9 @@ TEST(RowViews, CloneShowsTheMothersRows)
     // so does a shell holding both, the mother first.
     Widget orphan = treetest::Create(form, "orphan", {{XmNmother, (XtArgVal)mother}});
     XtManageChild(orphan);
-    static bool orphan_gone;
-    orphan_gone = false;
-    XtAddCallback(orphan, XmNdestroyCallback, [](Widget, XtPointer, XtPointer) {
-        orphan_gone = true;
-    }, nullptr);
+    bool orphan_gone = false;
+    XtAddCallback(orphan, XmNdestroyCallback,
+                  [](Widget, XtPointer flag, XtPointer) { *(bool *)flag = true; }, &orphan_gone);
     XtDestroyWidget(mother);
     EXPECT_TRUE(orphan_gone);
     Widget second = XmCreateScrolledTreeList(form, (String) "second", nullptr, 0);
