@@ -187,10 +187,8 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
     xwktest::Settle();
     EXPECT_EQ(Part(s.tree).rowHeight, before);
     EXPECT_TRUE(Warned(log, "Item label height is not reasonable"));
-    {
-        xwktest::Capture c(s.tree);
-        EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowTop(0), 60, before), 0);
-    }
+    xwktest::Capture c(s.tree);
+    EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowTop(0), 60, before), 0);
     XtVaSetValues(s.tree, XmNvFontPad, pad, NULL);
     EXPECT_EQ(Part(s.tree).rowHeight, before);
 }
@@ -234,23 +232,19 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
     XmPrjTreePart &t = Part(s.tree);
     Pixel bg = xwktest::PixelOf(s.tree, XmNbackground);
     Pixel fg = xwktest::PixelOf(s.tree, XmNforeground);
-    Pixel active = t.activeBackground;
-    Pixel inactive = t.inactiveBackground;
     XmPrjTreeSetNode(s.tree, a);
     xwktest::Settle();
     int rh = t.rowHeight;
-    {
-        xwktest::Capture c(s.tree);
-        ASSERT_TRUE(c.ok());
-        // Row 0 is selected: its band right of the label is filled.
-        int x = s.tree->core.width - 12;
-        Pixel p = c.Pixel(x, s.RowTop(0) + rh / 2);
-        EXPECT_TRUE(p == active || p == inactive);
-        EXPECT_EQ(c.Pixel(x, s.RowTop(1) + rh / 2), bg);
-        // Row 2 is "beta": the grandchild stays hidden, so row 3 is empty.
-        EXPECT_GT(c.Count(fg, 0, s.RowTop(2), s.tree->core.width, rh), 0);
-        EXPECT_EQ(c.Count(fg, 4, s.RowTop(3), s.tree->core.width - 8, rh), 0);
-    }
+    xwktest::Capture c(s.tree);
+    ASSERT_TRUE(c.ok());
+    // Row 0 is selected: its band right of the label is filled.
+    int x = s.tree->core.width - 12;
+    Pixel p = c.Pixel(x, s.RowTop(0) + rh / 2);
+    EXPECT_TRUE(p == t.activeBackground || p == t.inactiveBackground);
+    EXPECT_EQ(c.Pixel(x, s.RowTop(1) + rh / 2), bg);
+    // Row 2 is "beta": the grandchild stays hidden, so row 3 is empty.
+    EXPECT_GT(c.Count(fg, 0, s.RowTop(2), s.tree->core.width, rh), 0);
+    EXPECT_EQ(c.Count(fg, 4, s.RowTop(3), s.tree->core.width - 8, rh), 0);
     // Preferred width: the indent of the deepest shown level, here the
     // closed "child" at level 2, with margins, padding and highlight.
     Dimension pw = 0, ph = 0;
@@ -260,12 +254,10 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
     EXPECT_EQ(pw, (13 + t.hIconPad) * 2 + 2 * (t.treeMarginWidth + t.hPad + t.highlightThickness));
     XmPrjTreeChangeState(s.tree, a, XmSLAM_CLOSE);
     xwktest::Settle();
-    {
-        xwktest::Capture c(s.tree);
-        // Two rows left: the third band is empty.
-        EXPECT_EQ(c.Count(fg, 4, s.RowTop(2), s.tree->core.width - 8, rh), 0);
-        EXPECT_GT(c.Count(fg, 0, s.RowTop(1), s.tree->core.width, rh), 0);
-    }
+    // Two rows left: the third band is empty.
+    xwktest::Capture closed(s.tree);
+    EXPECT_EQ(closed.Count(fg, 4, s.RowTop(2), s.tree->core.width - 8, rh), 0);
+    EXPECT_GT(closed.Count(fg, 0, s.RowTop(1), s.tree->core.width, rh), 0);
 }
 
 TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
@@ -300,8 +292,8 @@ TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
         EXPECT_EQ(c.Pixel(p.x, s.RowTop(p.row) + p.dy) == trunk, p.on)
             << p.x << " " << p.row << "+" << p.dy;
     // The icon itself stands in its slot, at the level's icon x.
-    Pixel blue = c.Pixel(x2 + 16 + t.hIconPad, s.RowTop(2) + rh / 2);
-    EXPECT_NE(blue, xwktest::PixelOf(s.tree, XmNbackground));
+    EXPECT_NE(c.Pixel(x2 + 16 + t.hIconPad, s.RowTop(2) + rh / 2),
+              xwktest::PixelOf(s.tree, XmNbackground));
     XmPrjTreeDeleteAllItems(s.tree);
     XwkIconFree(s.tree, icon);
 }

@@ -58,7 +58,8 @@ Rows Shown(Widget tree)
 }
 
 // Rows from an outline, two spaces a level, added in order; a '+' before the
-// label opens the row.  Each row's client data is its place, from 1.
+// label opens the row, a '?' leaves its state undefined, others are closed.
+// Each row's client data is its place, from 1.
 template <size_t N> std::array<XmPrjTreeNode, N> Outline(Widget tree, const char *const (&rows)[N])
 {
     std::array<XmPrjTreeNode, N> out{};
@@ -67,11 +68,11 @@ template <size_t N> std::array<XmPrjTreeNode, N> Outline(Widget tree, const char
         std::string_view row = rows[i];
         size_t depth = row.find_first_not_of(' ') / 2;
         row.remove_prefix(2 * depth);
-        bool open = row.starts_with('+');
-        std::string label(row.substr(open ? 1 : 0));
+        int state = row[0] == '+' ? XmSLAM_OPEN : row[0] == '?' ? XmSLAM_UNDEFINED : XmSLAM_CLOSE;
+        std::string label(row.substr(state == XmSLAM_CLOSE ? 0 : 1));
         levels.resize(depth);
         XmPrjTreeNode parent = depth ? levels.back() : nullptr;
-        out[i] = AddRow(tree, parent, label.c_str(), open ? XmSLAM_OPEN : XmSLAM_CLOSE, i + 1);
+        out[i] = AddRow(tree, parent, label.c_str(), state, i + 1);
         levels.push_back(out[i]);
     }
     return out;
@@ -447,11 +448,7 @@ TEST(TreeSlam, RowsAddedWithoutCanSlamStandOpen)
 TEST(TreeSlam, VisibleListFollowsBranches)
 {
     Tree t(true);
-    XmPrjTreeNode a = AddRow(t.tree, nullptr, "a", XmSLAM_UNDEFINED);
-    XmPrjTreeNode a1 = AddRow(t.tree, a, "a1");
-    AddRow(t.tree, a1, "a11");
-    XmPrjTreeNode b = AddRow(t.tree, nullptr, "b", XmSLAM_OPEN);
-    AddRow(t.tree, b, "b1");
+    auto [a, a1, a11, b, b1] = Outline(t.tree, {"?a", "  a1", "    a11", "+b", "  b1"});
     // A child of an undefined row closes it, and stays hidden.
     EXPECT_EQ(XmPrjTreeGetState(t.tree, a), XmSLAM_CLOSE);
     EXPECT_EQ(Shown(t.tree), (Rows{"a", "b", "b1"}));
@@ -467,13 +464,12 @@ TEST(TreeSlam, VisibleListFollowsBranches)
     EXPECT_EQ(Shown(t.tree), (Rows{"a", "b", "b1"}));
     XmPrjTreeChangeState(t.tree, a, XmSLAM_OPEN);
     EXPECT_EQ(Shown(t.tree), (Rows{"a", "a1", "a11", "b", "b1"}));
-    EXPECT_EQ(XmPrjTreeGetLastNode(t.tree), XmPrjTreeFindItemOneLevel(t.tree, b, "b1"));
+    EXPECT_EQ(XmPrjTreeGetLastNode(t.tree), b1);
     // Adding under a shown open row puts the row in its place.
     AddRow(t.tree, a, "a2");
     EXPECT_EQ(Shown(t.tree), (Rows{"a", "a1", "a11", "a2", "b", "b1"}));
     // Making a hidden node current opens the branches above it.
     XmPrjTreeChangeState(t.tree, a, XmSLAM_CLOSE);
-    XmPrjTreeNode a11 = XmPrjTreeGetNextNode(t.tree, a1);
     XmPrjTreeSetItem(t.tree, a11, False);
     EXPECT_EQ(XmPrjTreeGetState(t.tree, a), XmSLAM_OPEN);
     EXPECT_EQ(Shown(t.tree).size(), 6u);
