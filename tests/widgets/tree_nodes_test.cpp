@@ -516,12 +516,11 @@ TEST(TreeAttributes, ColourCharsetIconsAndPerRowStates)
     EXPECT_EQ(XmPrjTreeSetItemForeground(t.tree, a, 5, False), 1);
     EXPECT_EQ(XmPrjTreeGetItemForeground(t.tree, a), 5u);
     EXPECT_EQ(XmPrjTreeSetItemCharset(t.tree, a, (char *)XmFONTLIST_DEFAULT_TAG, False), 1);
-    XwkIcon *icon = nullptr, *fruitless = (XwkIcon *)1, *open = nullptr, *closed = nullptr;
-    XmPrjTreeGetItemAttributes(t.tree, a, &icon, nullptr, nullptr, nullptr);
-    EXPECT_EQ(icon, nullptr);
+    XwkIcon *icon = (XwkIcon *)1, *fruitless = (XwkIcon *)1, *open = nullptr, *closed = nullptr;
     XwkIcon fake{};
     XmPrjTreeSetItemAttributes(t.tree, a, nullptr, nullptr, &fake, nullptr);
     XmPrjTreeGetItemAttributes(t.tree, a, &icon, &fruitless, &open, &closed);
+    EXPECT_EQ(icon, nullptr);
     EXPECT_EQ(open, &fake);
     XwkIcon *wf, *wo, *wc;
     XmPrjTreeGetDefaultItemAttributes(t.tree, &wf, &wo, &wc);

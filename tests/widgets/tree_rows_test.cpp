@@ -200,22 +200,19 @@ TEST(RowMarks, HighlightTopItemAndOrigins)
     EXPECT_EQ(XmPrjTreeGetHighlighted(l.tree), (XtPointer)102);
     XmPrjTreeUnhighlight(l.tree);
     EXPECT_EQ(XmPrjTreeGetHighlighted(l.tree), nullptr);
+    XmPrjTreePart &t = Part(l.tree);
     XmPrjTreeSetTopItem(l.tree, rows[20]);
-    int x = -1, y = -1;
-    XmPrjTreeGetOrigins(l.tree, &x, &y);
-    EXPECT_EQ(y, 20);
+    EXPECT_EQ(t.topRow, 20);
     EXPECT_TRUE(XmPrjTreeItemVisible(l.tree, rows[20]));
     EXPECT_FALSE(XmPrjTreeItemVisible(l.tree, rows[19]));
     // Near the end the top stops at the last full page.
     XmPrjTreeSetTopItem(l.tree, rows[49]);
-    XmPrjTreeGetOrigins(l.tree, &x, &y);
-    EXPECT_EQ(y, 50 - Part(l.tree).visibleRows);
-    EXPECT_EQ(xwktest::Get<int>(Part(l.tree).vScrollBar, XmNvalue), y);
+    EXPECT_EQ(t.topRow, 50 - t.visibleRows);
+    EXPECT_EQ(xwktest::Get<int>(t.vScrollBar, XmNvalue), t.topRow);
     // Deleting everything resets the origins and drops the bars.
     XmPrjTreeDeleteAllItems(l.tree);
-    XmPrjTreeGetOrigins(l.tree, &x, &y);
-    EXPECT_EQ(y, 0);
-    EXPECT_FALSE(XtIsManaged(Part(l.tree).vScrollBar));
+    EXPECT_EQ(t.topRow, 0);
+    EXPECT_FALSE(XtIsManaged(t.vScrollBar));
 }
 
 TEST(RowViews, CloneShowsTheMothersRows)
@@ -246,9 +243,7 @@ TEST(RowViews, CloneShowsTheMothersRows)
     // A value set on the clone lands on the mother.
     XtVaSetValues(clone, XmNhPad, 5, NULL);
     EXPECT_EQ(xwktest::Get<Dimension>(mother, XmNhPad), 5);
-    XtPopup(shell, XtGrabNone);
-    ASSERT_TRUE(xwktest::WaitViewable(clone));
-    xwktest::Pump(100);
+    xwktest::Show(clone, shell, 100);
     XmPrjTreeSetNode(clone, a);
     EXPECT_EQ(XmPrjTreeGetSelectedItem(mother), a);
     xwktest::Settle();
