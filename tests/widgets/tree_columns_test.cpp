@@ -9,20 +9,16 @@ using treetest::AddRow;
 using treetest::Part;
 using Rows = std::vector<std::string>;
 
-struct Table {
-    Widget shell, tree, title;
-    explicit Table(const char *titles = "Name|Size|Type", int columns = 3, int width = 360,
-                   unsigned char mode = XmTABLE_LIST)
+struct Table : treetest::Window {
+    Widget title;
+    explicit Table(const char *titles = "Name|Size|Type", int columns = 3, int width = 360)
+        : Window({{XmNvisualMode, XmTABLE_LIST}, {XmNnumColumns, columns}, {XmNdelimeter, '|'},
+                  {XmNtitleString, (XtArgVal)titles}, {XmNuseSort, True}, {XmNshowGrid, True}},
+                 width, 220, true, "table"),
+          title(Part(tree).titleWidget)
     {
-        shell = xwktest::Shell("table", width, 220);
-        tree = treetest::Create(shell, "table",
-                                {{XmNvisualMode, mode}, {XmNnumColumns, columns},
-                                 {XmNdelimeter, '|'}, {XmNtitleString, (XtArgVal)titles},
-                                 {XmNuseSort, True}, {XmNshowGrid, True}});
-        title = Part(tree).titleWidget;
     }
-    void Up() { xwktest::Show(tree, shell, 200); }
-    ~Table() { XtDestroyWidget(shell); }
+    void Up() { Window::Up(200); }
     Rows Column(int column)
     {
         Rows out;
