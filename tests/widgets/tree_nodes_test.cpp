@@ -294,6 +294,15 @@ TEST(TreeNodes, DeletingMovesTheCurrentRow)
     EXPECT_EQ(XmPrjTreeGetSelectedItem(u.tree), z);
 }
 
+// Deletes the parent of the row a callback is about, unless that is the root.
+void DeleteParent(Widget w, XtPointer, XtPointer call)
+{
+    XmPrjTreeNode node = ((XmPrjTreeCallbackStruct *)call)->node;
+    XmPrjTreeNode parent = node ? XmPrjTreeGetParent(w, node) : nullptr;
+    if (parent && parent != XmPrjTreeGetRoot(w))
+        XmPrjTreeDeleteItem(w, parent);
+}
+
 void DeleteOthersOnDelete(Widget w, XtPointer closure, XtPointer call)
 {
     auto *cbs = (XmPrjTreeCallbackStruct *)call;
@@ -328,15 +337,10 @@ TEST(TreeNodes, CallbacksThatDeleteRows)
         if (parent != XmPrjTreeGetRoot(w))
             XmPrjTreeDeleteChildren(w, parent);
     };
-    XtCallbackProc delete_parent = [](Widget w, XtPointer, XtPointer call) {
-        XmPrjTreeNode parent = XmPrjTreeGetParent(w, ((XmPrjTreeCallbackStruct *)call)->node);
-        if (parent != XmPrjTreeGetRoot(w))
-            XmPrjTreeDeleteItem(w, parent);
-    };
     struct Case {
         XtCallbackProc proc;
         bool children;  // delete the children rather than the row
-    } cases[] = {{delete_all, false}, {delete_siblings, false}, {delete_parent, true}};
+    } cases[] = {{delete_all, false}, {delete_siblings, false}, {DeleteParent, true}};
     for (auto &c : cases) {
         SCOPED_TRACE(&c - cases);
         XtRemoveAllCallbacks(t.tree, XmNdeleteCallback);
@@ -570,16 +574,13 @@ std::vector<XmPrjTreeNode> DisplayOrder(Widget tree)
             out.push_back((XmPrjTreeNode)e->data);
         return out;
     }
-    std::vector<XmPrjTreeNode> stack;
-    for (XmPrjTreeNode c = t.tree->root->last_child; c; c = c->prev_sibling)
-        stack.push_back(c);
-    while (!stack.empty()) {
-        XmPrjTreeNode n = stack.back();
-        stack.pop_back();
-        out.push_back(n);
-        for (XmPrjTreeNode c = n->last_child; c; c = c->prev_sibling)
-            stack.push_back(c);
-    }
+    std::function<void(XmPrjTreeNode)> walk = [&](XmPrjTreeNode n) {
+        for (XmPrjTreeNode c = n->first_child; c; c = c->next_sibling) {
+            out.push_back(c);
+            walk(c);
+        }
+    };
+    walk(t.tree->root);
     return out;
 }
 
@@ -709,12 +710,7 @@ TEST(RowCallbacks, CallbacksThatDeleteTheRowsInHand)
     AddRow(l.tree, nullptr, "c", XmSLAM_OPEN);
     xwktest::Settle();
     // Making a1 current tells selectionChanged, which deletes a1's parent.
-    XtCallbackProc delete_parent = [](Widget w, XtPointer, XtPointer call) {
-        XmPrjTreeNode node = ((XmPrjTreeCallbackStruct *)call)->node;
-        if (node && XmPrjTreeGetParent(w, node))
-            XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, node));
-    };
-    XtAddCallback(l.tree, XmNselectionChanged, delete_parent, nullptr);
+    XtAddCallback(l.tree, XmNselectionChanged, DeleteParent, nullptr);
     XmPrjTreeSetNode(l.tree, a1);
     xwktest::Settle();
     XtRemoveAllCallbacks(l.tree, XmNselectionChanged);
