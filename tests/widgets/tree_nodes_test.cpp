@@ -655,8 +655,7 @@ INSTANTIATE_TEST_SUITE_P(WithAndWithoutBranches, RowIndex, ::testing::Values(fal
 
 TEST_P(RowIndex, AddingRowByRowMeasuresAsAFullPass)
 {
-    bool slam = GetParam();
-    Live l(slam);
+    Live l(GetParam());
     // Taller than the label, with a mask.
     std::vector<const char *> dot{"6 20 2 1", "  c None", "x c #00FF00"};
     dot.insert(dot.end(), 20, "xxxxxx");
