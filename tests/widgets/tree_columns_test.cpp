@@ -237,25 +237,21 @@ TEST(TreeColumns, ScrollArrowsMoveFirstColumn)
     EXPECT_EQ(first(), 2);
 }
 
-int title_button_calls;
-XmPrjTreeCallbackStruct title_button_data;
-
-void TitleButton(Widget, XtPointer, XtPointer call)
-{
-    title_button_calls++;
-    title_button_data = *(XmPrjTreeCallbackStruct *)call;
-}
-
 TEST(TreeColumns, TitleButtonCallsItsProcAndLosesItsFrame)
 {
     static const char *box[] = {"9 9 2 1", "  c None", ". c #000000", ".........", ".       .",
                                 ".       .", ".       .", ".       .", ".       .", ".       .",
                                 ".       .", "........."};
+    using Calls = std::vector<XmPrjTreeCallbackStruct>;
+    auto note = [](Widget, XtPointer calls, XtPointer call) {
+        ((Calls *)calls)->push_back(*(XmPrjTreeCallbackStruct *)call);
+    };
+    Calls calls;
     Table t;
     Fill(t.tree);
     XwkIcon *icon = XwkIconCreateFromData(t.tree, (char **)box);
     ASSERT_NE(icon, nullptr);
-    EXPECT_EQ(XmPrjTreeSetTitleItemButton(t.tree, 2, icon, TitleButton, nullptr), 0);
+    EXPECT_EQ(XmPrjTreeSetTitleItemButton(t.tree, 2, icon, note, &calls), 0);
     EXPECT_EQ(XmPrjTreeGetTitleItemButtonIcon(t.tree, 2), icon);
     t.Up();
     xwktest::MoveTo(t.tree, 40, 60, 100);
@@ -264,9 +260,9 @@ TEST(TreeColumns, TitleButtonCallsItsProcAndLosesItsFrame)
     int x = t.ColumnRec(2)->x + 2 * Part(t.tree).titleMargin + Part(t.tree).hPad + 4;
     int h = t.title->core.height;
     t.ClickTitle(x, h / 2, 200);
-    EXPECT_EQ(title_button_calls, 1);
-    EXPECT_EQ(title_button_data.reason, XmCR_TREE_TITLE_ACTIVATE);
-    EXPECT_EQ(title_button_data.column, 2);
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].reason, XmCR_TREE_TITLE_ACTIVATE);
+    EXPECT_EQ(calls[0].column, 2);
     // The release takes the frame away: the bar is as it was.
     xwktest::Capture after(t.title);
     int diff = 0;
