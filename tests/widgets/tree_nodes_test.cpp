@@ -303,24 +303,20 @@ void DeleteParent(Widget w, XtPointer, XtPointer call)
         XmPrjTreeDeleteItem(w, parent);
 }
 
-void DeleteOthersOnDelete(Widget w, XtPointer closure, XtPointer call)
-{
-    auto *cbs = (XmPrjTreeCallbackStruct *)call;
-    auto *victim = (XmPrjTreeNode *)closure;
-    if (*victim && cbs->node != *victim) {
-        XmPrjTreeNode v = *victim;
-        *victim = nullptr;
-        XmPrjTreeDeleteItem(w, v);
-    }
-}
-
 TEST(TreeNodes, CallbacksThatDeleteRows)
 {
     Tree t(true);
     auto [a, a1, b, c] = Outline(t.tree, {"+a", "  a1", "b", "c"});
-    static XmPrjTreeNode victim;
-    victim = b;
-    XtAddCallback(t.tree, XmNdeleteCallback, DeleteOthersOnDelete, &victim);
+    // The first delete of another row takes the victim along.
+    XtCallbackProc delete_victim = [](Widget w, XtPointer victim, XtPointer call) {
+        XmPrjTreeNode v = *(XmPrjTreeNode *)victim;
+        if (v && ((XmPrjTreeCallbackStruct *)call)->node != v) {
+            *(XmPrjTreeNode *)victim = nullptr;
+            XmPrjTreeDeleteItem(w, v);
+        }
+    };
+    XmPrjTreeNode victim = b;
+    XtAddCallback(t.tree, XmNdeleteCallback, delete_victim, &victim);
     XmPrjTreeDeleteItem(t.tree, a);
     ExpectRows(t.tree, {"c"});
     // Rows inside the subtree being freed are not deleted a second time.
@@ -763,12 +759,11 @@ TEST(RowViews, CloneShowsTheMothersRows)
     // Each view in a scrolled window, which keeps its count of rows on the page.
     Widget mother = XmCreateScrolledTreeList(form, (String) "mother", nullptr, 0);
     XtVaSetValues(XtParent(mother), XmNwidth, 140, XmNheight, 180, NULL);
-    static int changed;
-    changed = 0;
-    XtCallbackProc count = [](Widget, XtPointer, XtPointer) { changed++; };
-    XtAddCallback(mother, XmNselectionChanged, count, nullptr);
+    int changed = 0;
+    XtCallbackProc count = [](Widget, XtPointer changed, XtPointer) { ++*(int *)changed; };
+    XtAddCallback(mother, XmNselectionChanged, count, &changed);
     // The clone's own lists give way to the mother's, which serve every view.
-    XtCallbackRec own[] = {{count, nullptr}, {nullptr, nullptr}};
+    XtCallbackRec own[] = {{count, &changed}, {nullptr, nullptr}};
     Widget clone = treetest::Create(
         form, "clone", {{XmNmother, (XtArgVal)mother}, {XmNselectionChanged, (XtArgVal)own}});
     XtVaSetValues(XtParent(clone), XmNwidth, 140, XmNheight, 180, XmNleftAttachment,
