@@ -253,8 +253,7 @@ TEST(TreeNodes, DeleteOrderAndCounts)
     EXPECT_EQ(events, (Rows{"callback:4"}));
     EXPECT_EQ(XmPrjTreeGetFirstNode(t.tree), nullptr);
     EXPECT_EQ(XmPrjTreeGetTreePtr(t.tree)->count, 1u);
-    AddRow(t.tree, nullptr, "x");
-    AddRow(t.tree, nullptr, "y");
+    Outline(t.tree, {"x", "y"});
     EXPECT_EQ(XmPrjTreeDeleteChildren(t.tree, nullptr), 2);
     EXPECT_TRUE(Labels(t.tree).empty());
 }
