@@ -555,6 +555,7 @@ TEST(TreeAttributes, ColourCharsetIconsAndPerRowStates)
     EXPECT_EQ(icon, nullptr);
 }
 
+// A scrolled list on the screen, unlike Tree above.
 struct Live : treetest::Window {
     explicit Live(bool slam) : Window({{XmNcanSlam, slam}}) { Up(100); }
 };
