@@ -7,29 +7,21 @@ namespace {
 
 using treetest::AddRow;
 using treetest::Part;
+using Rows = std::vector<std::string>;
 
-int ColumnGapOf(Widget w)
-{
-    return 2 * Part(w).titleMargin + Part(w).hPad;
-}
-
-struct Table {
-    Widget shell, tree, title;
-    explicit Table(const char *titles = "Name|Size|Type", int columns = 3, int width = 360,
-                   unsigned char mode = XmTABLE_LIST)
+struct Table : treetest::Window {
+    Widget title;
+    explicit Table(const char *titles = "Name|Size|Type", int columns = 3, int width = 360)
+        : Window({{XmNvisualMode, XmTABLE_LIST}, {XmNnumColumns, columns}, {XmNdelimeter, '|'},
+                  {XmNtitleString, (XtArgVal)titles}, {XmNuseSort, True}, {XmNshowGrid, True}},
+                 width, 220, true, "table"),
+          title(Part(tree).titleWidget)
     {
-        shell = xwktest::Shell("table", width, 220);
-        tree = treetest::Create(shell, "table",
-                                {{XmNvisualMode, mode}, {XmNnumColumns, columns}, {XmNdelimeter, '|'},
-                                 {XmNtitleString, (XtArgVal)titles}, {XmNuseSort, True},
-                                 {XmNshowGrid, True}});
-        title = Part(tree).titleWidget;
     }
-    void Up() { xwktest::Show(tree, shell, 200); }
-    ~Table() { XtDestroyWidget(shell); }
-    std::vector<std::string> Column(int column)
+    void Up() { Window::Up(200); }
+    Rows Column(int column)
     {
-        std::vector<std::string> out;
+        Rows out;
         for (XmPrjTreeNode n = XmPrjTreeGetFirstNode(tree); n; n = XmPrjTreeGetNextNode(tree, n))
             out.push_back(XmPrjTreeGetColumnLabel(tree, n, column));
         return out;
@@ -40,23 +32,21 @@ struct Table {
     }
     int Boundary(int column) { return ColumnRec(column)->x + 1; }
     XmPrjTreeColumnRec *ColumnRec(int column) { return treetest::Column(tree, column); }
-    // Drags with a button in the title from x to x + dx.
-    void DragTitle(int x, int dx, unsigned button = 1)
+    // A click in the title bar, half way down unless y is given.
+    void ClickTitle(int x, int y = -1, int pump_ms = 300)
     {
-        if (button != 1) {
-            int rx, ry;
-            xwktest::RootPosition(title, &rx, &ry);
-            treetest::QueuedDrag(XtDisplay(title), rx + x, ry + title->core.height / 2, dx, 0, button);
-            xwktest::Pump(1500);
-            xwktest::Settle();
-            return;
-        }
+        xwktest::Click(title, x, y < 0 ? title->core.height / 2 : y);
+        xwktest::Pump(pump_ms);
+    }
+    // Drags with button 1 in the title from x to x + dx.
+    void DragTitle(int x, int dx)
+    {
         int y = title->core.height / 2;
         xwktest::MoveTo(title, x, y, 50);
-        xwktest::Press(title, x, y, button, 80);
+        xwktest::Press(title, x, y, 1, 80);
         for (int step = 1; step <= 6; step++)
             xwktest::MoveTo(title, x + dx * step / 6, y, 40);
-        xwktest::Release(title, button, 300);
+        xwktest::Release(title, 1, 300);
         xwktest::Settle();
     }
 };
@@ -76,13 +66,11 @@ TEST(TreeColumns, TitleItemsAndColumnOperations)
     EXPECT_EQ(XmPrjTreeGetTitleItemLabel(t.tree, 4), nullptr);
     EXPECT_EQ(XmPrjTreeSetTitleItemWidth(t.tree, 9, 10), 255);
     EXPECT_EQ(XmPrjTreeSetTitleItemWidth(t.tree, 2, 77), 0);
-    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 2), 77);
     EXPECT_EQ(XmPrjTreeHideColumn(t.tree, 2), 0);
     EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 2), 0);
     EXPECT_EQ(XmPrjTreeShowColumn(t.tree, 2), 0);
     EXPECT_EQ(XmPrjTreeSetColumnType(t.tree, 3, 42, 0), 255);
     EXPECT_EQ(XmPrjTreeSetColumnType(t.tree, 3, XmCELL_EDIT_TEXT, 7), 0);
-    EXPECT_EQ(XmPrjTreeGetColumnType(t.tree, 3), XmCELL_EDIT_TEXT);
     EXPECT_EQ(XmPrjTreeGetColumnType(t.tree, 0), 255);
     unsigned char dir = 9;
     EXPECT_EQ(XmPrjTreeGetSortColumn(t.tree, &dir), 1);
@@ -158,24 +146,24 @@ TEST(TreeColumns, BoundaryDragResizesAndRepaintsGrid)
     t.Up();
     // The first column starts inside the bar's shadow.
     XmPrjTreePart &p = Part(t.tree);
-    EXPECT_EQ(t.ColumnRec(1)->x, xwktest::Get<Dimension>(t.title, XmNshadowThickness) + p.hPad + p.treeMarginWidth + p.highlightThickness);
+    EXPECT_EQ(t.ColumnRec(1)->x, xwktest::Get<Dimension>(t.title, XmNshadowThickness) + p.hPad +
+                                     p.treeMarginWidth + p.highlightThickness);
     int before = XmPrjTreeGetTitleItemWidth(t.tree, 1);
     int boundary = t.Boundary(2);
     t.DragTitle(boundary, 30);
     EXPECT_NEAR(XmPrjTreeGetTitleItemWidth(t.tree, 1), before + 30, 2);
     // The grid line between the first two columns moved with the boundary.
-    Pixel grid = Part(t.tree).gridColor;
     int x = t.ColumnRec(2)->x;
     xwktest::Capture cap(t.tree);
     ASSERT_TRUE(cap.ok());
     int found = -1;
     for (int dx = -2; dx <= 12 && found < 0; dx++)
-        if (cap.Count(grid, x + dx, 2, 1, Part(t.tree).rowHeight * 3) >= Part(t.tree).rowHeight)
+        if (cap.Count(p.gridColor, x + dx, 2, 1, p.rowHeight * 3) >= p.rowHeight)
             found = x + dx;
     EXPECT_GT(found, boundary + 20);
     // Past the left border it stops; never narrower than twice hPad.
     t.DragTitle(t.Boundary(2), -400);
-    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 1), 2 * Part(t.tree).hPad);
+    EXPECT_EQ(XmPrjTreeGetTitleItemWidth(t.tree, 1), 2 * p.hPad);
 }
 
 TEST(TreeColumns, SortClickTogglesDirectionAndArrow)
@@ -186,14 +174,12 @@ TEST(TreeColumns, SortClickTogglesDirectionAndArrow)
     t.Up();
     xwktest::MoveTo(t.tree, 40, 60, 100);
     int x = t.ColumnRec(1)->x + 10;
-    xwktest::Click(t.title, x, t.title->core.height / 2);
-    xwktest::Pump(300);
-    EXPECT_EQ(t.Column(1), (std::vector<std::string>{"alpha", "beta", "delta", "gamma"}));
+    t.ClickTitle(x);
+    EXPECT_EQ(t.Column(1), (Rows{"alpha", "beta", "delta", "gamma"}));
     xwktest::Capture up(t.title);
     xwktest::Pump(600);
-    xwktest::Click(t.title, x, t.title->core.height / 2);
-    xwktest::Pump(300);
-    EXPECT_EQ(t.Column(1), (std::vector<std::string>{"gamma", "delta", "beta", "alpha"}));
+    t.ClickTitle(x);
+    EXPECT_EQ(t.Column(1), (Rows{"gamma", "delta", "beta", "alpha"}));
     unsigned char dir;
     EXPECT_EQ(XmPrjTreeGetSortColumn(t.tree, &dir), 1);
     EXPECT_EQ(dir, XmSORT_DISCENDING);
@@ -212,11 +198,10 @@ TEST(TreeColumns, SortClickTogglesDirectionAndArrow)
               0);
     // Another column starts ascending again.
     xwktest::Pump(600);
-    xwktest::Click(t.title, t.ColumnRec(2)->x + 12, t.title->core.height / 2);
-    xwktest::Pump(300);
+    t.ClickTitle(t.ColumnRec(2)->x + 12);
     EXPECT_EQ(XmPrjTreeGetSortColumn(t.tree, &dir), 2);
     EXPECT_EQ(dir, XmSORT_ASCENDING);
-    EXPECT_EQ(t.Column(2), (std::vector<std::string>{"100", "20", "3", "7"}));
+    EXPECT_EQ(t.Column(2), (Rows{"100", "20", "3", "7"}));
 }
 
 TEST(TreeColumns, ScrollArrowsMoveFirstColumn)
@@ -227,39 +212,29 @@ TEST(TreeColumns, ScrollArrowsMoveFirstColumn)
     Fill(t.tree);
     t.Up();
     XmPrjTreeTitleRec *title = Part(t.tree).title;
+    auto first = [&] { return ((XmPrjTreeColumnRec *)title->firstColumn->data)->number; };
+    int arrow_y = title->arrowY + title->arrowHeight / 2;
+    int right = title->arrowRightX + title->arrowWidth / 2;
+    int left = title->arrowLeftX + title->arrowWidth / 2;
     EXPECT_TRUE(title->canScrollRight);
     EXPECT_FALSE(title->canScrollLeft);
-    xwktest::Click(t.title, title->arrowRightX + title->arrowWidth / 2,
-                   title->arrowY + title->arrowHeight / 2);
-    xwktest::Pump(200);
-    EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 2);
+    t.ClickTitle(right, arrow_y, 200);
+    EXPECT_EQ(first(), 2);
     EXPECT_TRUE(title->canScrollLeft);
     EXPECT_EQ(t.Layout().substr(0, 7), "A:-1,90");
     // A press on the arrow moves the columns at the release, even away
     // from the arrow.
-    int arrow_y = title->arrowY + title->arrowHeight / 2;
-    xwktest::MoveTo(t.title, title->arrowLeftX + title->arrowWidth / 2, arrow_y, 50);
-    xwktest::Press(t.title, title->arrowLeftX + title->arrowWidth / 2, arrow_y, 1, 80);
+    xwktest::MoveTo(t.title, left, arrow_y, 50);
+    xwktest::Press(t.title, left, arrow_y, 1, 80);
     xwktest::MoveTo(t.title, 20, arrow_y, 80);
     xwktest::Release(t.title, 1, 200);
-    EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 1);
+    EXPECT_EQ(first(), 1);
     // The right arrow moves on while a column follows, though all fit.
     for (int i = 1; i <= 5; i++)
         XmPrjTreeSetTitleItemWidth(t.tree, i, 8);
     EXPECT_FALSE(title->canScrollRight);
-    xwktest::Click(t.title, title->arrowRightX + title->arrowWidth / 2,
-                   title->arrowY + title->arrowHeight / 2);
-    xwktest::Pump(200);
-    EXPECT_EQ(((XmPrjTreeColumnRec *)title->firstColumn->data)->number, 2);
-}
-
-int title_button_calls;
-XmPrjTreeCallbackStruct title_button_data;
-
-void TitleButton(Widget, XtPointer, XtPointer call)
-{
-    title_button_calls++;
-    title_button_data = *(XmPrjTreeCallbackStruct *)call;
+    t.ClickTitle(right, arrow_y, 200);
+    EXPECT_EQ(first(), 2);
 }
 
 TEST(TreeColumns, TitleButtonCallsItsProcAndLosesItsFrame)
@@ -267,21 +242,27 @@ TEST(TreeColumns, TitleButtonCallsItsProcAndLosesItsFrame)
     static const char *box[] = {"9 9 2 1", "  c None", ". c #000000", ".........", ".       .",
                                 ".       .", ".       .", ".       .", ".       .", ".       .",
                                 ".       .", "........."};
+    using Calls = std::vector<XmPrjTreeCallbackStruct>;
+    auto note = [](Widget, XtPointer calls, XtPointer call) {
+        ((Calls *)calls)->push_back(*(XmPrjTreeCallbackStruct *)call);
+    };
+    Calls calls;
     Table t;
     Fill(t.tree);
     XwkIcon *icon = XwkIconCreateFromData(t.tree, (char **)box);
     ASSERT_NE(icon, nullptr);
-    EXPECT_EQ(XmPrjTreeSetTitleItemButton(t.tree, 2, icon, TitleButton, nullptr), 0);
+    EXPECT_EQ(XmPrjTreeSetTitleItemButton(t.tree, 2, icon, note, &calls), 0);
     EXPECT_EQ(XmPrjTreeGetTitleItemButtonIcon(t.tree, 2), icon);
     t.Up();
     xwktest::MoveTo(t.tree, 40, 60, 100);
     xwktest::Capture plain(t.title);
-    int x = t.ColumnRec(2)->x + ColumnGapOf(t.tree) + 4, h = t.title->core.height;
-    xwktest::Click(t.title, x, h / 2);
-    xwktest::Pump(200);
-    EXPECT_EQ(title_button_calls, 1);
-    EXPECT_EQ(title_button_data.reason, XmCR_TREE_TITLE_ACTIVATE);
-    EXPECT_EQ(title_button_data.column, 2);
+    // Inside the button, past the gap at the column's left.
+    int x = t.ColumnRec(2)->x + 2 * Part(t.tree).titleMargin + Part(t.tree).hPad + 4;
+    int h = t.title->core.height;
+    t.ClickTitle(x, h / 2, 200);
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].reason, XmCR_TREE_TITLE_ACTIVATE);
+    EXPECT_EQ(calls[0].column, 2);
     // The release takes the frame away: the bar is as it was.
     xwktest::Capture after(t.title);
     int diff = 0;
@@ -298,10 +279,13 @@ TEST(TreeColumns, DragTitleOntoAnotherMovesIt)
     Table t("A|B|C", 3, 360);
     Fill(t.tree);
     t.Up();
-    int from = t.ColumnRec(1)->x + 15;
-    int to = t.ColumnRec(3)->x + 15;
-    t.DragTitle(from, to - from, 2);
-    xwktest::Pump(500);
+    // A Motif drag with button 2, from the first title onto the third.
+    int x = t.ColumnRec(1)->x + 15, rx, ry;
+    xwktest::RootPosition(t.title, &rx, &ry);
+    treetest::QueuedDrag(XtDisplay(t.title), rx + x, ry + t.title->core.height / 2,
+                         t.ColumnRec(3)->x - t.ColumnRec(1)->x, 0, 2);
+    xwktest::Pump(2000);
+    xwktest::Settle();
     std::string layout = t.Layout();
     EXPECT_EQ(layout.substr(0, 2), "B:") << layout;
     EXPECT_NE(layout.find("A:1"), std::string::npos) << layout;

@@ -18,16 +18,27 @@ bool Warned(const xwktest::Warnings &log, const char *text)
     return false;
 }
 
-struct Shown : treetest::Window {
-    Shown(bool slam, int width = 240, int height = 200, bool scrolled = true)
-        : Window({{XmNcanSlam, slam}}, width, height, scrolled)
-    {
-    }
-};
+int Shadow(Widget tree)
+{
+    return ((XmManagerWidget)tree)->manager.shadow_thickness;
+}
+
+// What lies left of the rows: margin, shadow and highlight.
+int Borders(Widget tree)
+{
+    return Part(tree).treeMarginWidth + Shadow(tree) + Part(tree).highlightThickness;
+}
+
+// The label of the node begins at x: found there, and not a pixel left.
+void ExpectLabelAt(Widget tree, int x, int y, XmPrjTreeNode node)
+{
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, x, y, tree), node) << x;
+    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, x - 1, y, tree), nullptr) << x;
+}
 
 TEST(TreeGeometry, RowHeightEvenAndPageRule)
 {
-    Shown s(false);
+    treetest::Window s;
     for (int i = 0; i < 30; i++)
         XmPrjTreeAddSimpleItem(s.tree, ("row " + std::to_string(i)).c_str(), nullptr);
     s.Up();
@@ -36,14 +47,13 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
     EXPECT_EQ(t.rowHeight % 2, 0);
     EXPECT_NE(XmPrjTreeGetNodeNumber(s.tree, XmPrjTreeGetSelectedItem(s.tree)), 0);
     // A height of exactly n rows has no partial row; one pixel more has.
-    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
-    int exact = t.rowHeight * 5 - t.vPad + 2 * (t.treeMarginHeight + shadow);
-    XtResizeWidget(s.tree, s.tree->core.width, exact, 0);
-    EXPECT_EQ(t.visibleRows, 5);
-    EXPECT_FALSE(XmPrjTreeItemVisible(s.tree, XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 6)));
-    XtResizeWidget(s.tree, s.tree->core.width, exact + 1, 0);
-    EXPECT_EQ(t.visibleRows, 5);
-    EXPECT_TRUE(XmPrjTreeItemVisible(s.tree, XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 6)));
+    int edge = t.treeMarginHeight + Shadow(s.tree), rh = t.rowHeight, x = 40;
+    XmPrjTreeNode sixth = XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 6);
+    for (int extra : {0, 1}) {
+        XtResizeWidget(s.tree, s.tree->core.width, rh * 5 - t.vPad + 2 * edge + extra, 0);
+        EXPECT_EQ(t.visibleRows, 5);
+        EXPECT_EQ((bool)XmPrjTreeItemVisible(s.tree, sixth), extra == 1);
+    }
     EXPECT_EQ(xwktest::Get<int>(s.tree, XmNvisibleLines), 5);
 
     // Finding the row under a point: the offset from the first shown row
@@ -51,7 +61,6 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
     // row reaches a row height above the top edge.
     XmPrjTreeSetOrigins(s.tree, -1, 10);
     ASSERT_EQ(t.topRow, 10);
-    int edge = t.treeMarginHeight + shadow, rh = t.rowHeight, x = 40;
     auto number = [&](int y) {
         return XmPrjTreeGetNodeNumber(s.tree, XmPrjTreeWhichNode(XmTREE_PART_ROW, x, y, s.tree));
     };
@@ -69,28 +78,22 @@ TEST(TreeGeometry, RowHeightEvenAndPageRule)
 // it shows rows, the widest row otherwise.
 TEST(TreeGeometry, PreferredSizeAndTheAnswerToAQuery)
 {
-    Shown s(false, 240, 200, false);
+    treetest::Window s({}, 240, 200, false);
     for (const char *label : {"one", "two", "three"})
         XmPrjTreeAddSimpleItem(s.tree, label, nullptr);
     s.Up();
     XmPrjTreePart &t = Part(s.tree);
-    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
+    int shadow = Shadow(s.tree);
     int border = 2 * (shadow + t.highlightThickness + t.treeMarginHeight);
     int rh = t.rowHeight;
     ASSERT_GT(rh, 0);
     XtWidgetGeometry pref;
-    auto ask = [&]() { return XtQueryGeometry(s.tree, nullptr, &pref); };
-
-    XtResizeWidget(s.tree, 200, border + t.vPad + 3 * rh, 0);
-    EXPECT_EQ(ask(), XtGeometryAlmost);
-    EXPECT_EQ(pref.height, rh + border + t.vPad);
-    EXPECT_EQ(pref.width, 200);
-    XtResizeWidget(s.tree, 200, border + t.vPad + 3 * rh + 1, 0);
-    ask();
-    EXPECT_EQ(pref.height, 3 * rh + border + t.vPad);
-    XtResizeWidget(s.tree, 200, border + t.vPad + rh / 2, 0);
-    ask();
-    EXPECT_EQ(pref.height, rh + border + t.vPad);
+    for (auto [height, rows] : {std::pair{3 * rh, 1}, {3 * rh + 1, 3}, {rh / 2, 1}}) {
+        XtResizeWidget(s.tree, 200, border + t.vPad + height, 0);
+        EXPECT_EQ(XtQueryGeometry(s.tree, nullptr, &pref), XtGeometryAlmost) << height;
+        EXPECT_EQ(pref.height, rows * rh + border + t.vPad) << height;
+        EXPECT_EQ(pref.width, 200);
+    }
 
     // A request with a mode is taken as it is while rows are shown.
     XtWidgetGeometry intended{};
@@ -109,18 +112,16 @@ TEST(TreeGeometry, PreferredSizeAndTheAnswerToAQuery)
     XmPrjTreeGetPreferedSize(s.tree, &gw, &gh);
     ASSERT_LT(t.rowHeight, rh);
     EXPECT_EQ(gw, t.rowWidth + 2 * shadow);
-    int room = s.tree->core.height - border - t.vPad;
-    int rows = room / t.rowHeight;
-    if (rows == 0 || room % t.rowHeight == 0)
-        rows = 1;
-    EXPECT_EQ(gh, rows * t.rowHeight + border + t.vPad);
+    // The height by the rule above, over the new row height.
+    XtQueryGeometry(s.tree, nullptr, &pref);
+    EXPECT_EQ(gh, pref.height);
 }
 
 // The label height comes from the rows a pass visits: with none, the row
 // height is the pads alone until a row brings a label again.
 TEST(TreeGeometry, EmptyListHasNoLabelHeight)
 {
-    Shown s(false);
+    treetest::Window s;
     s.Up();
     XmPrjTreePart &t = Part(s.tree);
     Dimension vpad = 0, fpad = 0, ht = 0;
@@ -151,7 +152,7 @@ TEST(TreeGeometry, EmptyListHasNoLabelHeight)
 
 TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
 {
-    Shown s(false);
+    treetest::Window s;
     xwktest::Warnings log;
     XmPrjTreeAddSimpleItem(s.tree, "one", nullptr);
     s.Up();
@@ -184,17 +185,15 @@ TEST(TreeGeometry, UnreasonableRowHeightIsRefused)
     xwktest::Settle();
     EXPECT_EQ(Part(s.tree).rowHeight, before);
     EXPECT_TRUE(Warned(log, "Item label height is not reasonable"));
-    {
-        xwktest::Capture c(s.tree);
-        EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowTop(0), 60, before), 0);
-    }
+    xwktest::Capture c(s.tree);
+    EXPECT_GT(c.Count(xwktest::PixelOf(s.tree, XmNforeground), 0, s.RowTop(0), 60, before), 0);
     XtVaSetValues(s.tree, XmNvFontPad, pad, NULL);
     EXPECT_EQ(Part(s.tree).rowHeight, before);
 }
 
 TEST(TreePaint, HighlightMarkComesAndGoesWithoutClearing)
 {
-    Shown s(false);
+    treetest::Window s;
     for (const char *name : {"first", "second", "third", "fourth"})
         XmPrjTreeAddSimpleItem(s.tree, name, nullptr);
     XtVaSetValues(s.tree, XmNclearOnUpdate, False, XmNhighlightThickness, 2, NULL);
@@ -202,30 +201,26 @@ TEST(TreePaint, HighlightMarkComesAndGoesWithoutClearing)
     XmPrjTreePart &t = Part(s.tree);
     Pixel mark = xwktest::PixelOf(s.tree, XmNhighlightColor);
     ASSERT_NE(mark, xwktest::PixelOf(s.tree, XmNbackground));
-    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
     // The frame's right edge: no text ever reaches it.
-    int edge = s.tree->core.width - shadow - t.treeMarginWidth - 1;
-    XmPrjTreeNode third = XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 3);
-    XmPrjTreeHighlight(s.tree, third);
+    int edge = s.tree->core.width - Shadow(s.tree) - t.treeMarginWidth - 1;
+    auto marks = [&](int row) {
+        xwktest::Capture c(s.tree);
+        return c.Count(mark, edge - 1, s.RowTop(row), 2, t.rowHeight);
+    };
+    XmPrjTreeHighlight(s.tree, XmPrjTreeGetItemByPositionFromParent(s.tree, nullptr, 3));
     xwktest::Settle();
     EXPECT_EQ(XmPrjTreeGetHighlightedWidget(s.tree), s.tree);
-    {
-        xwktest::Capture c(s.tree);
-        EXPECT_GT(c.Count(mark, edge - 1, s.RowTop(2), 2, t.rowHeight), 4);
-        EXPECT_EQ(c.Count(mark, edge - 1, s.RowTop(1), 2, t.rowHeight), 0);
-    }
+    EXPECT_GT(marks(2), 4);
+    EXPECT_EQ(marks(1), 0);
     XmPrjTreeUnhighlight(s.tree);
     xwktest::Settle();
     EXPECT_EQ(XmPrjTreeGetHighlightedWidget(s.tree), nullptr);
-    {
-        xwktest::Capture c(s.tree);
-        EXPECT_EQ(c.Count(mark, edge - 1, s.RowTop(2), 2, t.rowHeight), 0);
-    }
+    EXPECT_EQ(marks(2), 0);
 }
 
 TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
 {
-    Shown s(true);
+    treetest::Window s({{XmNcanSlam, True}});
     XtVaSetValues(s.tree, XmNactiveBackground, xwktest::PixelOf(s.tree, XmNforeground), NULL);
     XmPrjTreeNode a = AddRow(s.tree, nullptr, "alpha", XmSLAM_OPEN);
     XmPrjTreeNode a1 = AddRow(s.tree, a, "child");
@@ -235,23 +230,19 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
     XmPrjTreePart &t = Part(s.tree);
     Pixel bg = xwktest::PixelOf(s.tree, XmNbackground);
     Pixel fg = xwktest::PixelOf(s.tree, XmNforeground);
-    Pixel active = t.activeBackground;
-    Pixel inactive = t.inactiveBackground;
     XmPrjTreeSetNode(s.tree, a);
     xwktest::Settle();
     int rh = t.rowHeight;
-    {
-        xwktest::Capture c(s.tree);
-        ASSERT_TRUE(c.ok());
-        // Row 0 is selected: its band right of the label is filled.
-        int x = s.tree->core.width - 12;
-        Pixel p = c.Pixel(x, s.RowTop(0) + rh / 2);
-        EXPECT_TRUE(p == active || p == inactive);
-        EXPECT_EQ(c.Pixel(x, s.RowTop(1) + rh / 2), bg);
-        // Row 2 is "beta": the grandchild stays hidden, so row 3 is empty.
-        EXPECT_GT(c.Count(fg, 0, s.RowTop(2), s.tree->core.width, rh), 0);
-        EXPECT_EQ(c.Count(fg, 4, s.RowTop(3), s.tree->core.width - 8, rh), 0);
-    }
+    xwktest::Capture c(s.tree);
+    ASSERT_TRUE(c.ok());
+    // Row 0 is selected: its band right of the label is filled.
+    int x = s.tree->core.width - 12;
+    Pixel p = c.Pixel(x, s.RowTop(0) + rh / 2);
+    EXPECT_TRUE(p == t.activeBackground || p == t.inactiveBackground);
+    EXPECT_EQ(c.Pixel(x, s.RowTop(1) + rh / 2), bg);
+    // Row 2 is "beta": the grandchild stays hidden, so row 3 is empty.
+    EXPECT_GT(c.Count(fg, 0, s.RowTop(2), s.tree->core.width, rh), 0);
+    EXPECT_EQ(c.Count(fg, 4, s.RowTop(3), s.tree->core.width - 8, rh), 0);
     // Preferred width: the indent of the deepest shown level, here the
     // closed "child" at level 2, with margins, padding and highlight.
     Dimension pw = 0, ph = 0;
@@ -261,17 +252,15 @@ TEST(TreePaint, SelectedRowFilledAndClosedChildrenNotDrawn)
     EXPECT_EQ(pw, (13 + t.hIconPad) * 2 + 2 * (t.treeMarginWidth + t.hPad + t.highlightThickness));
     XmPrjTreeChangeState(s.tree, a, XmSLAM_CLOSE);
     xwktest::Settle();
-    {
-        xwktest::Capture c(s.tree);
-        // Two rows left: the third band is empty.
-        EXPECT_EQ(c.Count(fg, 4, s.RowTop(2), s.tree->core.width - 8, rh), 0);
-        EXPECT_GT(c.Count(fg, 0, s.RowTop(1), s.tree->core.width, rh), 0);
-    }
+    // Two rows left: the third band is empty.
+    xwktest::Capture closed(s.tree);
+    EXPECT_EQ(closed.Count(fg, 4, s.RowTop(2), s.tree->core.width - 8, rh), 0);
+    EXPECT_GT(closed.Count(fg, 0, s.RowTop(1), s.tree->core.width, rh), 0);
 }
 
 TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
 {
-    Shown s(false);
+    treetest::Window s;
     XtVaSetValues(s.tree, XmNuseDashLine, False, NULL);
     XwkIcon *icon = xwktest::SolidIcon(s.tree, 16, 16, "#0000FF");
     ASSERT_NE(icon, nullptr);
@@ -287,10 +276,8 @@ TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
     Pixel trunk = t.treeTrunkColor;
     int rh = t.rowHeight;
     xwktest::Capture c(s.tree);
-    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
-    int borders = t.treeMarginWidth + shadow + t.highlightThickness;
     // The joint of a level is the centre of its slot: lead + slot / 2.
-    int x1 = t.hPad + 8 + borders;
+    int x1 = t.hPad + 8 + Borders(s.tree);
     int x2 = x1 + 16 + t.hIconPad;
     // Under "top": through all of row 1 ("one" has a sibling after it),
     // and row 2, and to the middle of row 3 ("three" is the last).  Under
@@ -300,10 +287,11 @@ TEST(TreePaint, TrunkStandsWhereTheLevelsPutIt)
         {x1, 3, rh - 1, false}, {x2, 2, 1, true}, {x2, 2, rh - 1, false},
         {x2 + 4, 2, rh / 2, true}, {x2, 3, 1, false}};
     for (auto &p : px)
-        EXPECT_EQ(c.Pixel(p.x, s.RowTop(p.row) + p.dy) == trunk, p.on) << p.x << " " << p.row << "+" << p.dy;
+        EXPECT_EQ(c.Pixel(p.x, s.RowTop(p.row) + p.dy) == trunk, p.on)
+            << p.x << " " << p.row << "+" << p.dy;
     // The icon itself stands in its slot, at the level's icon x.
-    Pixel blue = c.Pixel(x2 + 16 + t.hIconPad, s.RowTop(2) + rh / 2);
-    EXPECT_NE(blue, xwktest::PixelOf(s.tree, XmNbackground));
+    EXPECT_NE(c.Pixel(x2 + 16 + t.hIconPad, s.RowTop(2) + rh / 2),
+              xwktest::PixelOf(s.tree, XmNbackground));
     XmPrjTreeDeleteAllItems(s.tree);
     XwkIconFree(s.tree, icon);
 }
@@ -351,15 +339,14 @@ TEST(TreePaint, StateIconOnTheJointIsWhereItIsFound)
     XmPrjTreePart &t = Part(tree);
     ASSERT_TRUE(t.treeTrunkDrawing);
     ASSERT_EQ(t.rowHeight % 2, 0);
-    Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
-    int y1 = t.treeMarginHeight + shadow + t.rowHeight;  // the row of "mid"
+    int y1 = w.RowTop(1);  // the row of "mid"
     auto [left, right, topy, bottom] = Span(tree, 0xFF0000, y1, t.rowHeight);
     ASSERT_GE(left, 0);
     EXPECT_EQ(bottom - topy + 1, 9);
     // Centred on the joint of level 1 (no item icons: the slot is the
     // state icon column), at the middle of the row; what lies left of the
     // text area's edge is clipped.
-    int borders = t.treeMarginWidth + shadow + t.highlightThickness;
+    int borders = Borders(tree);
     EXPECT_EQ(right, borders + t.stateIconWidth / 2 - 4 + 8);
     EXPECT_EQ(left, std::max(right - 8, borders + (int)t.hPad));
     EXPECT_EQ(topy, y1 + t.rowHeight / 2 - 4);
@@ -380,62 +367,50 @@ TEST(TreePaint, ColumnsOfStateIconsIconsAndLabels)
 {
     Probe icons;
     ASSERT_TRUE(icons.red && icons.blue);
-    XwkIcon *blue = icons.blue;
-    auto *w = new treetest::Window(
-        {{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)icons.red}, {XmNtreeTrunkDrawing, False}}, 260);
-    Widget tree = w->tree;
-    XmPrjTreeNode top = AddRow(tree, nullptr, "top", XmSLAM_OPEN);
-    XmPrjTreeNode mid = XmPrjTreeAddItem(tree, top, "mid", blue, nullptr, XmSLAM_CLOSE, nullptr,
-                                         nullptr, nullptr);
-    AddRow(tree, mid, "leaf");
-    w->Up();
-    XmPrjTreePart &t = Part(tree);
-    ASSERT_EQ(t.iconWidth, 16);
-    Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
-    int borders = t.treeMarginWidth + shadow + t.highlightThickness;
-    int sw = t.stateIconWidth;
-    int y1 = t.treeMarginHeight + shadow + t.rowHeight;
-    // The state icon: hPad + (L - 1) * (hIconPad + iconWidth) + half the
-    // difference to the widest state icon.
-    auto state = Span(tree, 0xFF0000, y1, t.rowHeight);
-    EXPECT_EQ(state.first, t.hPad + (t.hIconPad + 16) + (sw - 9) / 2 + borders);
-    // The item icon: the lead (hPad, the state column, hIconPad), then one
-    // slot and hIconPad per level.
-    auto icon = Span(tree, 0x0000FF, y1, t.rowHeight);
-    int lead = t.hPad + sw + t.hIconPad;
-    EXPECT_EQ(icon.first, lead + (16 + t.hIconPad) + borders);
-    EXPECT_EQ(icon.second - icon.first + 1, 16);
-    // The label begins one slot and hPad further.
-    int label = icon.first + 16 + t.hPad;
-    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, label, y1 + 2, tree), mid);
-    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, label - 1, y1 + 2, tree), nullptr);
-    delete w;
-
+    {
+        treetest::Window w({{XmNcanSlam, True}, {XmNclosedStateIcon, (XtArgVal)icons.red},
+                            {XmNtreeTrunkDrawing, False}},
+                           260);
+        Widget tree = w.tree;
+        XmPrjTreeNode top = AddRow(tree, nullptr, "top", XmSLAM_OPEN);
+        XmPrjTreeNode mid = XmPrjTreeAddItem(tree, top, "mid", icons.blue, nullptr, XmSLAM_CLOSE,
+                                             nullptr, nullptr, nullptr);
+        AddRow(tree, mid, "leaf");
+        w.Up();
+        XmPrjTreePart &t = Part(tree);
+        ASSERT_EQ(t.iconWidth, 16);
+        int sw = t.stateIconWidth, y1 = w.RowTop(1);
+        // The state icon: hPad + (L - 1) * (hIconPad + iconWidth) + half the
+        // difference to the widest state icon.
+        auto state = Span(tree, 0xFF0000, y1, t.rowHeight);
+        EXPECT_EQ(state.first, t.hPad + (t.hIconPad + 16) + (sw - 9) / 2 + Borders(tree));
+        // The item icon: the lead (hPad, the state column, hIconPad), then
+        // one slot and hIconPad per level.
+        auto icon = Span(tree, 0x0000FF, y1, t.rowHeight);
+        EXPECT_EQ(icon.first, t.hPad + sw + t.hIconPad + (16 + t.hIconPad) + Borders(tree));
+        EXPECT_EQ(icon.second - icon.first + 1, 16);
+        // The label begins one slot and hPad further.
+        ExpectLabelAt(tree, icon.first + 16 + t.hPad, y1 + 2, mid);
+    }
     // Per row, with no fruitless icon anywhere.
-    w = new treetest::Window(
-        {{XmNcanSlam, True}, {XmNslamPolicy, XmSLAM_PER_ROW}, {XmNfruitlessStateIcon, 0}}, 260);
-    tree = w->tree;
+    treetest::Window w({{XmNcanSlam, True}, {XmNslamPolicy, XmSLAM_PER_ROW},
+                        {XmNfruitlessStateIcon, 0}},
+                       260);
+    Widget tree = w.tree;
     XmPrjTreeNode p = AddRow(tree, nullptr, "p", XmSLAM_OPEN);
     XmPrjTreeNode u1 = AddRow(tree, nullptr, "u1", XmSLAM_UNDEFINED);
     XmPrjTreeNode u2 = AddRow(tree, p, "u2", XmSLAM_UNDEFINED);
-    w->Up();
+    w.Up();
     XmPrjTreePart &r = Part(tree);
     ASSERT_EQ(r.iconWidth, 0);
     ASSERT_GT(r.stateIconWidth, 0);
-    auto row_y = [&](int row) { return r.treeMarginHeight + shadow + row * r.rowHeight + 2; };
-    int slot = r.stateIconWidth;
+    int slot = r.stateIconWidth, borders = Borders(tree);
     // "p" is open: its label follows the slot.
-    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders + slot + r.hPad, row_y(0), tree), p);
-    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders + slot + r.hPad - 1, row_y(0), tree),
-              nullptr);
-    // "u2" at level 2: the icon x, plus hPad.
-    int x2 = borders + slot + r.hIconPad;
-    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, x2 + r.hPad, row_y(1), tree), u2);
-    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, x2 + r.hPad - 1, row_y(1), tree), nullptr);
+    ExpectLabelAt(tree, borders + slot + r.hPad, w.RowTop(0) + 2, p);
+    // "u2" at level 2: the icon x (past the slot and hIconPad), plus hPad.
+    ExpectLabelAt(tree, borders + slot + r.hIconPad + r.hPad, w.RowTop(1) + 2, u2);
     // "u1" at level 1: the icon x itself.
-    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders, row_y(2), tree), u1);
-    EXPECT_EQ(XmPrjTreeWhichNode(XmTREE_PART_LABEL, borders - 1, row_y(2), tree), nullptr);
-    delete w;
+    ExpectLabelAt(tree, borders, w.RowTop(2) + 2, u1);
 }
 
 // Every row shows its item icon, the current row and the others, with a
@@ -454,7 +429,8 @@ TEST(TreePaint, ItemIconOnEveryRow)
         unsigned char mode;
         bool xft, masked;
     } cases[] = {{XmSIMPLE_LIST, false, true}, {XmSIMPLE_LIST, true, false},
-                 {XmTABLE_LIST, false, false}, {XmTABLE_LIST, true, true}, {XmTABLE_LIST, true, false}};
+                 {XmTABLE_LIST, false, false}, {XmTABLE_LIST, true, true},
+                 {XmTABLE_LIST, true, false}};
     for (const Case &c : cases) {
         SCOPED_TRACE(testing::Message() << "mode " << int(c.mode) << (c.xft ? ", Xft" : "")
                                         << (c.masked ? ", masked" : ""));
@@ -467,8 +443,7 @@ TEST(TreePaint, ItemIconOnEveryRow)
                                  "*iconsXft.textRenderTable.DEFAULT.fontName: DejaVu Sans",
                                  "*iconsXft.textRenderTable.DEFAULT.fontSize: 10"})
             XrmPutLineResource(&db, line);
-        Widget shell = XtVaCreatePopupShell(c.xft ? "iconsXft" : "icons", topLevelShellWidgetClass,
-                                            app, XmNwidth, 300, XmNheight, 200, NULL);
+        Widget shell = xwktest::Shell(c.xft ? "iconsXft" : "icons", 300, 200);
         Widget tree = XtVaCreateWidget("list", xmPrjTreeWidgetClass, shell, XmNvisualMode, c.mode,
                                        XmNnumColumns, 2, XmNdelimeter, '|', XmNtitleString,
                                        "Name|Size", NULL);
@@ -478,16 +453,15 @@ TEST(TreePaint, ItemIconOnEveryRow)
         for (const char *row : {"one|1", "two|22", "three|333"})
             XmPrjTreeAddItem(tree, nullptr, row, icon, nullptr, XmSLAM_UNDEFINED, nullptr,
                              nullptr, nullptr);
-        XtManageChild(tree);
-        XtPopup(shell, XtGrabNone);
-        ASSERT_TRUE(xwktest::WaitViewable(tree));
+        xwktest::Show(tree, shell, 0);
         XmPrjTreeSetNode(tree, XmPrjTreeGetItemByPositionFromParent(tree, nullptr, 2));
         xwktest::Pump(150);
         xwktest::Settle();
         XmPrjTreePart &t = Part(tree);
-        int top = t.treeMarginHeight + ((XmManagerWidget)tree)->manager.shadow_thickness;
+        int top = t.treeMarginHeight + Shadow(tree);
         for (int row = 0; row < 3; row++) {
-            auto span = Span(tree, c.masked ? 0x0000FF : 0xFF0000, top + row * t.rowHeight, t.rowHeight);
+            auto span =
+                Span(tree, c.masked ? 0x0000FF : 0xFF0000, top + row * t.rowHeight, t.rowHeight);
             EXPECT_EQ(span.second - span.first + 1, (int)icon->attributes.width) << "row " << row;
         }
         XtDestroyWidget(shell);
@@ -501,7 +475,7 @@ const char *masked[] = {"8 8 2 1", "  c None", "x c #FF0000",
 
 TEST(TreeIcons, BuiltInStateIconsAndMaskedIconsComposedOnce)
 {
-    Shown s(true);
+    treetest::Window s({{XmNcanSlam, True}});
     XwkIcon *open = nullptr, *closed = nullptr, *fruitless = nullptr;
     XmPrjTreeGetDefaultItemAttributes(s.tree, &fruitless, &open, &closed);
     ASSERT_TRUE(open && closed && fruitless);
@@ -521,9 +495,7 @@ TEST(TreeIcons, BuiltInStateIconsAndMaskedIconsComposedOnce)
     EXPECT_EQ(icon->composed, composed);
     // The inside of the frame shows the background the icon was composed on.
     XmPrjTreePart &t = Part(s.tree);
-    Dimension shadow = ((XmManagerWidget)s.tree)->manager.shadow_thickness;
-    int x = t.hPad + t.stateIconWidth + t.hIconPad + t.treeMarginWidth + shadow +
-            t.highlightThickness + (t.iconWidth - 8) / 2;
+    int x = t.hPad + t.stateIconWidth + t.hIconPad + Borders(s.tree) + (t.iconWidth - 8) / 2;
     int y = s.RowTop(0) + (t.rowHeight - 8) / 2;
     xwktest::Capture c(s.tree);
     EXPECT_EQ(c.Pixel(x + 4, y + 4), xwktest::PixelOf(s.tree, XmNbackground));
@@ -534,8 +506,7 @@ TEST(TreeIcons, BuiltInStateIconsAndMaskedIconsComposedOnce)
 
 TEST(TreeCreation, ScrolledWindowNamesAndTheSlamPolicyWarning)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("names", topLevelShellWidgetClass, app, NULL);
+    Widget shell = xwktest::Shell("names", 200, 200);
     Widget tree = XmCreateScrolledTreeList(shell, nullptr, nullptr, 0);
     EXPECT_STREQ(XtName(XtParent(tree)), "SW");
     EXPECT_FALSE(XtIsManaged(tree));
