@@ -8,7 +8,6 @@
 namespace {
 
 std::vector<XwkComboBoxCallbackStruct> selections;
-std::vector<std::string> warnings;
 int pushes;
 
 void OnSelection(Widget, XtPointer, XtPointer call)
@@ -18,23 +17,22 @@ void OnSelection(Widget, XtPointer, XtPointer call)
 
 void OnPush(Widget, XtPointer, XtPointer) { pushes++; }
 
-void CollectWarning(String name, String, String, String def, String *, Cardinal *)
-{
-    warnings.push_back(def ? def : name);
-}
-
 struct Fixture {
     Widget shell = nullptr, row = nullptr, combo = nullptr, button = nullptr;
     explicit Fixture(unsigned char type, int items = 5, const char *name = "combo")
     {
-        shell = XtVaCreatePopupShell("combos", topLevelShellWidgetClass, xwktest::StartApp(), NULL);
-        row = XtVaCreateManagedWidget("row", xmRowColumnWidgetClass, shell, XmNorientation, XmVERTICAL, NULL);
+        shell = XtVaCreatePopupShell("combos", topLevelShellWidgetClass, xwktest::StartApp(),
+                                     NULL);
+        row = XtVaCreateManagedWidget("row", xmRowColumnWidgetClass, shell, XmNorientation,
+                                      XmVERTICAL, NULL);
         // Above the combo box, where the list does not cover it.
         button = XtVaCreateManagedWidget("push", xmPushButtonWidgetClass, row, NULL);
         XtAddCallback(button, XmNactivateCallback, OnPush, nullptr);
         std::vector<XmString> strings;
-        for (int i = 0; i < items; i++)
-            strings.push_back(XmStringCreateLocalized((char *)("item" + std::to_string(i + 1)).c_str()));
+        for (int i = 1; i <= items; i++) {
+            std::string label = "item" + std::to_string(i);
+            strings.push_back(XmStringCreateLocalized((char *)label.c_str()));
+        }
         Arg args[] = {{(String)XmNcomboBoxType, type}, {(String)XmNitems, (XtArgVal)strings.data()},
                       {(String)XmNitemCount, items}, {(String)XmNvisibleItemCount, 4}};
         combo = XwkCreateComboBox(row, (String)name, args, 4);
@@ -119,7 +117,8 @@ TEST(ComboBox, ClickOutsideClosesAndReachesTheWidgetUnderIt)
     // A click on the root window closes it as well.
     ASSERT_TRUE(f.Pop());
     Display *dpy = XtDisplay(f.combo);
-    xwktest::MovePointer(dpy, WidthOfScreen(XtScreen(f.combo)) - 5, HeightOfScreen(XtScreen(f.combo)) - 5);
+    Screen *screen = XtScreen(f.combo);
+    xwktest::MovePointer(dpy, WidthOfScreen(screen) - 5, HeightOfScreen(screen) - 5);
     XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
     XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
     EXPECT_TRUE(f.Closed());
@@ -215,19 +214,17 @@ TEST(ComboBox, DestroyWhileUpLeavesNothingGrabbed)
 TEST(ComboBox, BadValuesAndEmptyLists)
 {
     Widget app = xwktest::StartApp();
-    XtAppSetWarningMsgHandler(XtWidgetToApplicationContext(app), CollectWarning);
-    warnings.clear();
+    xwktest::Warnings log;
     Fixture f(XwkCOMBO_BOX, 0);
-    ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_NE(warnings[0].find("Sorry, type of XmCOMBO_BOX while is not implemented, using default."),
-              std::string::npos);
+    ASSERT_EQ(log.texts.size(), 1u);
+    const char *sorry = "Sorry, type of XmCOMBO_BOX while is not implemented, using default.";
+    EXPECT_NE(log.texts[0].find(sorry), std::string::npos);
     EXPECT_EQ(f.part().comboBoxType, XwkDROP_DOWN_LIST);
     XtVaSetValues(f.combo, XmNcomboBoxType, 0, NULL);
-    EXPECT_EQ(warnings.size(), 2u);
+    EXPECT_EQ(log.texts.size(), 2u);
     XtVaSetValues(f.combo, XmNcomboBoxType, 9, XwkNarrowPlacement, 7, NULL);
     EXPECT_EQ(f.part().comboBoxType, XwkDROP_DOWN_LIST);
     EXPECT_EQ(f.part().arrowPlacement, XwkARROW_RIGHT);
-    XtAppSetWarningMsgHandler(XtWidgetToApplicationContext(app), nullptr);
 
     // Empty list: the arrow still pops an empty shell.
     EXPECT_EQ(f.Text(), "");

@@ -18,14 +18,16 @@ Widget destroy_in_callback;
 bool Viewable(Widget w)
 {
     XWindowAttributes a;
-    return w && XtWindow(w) && XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) && a.map_state == IsViewable;
+    return w && XtWindow(w) && XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) &&
+           a.map_state == IsViewable;
 }
 
 void OnChoose(Widget, XtPointer closure, XtPointer call_data)
 {
     XmPushButtonCallbackStruct *call = (XmPushButtonCallbackStruct *)call_data;
-    choices.push_back({(const char *)closure, call->reason, call->click_count, call->event != nullptr,
-                       !Viewable(pulldown_of_file), xwktest::OthersCanGrab()});
+    choices.push_back({(const char *)closure, call->reason, call->click_count,
+                       call->event != nullptr, !Viewable(pulldown_of_file),
+                       xwktest::OthersCanGrab()});
     if (destroy_in_callback)
         XtDestroyWidget(destroy_in_callback);
     destroy_in_callback = nullptr;
@@ -34,6 +36,20 @@ void OnChoose(Widget, XtPointer closure, XtPointer call_data)
 std::string ShortHelp(Widget w)
 {
     return xwktest::Take(XwkGetShortHelp(w));
+}
+
+// An entry of a menu table that calls OnChoose with its name.
+void Entry(XwkMenuItem *item, const char *label, const char *help, const char *accelerator,
+           const char *name, WidgetClass *widget_class = &xmPushButtonWidgetClass)
+{
+    XwkPrepareMenuItem(item, label, help, accelerator, widget_class, OnChoose, (XtPointer)name,
+                       nullptr, nullptr);
+}
+
+void Cascade(XwkMenuItem *item, const char *label, XwkMenuItem *submenu)
+{
+    XwkPrepareMenuItem(item, label, nullptr, nullptr, &xmCascadeButtonWidgetClass, nullptr,
+                       nullptr, nullptr, submenu);
 }
 
 void FreeItems(XwkMenuItem *items)
@@ -53,29 +69,24 @@ struct Window {
     Widget shell, form, bar, area;
     Window()
     {
-        WidgetClass *push = &xmPushButtonWidgetClass;
-        XwkPrepareMenuItem(&file[0], "&Open", "Open a file|Open", "Ctrl-o", push, OnChoose, (XtPointer) "open", nullptr, nullptr);
-        XwkPrepareMenuItem(&file[1], "*&Save", "Save the file", "Ctrl-s", push, OnChoose, (XtPointer) "save", nullptr, nullptr);
-        XwkPrepareMenuItem(&file[2], "-", nullptr, nullptr, push, OnChoose, nullptr, nullptr, nullptr);
-        XwkPrepareMenuItem(&file[3], "&Quit", "Leave", "Ctrl-q", push, OnChoose, (XtPointer) "quit", nullptr, nullptr);
-        XwkPrepareMenuItem(&file[4], nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-        XwkPrepareMenuItem(&more[0], "&Deep", "Deep down", nullptr, push, OnChoose, (XtPointer) "deep", nullptr, nullptr);
-        more[1] = {};
-        XwkPrepareMenuItem(&edit[0], "&Wrap", "Wrap lines", "Ctrl-w", &xmToggleButtonWidgetClass, OnChoose, (XtPointer) "wrap", nullptr, nullptr);
-        XwkPrepareMenuItem(&edit[1], "&More", nullptr, nullptr, &xmCascadeButtonWidgetClass, nullptr, nullptr, nullptr, more);
-        edit[2] = {};
-        WidgetClass *cascade = &xmCascadeButtonWidgetClass;
-        XwkPrepareMenuItem(&top[0], "&File", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, file);
-        XwkPrepareMenuItem(&top[1], "&Edit", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, edit);
-        XwkPrepareMenuItem(&about[0], "&About", nullptr, nullptr, push, nullptr, nullptr, nullptr, nullptr);
-        about[1] = {};
-        XwkPrepareMenuItem(&top[2], "&Help", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, about);
-        XwkPrepareMenuItem(&top[3], "&Plain", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, nullptr);
-        top[4] = {};
+        Entry(&file[0], "&Open", "Open a file|Open", "Ctrl-o", "open");
+        Entry(&file[1], "*&Save", "Save the file", "Ctrl-s", "save");
+        Entry(&file[2], "-", nullptr, nullptr, "separator");
+        Entry(&file[3], "&Quit", "Leave", "Ctrl-q", "quit");
+        Entry(&more[0], "&Deep", "Deep down", nullptr, "deep");
+        Entry(&edit[0], "&Wrap", "Wrap lines", "Ctrl-w", "wrap", &xmToggleButtonWidgetClass);
+        Cascade(&edit[1], "&More", more);
+        Entry(&about[0], "&About", nullptr, nullptr, "about");
+        Cascade(&top[0], "&File", file);
+        Cascade(&top[1], "&Edit", edit);
+        Cascade(&top[2], "&Help", about);
+        Cascade(&top[3], "&Plain", nullptr);
+        file[4] = more[1] = edit[2] = about[1] = top[4] = {};
 
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("menus", topLevelShellWidgetClass, app, XtNx, 50, XtNy, 50, NULL);
-        form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, XmNwidth, 320, XmNheight, 160, NULL);
+        shell = XtVaCreatePopupShell("menus", topLevelShellWidgetClass, xwktest::StartApp(), XtNx,
+                                     50, XtNy, 50, NULL);
+        form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, XmNwidth, 320, XmNheight,
+                                       160, NULL);
         XwkMenu description = {XwkMENU_BAR, nullptr, 0, 0, 0, 0, top};
         bar = XwkCreateMenu(form, &description);
         XtVaSetValues(bar, XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
@@ -155,7 +166,7 @@ TEST(Menus, BuiltFromTheTable)
     XwkMenuItem sizes[4];
     const char *names[] = {"Small", "Medium", "Large"};
     for (int i = 0; i < 3; i++)
-        XwkPrepareMenuItem(&sizes[i], names[i], nullptr, nullptr, &xmPushButtonWidgetClass, nullptr, nullptr, nullptr, nullptr);
+        Entry(&sizes[i], names[i], nullptr, nullptr, names[i]);
     sizes[3] = {};
     Widget option = XwkCreateSubmenu(win.form, XwkMENU_OPTION, "&Size", 'S', 1, sizes);
     EXPECT_EQ(xwktest::Get<Widget>(option, XmNmenuHistory), sizes[1].widget);
@@ -190,8 +201,8 @@ TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
 {
     Window win;
     Display *dpy = XtDisplay(win.shell);
-    Widget other = XtVaCreatePopupShell("other", topLevelShellWidgetClass, xwktest::StartApp(), XtNx, 420,
-                                        XtNy, 50, NULL);
+    Widget other = XtVaCreatePopupShell("other", topLevelShellWidgetClass, xwktest::StartApp(),
+                                        XtNx, 420, XtNy, 50, NULL);
     Widget other_area = XwkCreateMessageArea(other);
     XtPopup(other, XtGrabNone);
     ASSERT_TRUE(xwktest::WaitViewable(other_area));
@@ -274,7 +285,7 @@ TEST(Menus, BadTablesAndCallbacksThatDestroyTheMenu)
     const char *accelerators[] = {"Foo-Bar", "Ctrl-", "-", "+", "none", "Shift+Ctrl+Alt-x", ""};
     XwkMenuItem odd[8];
     for (int i = 0; i < 7; i++)
-        XwkPrepareMenuItem(&odd[i], labels[i % 5], "", accelerators[i], &xmPushButtonWidgetClass, OnChoose, (XtPointer) "odd", nullptr, nullptr);
+        Entry(&odd[i], labels[i % 5], "", accelerators[i], "odd");
     odd[7] = {};
     Widget menu = XwkCreateSubmenu(win.bar, XwkMENU_PULLDOWN, "Odd", 0, 0, odd);
     ASSERT_NE(menu, nullptr);
