@@ -110,6 +110,16 @@ struct Window {
             FreeItems(items);
     }
     bool WaitChoice() { return xwktest::PumpUntil([] { return !choices.empty(); }); }
+    // Opens File with the pointer and rests it on Open, the button held,
+    // until the short help of Open shows in the status widget.
+    bool PointAtOpen(Widget status)
+    {
+        xwktest::Press(top[0].widget, 5, 5, 1, 0);
+        if (!xwktest::WaitViewable(pulldown_of_file))
+            return false;
+        xwktest::MoveTo(file[0].widget, 5, 5, 0);
+        return xwktest::PumpUntil([&] { return ShortHelp(status) == "Open a file"; });
+    }
 };
 
 TEST(MenuLabels, PrefixesAndMnemonics)
@@ -176,25 +186,6 @@ TEST(Menus, BuiltFromTheTable)
     FreeItems(sizes);
 }
 
-TEST(Menus, ChosenByMouseAfterShowingShortHelp)
-{
-    Window win;
-    xwktest::Press(win.top[0].widget, 5, 5, 1, 0);
-    ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
-    Widget open = win.file[0].widget;
-    xwktest::MoveTo(open, 5, 5, 0);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(win.area) == "Open a file"; }));
-    xwktest::Release(open, 1, 0);
-    ASSERT_TRUE(win.WaitChoice());
-    EXPECT_EQ(choices[0].name, "open");
-    EXPECT_EQ(choices[0].reason, XmCR_ACTIVATE);
-    EXPECT_TRUE(choices[0].had_event);
-    EXPECT_TRUE(choices[0].menu_was_down);
-    EXPECT_TRUE(choices[0].others_could_grab);
-    xwktest::Settle();
-    EXPECT_EQ(ShortHelp(win.area), "Ready");
-}
-
 // Armed by the pointer, then disarmed by leaving the menu with the button
 // still down; the release far away chooses nothing.
 TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
@@ -206,7 +197,6 @@ TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
     Widget other_area = XwkCreateMessageArea(other);
     XtPopup(other, XtGrabNone);
     ASSERT_TRUE(xwktest::WaitViewable(other_area));
-    Widget open = win.file[0].widget;
     const struct {
         Widget status;
         bool free_saved;
@@ -216,12 +206,8 @@ TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
         {nullptr, true, "Open a file", "Ready", "Open a file", "Ready"},
     };
     for (auto &c : cases) {
-        XwkSetStatusBarForMenu(open, c.status);
-        xwktest::Press(win.top[0].widget, 5, 5, 1, 0);
-        ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
-        xwktest::MoveTo(open, 5, 5, 0);
-        Widget shows = c.status ? other_area : win.area;
-        ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(shows) == "Open a file"; }));
+        XwkSetStatusBarForMenu(win.file[0].widget, c.status);
+        ASSERT_TRUE(win.PointAtOpen(c.status ? other_area : win.area));
         EXPECT_EQ(ShortHelp(win.area), c.own_armed);
         EXPECT_EQ(ShortHelp(other_area), c.other_armed);
         if (c.free_saved)
@@ -238,26 +224,32 @@ TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
     XtDestroyWidget(other);
 }
 
-TEST(Menus, ChosenByMnemonicAndAccelerator)
+TEST(Menus, ChosenByMouseMnemonicAndAccelerator)
 {
     const struct {
         const char *what;
-        KeySym first;
+        KeySym first;  // none: chosen with the pointer, after its short help
         unsigned first_mods;
         KeySym second;
         const char *chosen;
-        int click_count;
+        int reason;
     } cases[] = {
-        {"mnemonic", XK_f, Mod1Mask, XK_o, "open", 1},
-        {"accelerator", XK_o, ControlMask, 0, "open", 1},
-        {"toggle accelerator", XK_w, ControlMask, 0, "wrap", 1},
+        {"mouse", 0, 0, 0, "open", XmCR_ACTIVATE},
+        {"mnemonic", XK_f, Mod1Mask, XK_o, "open", XmCR_ACTIVATE},
+        {"accelerator", XK_o, ControlMask, 0, "open", XmCR_ACTIVATE},
+        {"toggle accelerator", XK_w, ControlMask, 0, "wrap", XmCR_VALUE_CHANGED},
         {"insensitive", XK_s, ControlMask, 0, nullptr, 0},
     };
     for (auto &c : cases) {
         SCOPED_TRACE(c.what);
         Window win;
         Display *dpy = XtDisplay(win.shell);
-        xwktest::PressKey(dpy, c.first, c.first_mods);
+        if (c.first) {
+            xwktest::PressKey(dpy, c.first, c.first_mods);
+        } else {
+            ASSERT_TRUE(win.PointAtOpen(win.area));
+            xwktest::Release(win.file[0].widget, 1, 0);
+        }
         if (c.second) {
             ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
             EXPECT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(win.area) == "Open a file"; }));
@@ -270,7 +262,9 @@ TEST(Menus, ChosenByMnemonicAndAccelerator)
         }
         ASSERT_TRUE(win.WaitChoice());
         EXPECT_EQ(choices[0].name, c.chosen);
-        EXPECT_EQ(choices[0].click_count, c.click_count);
+        EXPECT_EQ(choices[0].reason, c.reason);
+        EXPECT_EQ(choices[0].click_count, 1);  // for the toggle: set
+        EXPECT_TRUE(choices[0].had_event);
         EXPECT_TRUE(choices[0].menu_was_down);
         EXPECT_TRUE(choices[0].others_could_grab);
         xwktest::Settle();
