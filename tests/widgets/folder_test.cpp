@@ -121,7 +121,7 @@ struct Folder {
     }
 };
 
-TEST(Folder, ClickingTabsShowsTheirPages)
+TEST(Folder, ChildrenArePagesShownByClicksOnTheirTabs)
 {
     Folder f(3);
     EXPECT_TRUE(f.Shown(1));
@@ -152,6 +152,38 @@ TEST(Folder, ClickingTabsShowsTheirPages)
     EXPECT_EQ(f.active(), 2);
     EXPECT_TRUE(calls.empty());
     EXPECT_TRUE(f.log.texts.empty()) << f.log.texts[0];
+
+    // A child made later is a page; destroying a child deletes its page.
+    Widget extra = XtVaCreateManagedWidget("Extra", xmDrawingAreaWidgetClass, f.folder, NULL);
+    xwktest::Settle();
+    EXPECT_EQ(XmFolderGetNumPages(f.folder), 4);
+    EXPECT_FALSE(XtIsManaged(extra));
+    int extra_id = XmFolderGetPageWidgetFolderId(extra);
+    EXPECT_EQ(XmFolderGetPageWidget(f.folder, extra_id), extra);
+    EXPECT_TRUE(XmFolderSetActivePageWidget(extra, False));
+    EXPECT_TRUE(XtIsManaged(extra));
+
+    ClearCalls();
+    XtDestroyWidget(extra);
+    xwktest::Settle();
+    EXPECT_EQ(XmFolderGetNumPages(f.folder), 3);
+    ASSERT_FALSE(calls.empty());
+    EXPECT_EQ(calls[0].reason, XmCR_FOLDER_DELETE_PAGE);
+    EXPECT_EQ(calls[0].toId, extra_id);
+    EXPECT_EQ(f.active(), 3);
+    EXPECT_TRUE(f.Shown(3));
+
+    // Labels: the child's name, then a new one set on the child.
+    XmString name = XmStringCreate((char *)"Page 1", (char *)XmFONTLIST_DEFAULT_TAG);
+    EXPECT_TRUE(XmStringCompare(XmFolderGetPageLabel(f.folder, f.id(1)), name));
+    XmStringFree(name);
+    XmString other = XmStringCreateLocalized((char *)"A longer label than before");
+    Dimension before = f.page(1).tabWidth;
+    XtVaSetValues(f.children[0], XmNfolderLabelString, other, NULL);
+    EXPECT_TRUE(XmStringCompare(XmFolderGetPageLabel(f.folder, f.id(1)), other));
+    EXPECT_GT(f.page(1).tabWidth, before);
+    EXPECT_TRUE(XmFolderSetPageLabel(f.folder, f.id(1), other));
+    XmStringFree(other);
 }
 
 TEST(Folder, WithoutAutoManageTheCallbackComesBeforeTheChange)
@@ -224,7 +256,7 @@ TEST(Folder, KeysChangeThePageAlsoFromInsideIt)
     EXPECT_TRUE(f.log.texts.empty()) << f.log.texts[0];
 }
 
-TEST(Folder, ArrowsScrollTheTabsAndWithShiftChangeThePage)
+TEST(Folder, ArrowsScrollTheTabsAndAResizeKeepsTheRowFull)
 {
     Folder f(30, false, 300);
     XmFolderPart &p = f.part();
@@ -265,12 +297,7 @@ TEST(Folder, ArrowsScrollTheTabsAndWithShiftChangeThePage)
     EXPECT_LE(held, 1 + 6);
     EXPECT_EQ(p.topTab, held);
     EXPECT_EQ(f.active(), 2);
-}
 
-TEST(Folder, ResizeKeepsTheRowFullUpToTheLastTab)
-{
-    Folder f(30, false, 300);
-    XmFolderPart &p = f.part();
     // A page out of view becomes the first tab, capped by the count of
     // tabs that fitted before the change; the tabs are not fitted again
     // to bring it into view.
@@ -433,42 +460,6 @@ TEST(Folder, PagesComeAndGoAtRunTime)
     xwktest::PressKey(XtDisplay(f.folder), XK_0, ControlMask);
     xwktest::Settle();
     EXPECT_EQ(XmFolderGetNumPages(f.folder), 1);
-}
-
-TEST(Folder, ChildrenArePagesWhileTheyLive)
-{
-    Folder f(3);
-    // A child made later is a page; destroying a child deletes its page.
-    Widget extra = XtVaCreateManagedWidget("Extra", xmDrawingAreaWidgetClass, f.folder, NULL);
-    xwktest::Settle();
-    EXPECT_EQ(XmFolderGetNumPages(f.folder), 4);
-    EXPECT_FALSE(XtIsManaged(extra));
-    int extra_id = XmFolderGetPageWidgetFolderId(extra);
-    EXPECT_EQ(XmFolderGetPageWidget(f.folder, extra_id), extra);
-    EXPECT_TRUE(XmFolderSetActivePageWidget(extra, False));
-    EXPECT_TRUE(XtIsManaged(extra));
-
-    ClearCalls();
-    XtDestroyWidget(extra);
-    xwktest::Settle();
-    EXPECT_EQ(XmFolderGetNumPages(f.folder), 3);
-    ASSERT_FALSE(calls.empty());
-    EXPECT_EQ(calls[0].reason, XmCR_FOLDER_DELETE_PAGE);
-    EXPECT_EQ(calls[0].toId, extra_id);
-    EXPECT_EQ(f.active(), 3);
-    EXPECT_TRUE(f.Shown(3));
-
-    // Labels: the child's name, then a new one set on the child.
-    XmString name = XmStringCreate((char *)"Page 1", (char *)XmFONTLIST_DEFAULT_TAG);
-    EXPECT_TRUE(XmStringCompare(XmFolderGetPageLabel(f.folder, f.id(1)), name));
-    XmStringFree(name);
-    XmString other = XmStringCreateLocalized((char *)"A longer label than before");
-    Dimension before = f.page(1).tabWidth;
-    XtVaSetValues(f.children[0], XmNfolderLabelString, other, NULL);
-    EXPECT_TRUE(XmStringCompare(XmFolderGetPageLabel(f.folder, f.id(1)), other));
-    EXPECT_GT(f.page(1).tabWidth, before);
-    EXPECT_TRUE(XmFolderSetPageLabel(f.folder, f.id(1), other));
-    XmStringFree(other);
 }
 
 TEST(Folder, OperationsOnWrongWidgetsAndUnknownIds)
