@@ -236,8 +236,7 @@ TEST(Tip, PlacementAbovePointerAndAtScreenEdges)
     EXPECT_EQ(XtX(tip), 400);
     EXPECT_EQ(XtY(tip) + XtHeight(tip) + 5, 300);
     EXPECT_EQ(RootPixel(XtX(tip) + 2, XtY(tip) + 2), kTipColour);
-    XmString s = nullptr;
-    XtVaGetValues(xwkTipLabelWidget, XmNlabelString, &s, NULL);
+    XmString s = xwktest::Get<XmString>(xwkTipLabelWidget, XmNlabelString);
     char *text = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, nullptr, 0,
                                          XmOUTPUT_ALL);
     EXPECT_STREQ(text, "twolines");

@@ -45,8 +45,7 @@ struct Fixture {
     }
     ~Fixture()
     {
-        if (shell)
-            XtDestroyWidget(shell);
+        XtDestroyWidget(shell);
         xwktest::Settle();
     }
     XwkComboBoxPart &part() { return ((XwkComboBoxWidget)combo)->combo; }
@@ -184,7 +183,6 @@ TEST(ComboBox, EditableTextTakesTypingAndActivates)
     selections.clear();
     xwktest::PressKey(dpy, XK_Down);
     xwktest::Settle();
-    EXPECT_TRUE(selections.empty());
     EXPECT_EQ(f.Text(), "item1");
     xwktest::PressKey(dpy, XK_Down);
     xwktest::Settle();
@@ -198,8 +196,7 @@ TEST(ComboBox, WheelScrollsTheListAndLeavesItUp)
     Fixture f(XwkDROP_DOWN_LIST, 20);
     ASSERT_TRUE(f.Pop());
     Widget list = XwkComboBoxGetList(f.combo);
-    int top = 0;
-    XtVaGetValues(list, XmNtopItemPosition, &top, NULL);
+    int top = xwktest::Get<int>(list, XmNtopItemPosition);
     xwktest::ClickCenter(list, 5);
     xwktest::Settle();
     EXPECT_GT(xwktest::Get<int>(list, XmNtopItemPosition), top);

@@ -523,8 +523,7 @@ TEST(DeskClones, ShareItemsWithOwnScrollAndGoWithTheirMother)
         EXPECT_GT(cap.Count(0xff0000, 0, 0, cap.width(), cap.height()), 16 * 16);
         XtDestroyWidget(form);
         xwktest::Settle();
-        XtVaGetValues(s.desk, XmNnumClones, &count, NULL);
-        EXPECT_EQ(count, 0u);
+        EXPECT_EQ(xwktest::Get<Cardinal>(s.desk, XmNnumClones), 0u);
         EXPECT_EQ(XmPrjDeskGetDeskWidgetFromItem(added), s.desk);
         // A clone cannot outlive its mother: it goes with her.
         Widget orphan = XmCreateScrolledDeskList(later, (String) "view", mother, 1);

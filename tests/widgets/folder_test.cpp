@@ -71,8 +71,7 @@ struct Folder {
     ~Folder()
     {
         on_call = nullptr;
-        if (shell)
-            XtDestroyWidget(shell);
+        XtDestroyWidget(shell);
         xwktest::Settle();
     }
     XmFolderPart &part() { return ((XmFolderWidget)folder)->folder; }

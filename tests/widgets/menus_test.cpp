@@ -160,12 +160,11 @@ TEST(Menus, BuiltFromTheTable)
     EXPECT_EQ(XtClass(win.file[2].widget), xmSeparatorWidgetClass);
     EXPECT_EQ(XtClass(win.edit[0].widget), xmToggleButtonWidgetClass);
     EXPECT_EQ(xwktest::Get<Widget>(win.bar, XmNmenuHelpWidget), win.top[2].widget);
-    XtPointer record = nullptr;
-    XtVaGetValues(win.top[3].widget, XmNuserData, &record, NULL);
-    EXPECT_EQ(record, nullptr);  // a cascade without submenu has no record
-    XtVaGetValues(open, XmNuserData, &record, NULL);
+    // A cascade without submenu has no record.
+    EXPECT_EQ(xwktest::Get<XtPointer>(win.top[3].widget, XmNuserData), nullptr);
+    auto *record = (XwkMenuButtonRec *)xwktest::Get<XtPointer>(open, XmNuserData);
     ASSERT_NE(record, nullptr);
-    EXPECT_STREQ(((XwkMenuButtonRec *)record)->short_help, "Open a file|Open");
+    EXPECT_STREQ(record->short_help, "Open a file|Open");
 
     XwkMenuItemsSetClosure(win.top, (XtPointer)&win);
     EXPECT_EQ(win.file[3].closure, (XtPointer)&win);
