@@ -624,16 +624,6 @@ TEST(DeskBadInput, ZeroSizedDeskAndPlainParent)
 
 int deletions = 0;
 
-void DeleteCurrent(Widget w, XtPointer, XtPointer)
-{
-    XmPrjDeskDeleteItem(w, XmPrjDeskGetSelectedItem(w));
-}
-
-void Counted(XmPrjDeskNode, XtPointer)
-{
-    deletions++;
-}
-
 TEST(DeskBadInput, DeletingTheCurrentItemInsideItsCallbacks)
 {
     for (const char *list : {"selectionChanged", "singleSelectionCallback",
@@ -642,9 +632,13 @@ TEST(DeskBadInput, DeletingTheCurrentItemInsideItsCallbacks)
         deletions = 0;
         for (int i = 0; i < 6; i++) {
             XmPrjDeskNode n = XmPrjDeskAddItem(s.desk, (char *)"same", nullptr, nullptr);
-            XmPrjDeskAddDeleteItemCallback(s.desk, n, Counted, nullptr);
+            XmPrjDeskAddDeleteItemCallback(
+                s.desk, n, [](XmPrjDeskNode, XtPointer) { deletions++; }, nullptr);
         }
-        XtAddCallback(s.desk, list, DeleteCurrent, nullptr);
+        auto delete_current = [](Widget w, XtPointer, XtPointer) {
+            XmPrjDeskDeleteItem(w, XmPrjDeskGetSelectedItem(w));
+        };
+        XtAddCallback(s.desk, list, delete_current, nullptr);
         s.Up();
         XmPrjDeskPart &d = ((XmPrjDeskWidget)s.desk)->desk;
         int x = ((XmPrimitiveWidget)s.desk)->primitive.shadow_thickness + 2 + d.cellWidth / 2;
