@@ -84,19 +84,6 @@ struct Folder {
         xwktest::Click(folder, p.x + p.width / 2, p.y + p.height / 2, button);
         xwktest::Settle();
     }
-    // A click in two halves, with modifier keys held.
-    void Press(int x, int y, unsigned modifiers = 0)
-    {
-        xwktest::HoldModifiers(XtDisplay(folder), modifiers, true);
-        xwktest::Press(folder, x, y, 1, 0);
-    }
-    void Release(int x, int y, unsigned modifiers = 0)
-    {
-        xwktest::MoveTo(folder, x, y, 0);
-        xwktest::Release(folder, 1, 0);
-        xwktest::HoldModifiers(XtDisplay(folder), modifiers, false);
-        xwktest::Settle();
-    }
     // Centre of an arrow box: 1 left, 2 right.
     void ArrowCentre(int which, int *x, int *y)
     {
@@ -108,8 +95,8 @@ struct Folder {
     {
         int x, y;
         ArrowCentre(which, &x, &y);
-        Press(x, y, modifiers);
-        Release(x, y, modifiers);
+        xwktest::ClickWith(folder, x, y, modifiers);
+        xwktest::Settle();
     }
     bool Shown(int n)
     {
@@ -145,9 +132,10 @@ TEST(Folder, ChildrenArePagesShownByClicksOnTheirTabs)
 
     // Press on one tab, release on another: nothing.
     ClearCalls();
-    int x3 = f.page(3).x + 5, y3 = f.page(3).y + 5;
-    f.Press(f.page(1).x + 5, f.page(1).y + 8);
-    f.Release(x3, y3);
+    xwktest::Press(f.folder, f.page(1).x + 5, f.page(1).y + 8, 1, 0);
+    xwktest::MoveTo(f.folder, f.page(3).x + 5, f.page(3).y + 5, 0);
+    xwktest::Release(f.folder, 1, 0);
+    xwktest::Settle();
     EXPECT_EQ(f.active(), 2);
     EXPECT_TRUE(calls.empty());
     EXPECT_TRUE(f.log.texts.empty()) << f.log.texts[0];
@@ -289,9 +277,9 @@ TEST(Folder, ArrowsScrollTheTabsAndAResizeKeepsTheRowFull)
     XtInsertEventHandler(f.folder, ButtonReleaseMask, False, at_release, nullptr, XtListHead);
     int x, y;
     f.ArrowCentre(2, &x, &y);
-    f.Press(x, y);
-    xwktest::Pump(650);
-    f.Release(x, y);
+    xwktest::Press(f.folder, x, y, 1, 650);
+    xwktest::Release(f.folder, 1, 0);
+    xwktest::Settle();
     EXPECT_GE(held, 1 + 2);
     EXPECT_LE(held, 1 + 6);
     EXPECT_EQ(p.topTab, held);
@@ -407,7 +395,7 @@ TEST(Folder, TheActiveTabStandsHigherAndOpensIntoThePage)
     }
 }
 
-TEST(Folder, PagesComeAndGoAtRunTime)
+TEST(Folder, PagesComeAndGoAtRunTimeAlsoByTheHundred)
 {
     Folder f(0, false);
     int a = XmFolderAddPage(f.folder, (char *)"Alpha", nullptr);
@@ -459,6 +447,45 @@ TEST(Folder, PagesComeAndGoAtRunTime)
     xwktest::PressKey(XtDisplay(f.folder), XK_0, ControlMask);
     xwktest::Settle();
     EXPECT_EQ(XmFolderGetNumPages(f.folder), 1);
+
+    // Five hundred pages, then half of them deleted from the front.
+    for (int i = 2; i <= 500; i++)
+        XmFolderAddPage(f.folder, (char *)("Page " + std::to_string(i)).c_str(), nullptr);
+    EXPECT_EQ(XmFolderGetNumPages(f.folder), 500);
+    EXPECT_TRUE(XmFolderSetActivePage(f.folder, f.id(500), False));
+    xwktest::Settle();
+    EXPECT_TRUE(f.part().leftArrowShown);
+    xwktest::PressKey(XtDisplay(f.folder), XK_1, ControlMask);
+    for (int i = 0; i < 500; i += 2)
+        XmFolderDeletePage(f.folder, f.id(1));
+    xwktest::Settle();
+    EXPECT_EQ(XmFolderGetNumPages(f.folder), 250);
+
+    // Squeezed to one pixel: tabs, arrows and keys still behave.
+    XtResizeWidget(f.shell, 1, 1, 0);
+    XtResizeWidget(f.folder, 1, 1, 0);
+    XmFolderAddPage(f.folder, (char *)"", nullptr);
+    XmFolderSetActivePage(f.folder, f.id(3), True);
+    XClearArea(XtDisplay(f.folder), XtWindow(f.folder), 0, 0, 0, 0, True);
+    xwktest::Click(f.folder, 0, 0);
+    xwktest::PressKey(XtDisplay(f.folder), XK_Next, ControlMask);
+    xwktest::Settle();
+    EXPECT_EQ(XmFolderGetNumPages(f.folder), 251);
+
+    // Made with no size at all: realized, it takes pages.
+    Widget zero = XtVaCreateWidget("zero", xmFolderWidgetClass, f.folder, XmNwidth, 0, XmNheight, 0,
+                                   XmNuseMenu, True, NULL);
+    XtRealizeWidget(zero);
+    EXPECT_TRUE(XtIsRealized(zero));
+    XmFolderAddPage(zero, (char *)"One", nullptr);
+    XmFolderAddPage(zero, (char *)"Two", nullptr);
+    EXPECT_TRUE(XmFolderSetActivePage(zero, 2, True));
+    XtWidgetGeometry reply = {};
+    XtQueryGeometry(zero, nullptr, &reply);
+    EXPECT_GE(reply.width, 1);
+    EXPECT_TRUE(XmFolderDeletePage(zero, 2));
+    XtDestroyWidget(zero);
+    xwktest::Settle();
 }
 
 TEST(Folder, OperationsOnWrongWidgetsAndUnknownIds)
@@ -502,48 +529,6 @@ TEST(Folder, OperationsOnWrongWidgetsAndUnknownIds)
 
     XtVaSetValues(f.folder, XmNuseTabs, False, NULL);
     EXPECT_EQ(XmFolderGetTabsHeight(f.folder), 0);
-}
-
-TEST(Folder, FiveHundredPagesAndAZeroSizedFolder)
-{
-    Folder f(0, false);
-    for (int i = 1; i <= 500; i++)
-        XmFolderAddPage(f.folder, (char *)("Page " + std::to_string(i)).c_str(), nullptr);
-    EXPECT_EQ(XmFolderGetNumPages(f.folder), 500);
-    EXPECT_TRUE(XmFolderSetActivePage(f.folder, f.id(500), False));
-    xwktest::Settle();
-    EXPECT_TRUE(f.part().leftArrowShown);
-    xwktest::PressKey(XtDisplay(f.folder), XK_1, ControlMask);
-    for (int i = 0; i < 500; i += 2)
-        XmFolderDeletePage(f.folder, f.id(1));
-    xwktest::Settle();
-    EXPECT_EQ(XmFolderGetNumPages(f.folder), 250);
-
-    // Squeezed to one pixel: tabs, arrows and keys still behave.
-    XtResizeWidget(f.shell, 1, 1, 0);
-    XtResizeWidget(f.folder, 1, 1, 0);
-    XmFolderAddPage(f.folder, (char *)"", nullptr);
-    XmFolderSetActivePage(f.folder, f.id(3), True);
-    XClearArea(XtDisplay(f.folder), XtWindow(f.folder), 0, 0, 0, 0, True);
-    xwktest::Click(f.folder, 0, 0);
-    xwktest::PressKey(XtDisplay(f.folder), XK_Next, ControlMask);
-    xwktest::Settle();
-    EXPECT_EQ(XmFolderGetNumPages(f.folder), 251);
-
-    // Made with no size at all: realized, it takes pages.
-    Widget zero = XtVaCreateWidget("zero", xmFolderWidgetClass, f.folder, XmNwidth, 0, XmNheight, 0,
-                                   XmNuseMenu, True, NULL);
-    XtRealizeWidget(zero);
-    EXPECT_TRUE(XtIsRealized(zero));
-    XmFolderAddPage(zero, (char *)"One", nullptr);
-    XmFolderAddPage(zero, (char *)"Two", nullptr);
-    EXPECT_TRUE(XmFolderSetActivePage(zero, 2, True));
-    XtWidgetGeometry reply = {};
-    XtQueryGeometry(zero, nullptr, &reply);
-    EXPECT_GE(reply.width, 1);
-    EXPECT_TRUE(XmFolderDeletePage(zero, 2));
-    XtDestroyWidget(zero);
-    xwktest::Settle();
 }
 
 }  // namespace

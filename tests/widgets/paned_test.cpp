@@ -20,8 +20,8 @@ struct Panes {
         static const char *colours[] = {"red", "green", "blue", "yellow"};
         for (int i = 0; i < count; i++)
             panes.push_back(XtVaCreateManagedWidget(
-                ("pane" + std::to_string(i)).c_str(), xmDrawingAreaWidgetClass, paned, XmNwidth, 300,
-                XmNheight, 70, XmNbackground, xwktest::NamedPixel(app, colours[i % 4]),
+                ("pane" + std::to_string(i)).c_str(), xmDrawingAreaWidgetClass, paned, XmNwidth,
+                300, XmNheight, 70, XmNbackground, xwktest::NamedPixel(app, colours[i % 4]),
                 XmNmarginWidth, 0, XmNmarginHeight, 0, NULL));
         xwktest::Show(paned, shell, 0);
     }
