@@ -204,36 +204,7 @@ TEST(ToolBar, OnlyGapsMakeNoToolBar)
     EXPECT_EQ(xwktest::FindWidget(empty.form, "xwkToolBar"), nullptr);
 }
 
-TEST(Tip, TargetOrToolBarDestroyedWhileInUse)
-{
-    Bar bar(false);
-    Widget label = XtVaCreateManagedWidget("plain", xmLabelWidgetClass, bar.form, NULL);
-    xwktest::Settle();
-    XwkShowTipLabel(label, "waits");
-    XtDestroyWidget(label);
-    EXPECT_FALSE(WaitTip(true, 1200));
-
-    label = XtVaCreateManagedWidget("plain", xmLabelWidgetClass, bar.form, NULL);
-    xwktest::Settle();
-    XwkShowTipLabelNow(label, "shows");
-    ASSERT_FALSE(xwkTipLabelIsHidden);
-    XtDestroyWidget(label);
-    xwktest::Settle();
-    EXPECT_TRUE(xwkTipLabelIsHidden);
-    XwkShowTipLabelNow(bar.button(0), "again");
-    EXPECT_FALSE(xwkTipLabelIsHidden);
-    XwkHideTipLabel();
-
-    // A button's callback may destroy the whole tool bar.
-    destroy_in_callback = bar.toolbar;
-    bar.Enter(0);
-    xwktest::ClickCenter(bar.button(0));
-    ASSERT_TRUE(xwktest::PumpUntil([] { return !presses.empty(); }));
-    xwktest::Settle();
-    EXPECT_EQ(xwktest::FindWidget(bar.form, "xwkToolBar"), nullptr);
-}
-
-TEST(Tip, PlacementAbovePointerAndAtScreenEdges)
+TEST(Tip, PlacedAtScreenEdgesAndGoneWithItsTarget)
 {
     Display *dpy = XtDisplay(App());
     int sw = WidthOfScreen(XtScreen(App())), sh = HeightOfScreen(XtScreen(App()));
@@ -264,6 +235,32 @@ TEST(Tip, PlacementAbovePointerAndAtScreenEdges)
     XwkShowTipLabelNow(b, "bottom edge");
     EXPECT_EQ(XtY(tip), by + XtHeight(b) + 5 - 1 - (XtHeight(tip) + 10 + XtHeight(b)));
     XwkHideTipLabel();
+
+    // The target goes while the tip waits, or while it shows.
+    Widget label = XtVaCreateManagedWidget("plain", xmLabelWidgetClass, bar.form, NULL);
+    xwktest::Settle();
+    XwkShowTipLabel(label, "waits");
+    XtDestroyWidget(label);
+    EXPECT_FALSE(WaitTip(true, 1200));
+
+    label = XtVaCreateManagedWidget("plain", xmLabelWidgetClass, bar.form, NULL);
+    xwktest::Settle();
+    XwkShowTipLabelNow(label, "shows");
+    ASSERT_FALSE(xwkTipLabelIsHidden);
+    XtDestroyWidget(label);
+    xwktest::Settle();
+    EXPECT_TRUE(xwkTipLabelIsHidden);
+    XwkShowTipLabelNow(bar.button(0), "again");
+    EXPECT_FALSE(xwkTipLabelIsHidden);
+    XwkHideTipLabel();
+
+    // A button's callback may destroy the whole tool bar.
+    destroy_in_callback = bar.toolbar;
+    bar.Enter(0);
+    xwktest::ClickCenter(bar.button(0));
+    ASSERT_TRUE(xwktest::PumpUntil([] { return !presses.empty(); }));
+    xwktest::Settle();
+    EXPECT_EQ(xwktest::FindWidget(bar.form, "xwkToolBar"), nullptr);
 }
 
 TEST(ShortHelp, TextIsCleanedAndShownOnlyWhenNew)
