@@ -54,7 +54,7 @@ void Drag(Widget w, int dx, int dy)
     xwktest::RootPosition(w, &x, &y);
     x += w->core.width / 2;
     y += w->core.height / 2;
-    xwktest::DragPointer(w, x, y, x + dx, y + dy, 1, 4, 5);
+    xwktest::DragPointer(w, x, y, x + dx, y + dy, 1, 4, 1);
 }
 
 TEST(PanedWindow, StacksPanesWithSashesBetween)
