@@ -7,7 +7,8 @@
 
 namespace {
 
-XwkIcon *SolidIcon(Widget w, int width, int height)
+// An icon of blue and transparent columns.
+XwkIcon *StripedIcon(Widget w, int width, int height)
 {
     std::string header = std::to_string(width) + " " + std::to_string(height) + " 2 1";
     std::string row;
@@ -19,18 +20,15 @@ XwkIcon *SolidIcon(Widget w, int width, int height)
     return XwkIconCreateFromData(w, data.data());
 }
 
+// A plain scrolled desk, shown by Up() once the test has filled it.
 struct Shown {
     Widget shell, desk;
     Shown(int width, int height)
+        : shell(xwktest::Shell("bad", width, height)),
+          desk(XmCreateScrolledDeskList(shell, (String) "icons", nullptr, 0))
     {
-        shell = XtVaCreatePopupShell("bad", topLevelShellWidgetClass, xwktest::StartApp(),
-                                     XmNwidth, width, XmNheight, height, NULL);
-        desk = XmCreateScrolledDeskList(shell, (String) "icons", nullptr, 0);
     }
-    void Up()
-    {
-        xwktest::Show(desk, shell, 100);
-    }
+    void Up() { xwktest::Show(desk, shell, 100); }
     ~Shown()
     {
         XtDestroyWidget(shell);
@@ -42,8 +40,8 @@ TEST(DeskBadInput, OddLabelsAndIcons)
 {
     Shown s(300, 200);
     std::string huge(10000, 'W');
-    std::vector<XwkIcon *> icons = {SolidIcon(s.desk, 1, 1), SolidIcon(s.desk, 200, 3),
-                                    SolidIcon(s.desk, 3, 120), nullptr};
+    std::vector<XwkIcon *> icons = {StripedIcon(s.desk, 1, 1), StripedIcon(s.desk, 200, 3),
+                                    StripedIcon(s.desk, 3, 120), nullptr};
     const char *labels[] = {"", nullptr, huge.c_str(), "\t\n\x01", "\xc3\xa9t\xc3\xa9"};
     for (XwkIcon *icon : icons)
         for (const char *label : labels)
@@ -67,8 +65,7 @@ TEST(DeskBadInput, OddLabelsAndIcons)
 
 TEST(DeskBadInput, ZeroSizedDeskAndPlainParent)
 {
-    Widget shell = XtVaCreatePopupShell("zero", topLevelShellWidgetClass, xwktest::StartApp(),
-                                        XmNwidth, 50, XmNheight, 50, NULL);
+    Widget shell = xwktest::Shell("zero", 50, 50);
     Widget desk = XmCreatePrjDesk(shell, (String) "plain", nullptr, 0);
     for (int i = 0; i < 5; i++)
         XmPrjDeskAddItem(desk, (char *)"x", nullptr, nullptr);
@@ -93,16 +90,6 @@ TEST(DeskBadInput, ZeroSizedDeskAndPlainParent)
 
 int deletions = 0;
 
-void DeleteCurrent(Widget w, XtPointer, XtPointer)
-{
-    XmPrjDeskDeleteItem(w, XmPrjDeskGetSelectedItem(w));
-}
-
-void Counted(XmPrjDeskNode, XtPointer)
-{
-    deletions++;
-}
-
 TEST(DeskBadInput, DeletingTheCurrentItemInsideItsCallbacks)
 {
     for (const char *list : {"selectionChanged", "singleSelectionCallback",
@@ -111,9 +98,13 @@ TEST(DeskBadInput, DeletingTheCurrentItemInsideItsCallbacks)
         deletions = 0;
         for (int i = 0; i < 6; i++) {
             XmPrjDeskNode n = XmPrjDeskAddItem(s.desk, (char *)"same", nullptr, nullptr);
-            XmPrjDeskAddDeleteItemCallback(s.desk, n, Counted, nullptr);
+            XmPrjDeskAddDeleteItemCallback(
+                s.desk, n, [](XmPrjDeskNode, XtPointer) { deletions++; }, nullptr);
         }
-        XtAddCallback(s.desk, list, DeleteCurrent, nullptr);
+        auto delete_current = [](Widget w, XtPointer, XtPointer) {
+            XmPrjDeskDeleteItem(w, XmPrjDeskGetSelectedItem(w));
+        };
+        XtAddCallback(s.desk, list, delete_current, nullptr);
         s.Up();
         XmPrjDeskPart &d = ((XmPrjDeskWidget)s.desk)->desk;
         int x = ((XmPrimitiveWidget)s.desk)->primitive.shadow_thickness + 2 + d.cellWidth / 2;
@@ -129,8 +120,7 @@ TEST(DeskBadInput, DeletingTheCurrentItemInsideItsCallbacks)
 
 TEST(DeskBadInput, OtherWidgetsAreIgnored)
 {
-    Widget shell = XtVaCreatePopupShell("other", topLevelShellWidgetClass, xwktest::StartApp(),
-                                        NULL);
+    Widget shell = xwktest::Shell("other", 100, 100);
     Widget label = XmCreateLabel(shell, (String) "label", nullptr, 0);
     for (Widget w : {label, (Widget) nullptr}) {
         XtPointer *list = (XtPointer *)1;

@@ -85,9 +85,9 @@ struct Desk {
     {
         XmPrjDeskPart &d = Part(desk);
         int col = index % d.columns, row = index / d.columns - d.topRow;
-        int ht = ((XmPrimitiveWidget)desk)->primitive.highlight_thickness;
-        int icon_box = d.maxIconHeight + 2 * (((XmPrimitiveWidget)desk)->primitive.shadow_thickness +
-                                              d.hIconPad);
+        auto *pw = (XmPrimitiveWidget)desk;
+        int ht = pw->primitive.highlight_thickness;
+        int icon_box = d.maxIconHeight + 2 * (pw->primitive.shadow_thickness + d.hIconPad);
         auto item = (XmPrjDeskItem)NodeData(index);
         *x = Inset(desk, true) + col * d.cellWidth + (d.cellWidth - d.hPad) / 2;
         *y = Inset(desk, false) + row * d.cellHeight + icon_box + d.vFontPad + ht +
@@ -113,17 +113,19 @@ struct Desk {
         xwktest::ClickWith(desk, x, y, mods, button);
         xwktest::Pump(60);
     }
-    void Drag(int x1, int y1, int x2, int y2, unsigned button = 1)
-    {
-        xwktest::Press(desk, x1, y1, button, 30);
-        for (int step = 1; step <= 4; step++)
-            xwktest::MoveTo(desk, x1 + (x2 - x1) * step / 4, y1 + (y2 - y1) * step / 4, 30);
-        xwktest::Release(desk, button, 60);
-    }
     int SelectedCount() { return XmPrjDeskGetSelectedItemCount(desk); }
     bool IsSelected(int index)
     {
         return ((XmPrjDeskItem)NodeData(index))->flags & XmDESK_ITEM_SELECTED;
+    }
+    // Positions of the selected items among the first n.
+    std::vector<int> Selected(int n)
+    {
+        std::vector<int> out;
+        for (int i = 0; i < n; i++)
+            if (IsSelected(i))
+                out.push_back(i);
+        return out;
     }
     void Key(KeySym sym, unsigned mods = 0)
     {
@@ -132,10 +134,11 @@ struct Desk {
     }
 };
 
-TEST(DeskGrid, CellsPlacementAndCentredLabels)
+TEST(DeskGrid, CellsLabelsSelectedLookAndHitTest)
 {
-    Desk s(30);
+    Desk s(14);
     XmPrjDeskPart &d = Part(s.desk);
+    ASSERT_LT(2 * d.columns, 14);  // two full rows and a part of a third
     auto *pw = (XmPrimitiveWidget)s.desk;
     int shadow = pw->primitive.shadow_thickness, ht = pw->primitive.highlight_thickness;
     // The widest label decides the width; labels are measured as Motif does.
@@ -147,7 +150,7 @@ TEST(DeskGrid, CellsPlacementAndCentredLabels)
     EXPECT_EQ(d.cellHeight, 2 * (shadow + ht + d.hIconPad) + 16 + lh + d.vFontPad + d.vPad);
     int room = s.desk->core.width - 2 * Inset(s.desk, true) - d.hPad;
     EXPECT_EQ(d.columns, std::max(1, room / (int)d.cellWidth));
-    EXPECT_EQ(d.totalRows, (30 + d.columns - 1) / d.columns);
+    EXPECT_EQ(d.totalRows, (14 + d.columns - 1) / d.columns);
 
     xwktest::Capture cap(s.desk);
     ASSERT_TRUE(cap.ok());
@@ -171,21 +174,17 @@ TEST(DeskGrid, CellsPlacementAndCentredLabels)
         ASSERT_GE(left, 0) << i;
         EXPECT_LE(std::abs((left + right) / 2 - centre), 2) << i;
     }
-}
 
-TEST(DeskGrid, SelectedLookAndHitTest)
-{
-    Desk s(12);
+    // The selected label is filled, the others are not.
     s.ClickItem(4);
-    XmPrjDeskPart &d = Part(s.desk);
     EXPECT_EQ(s.CurrentIndex(), 4);
-    xwktest::Capture cap(s.desk);
+    xwktest::Capture selected(s.desk);
     Pixel fill = d.hasFocus ? d.activeBackground : d.inactiveBackground;
     int x, y;
     s.LabelCentre(4, &x, &y);
-    EXPECT_GT(cap.Count(fill, x - 20, y - 3, 40, 6), 60);
+    EXPECT_GT(selected.Count(fill, x - 20, y - 3, 40, 6), 60);
     s.LabelCentre(5, &x, &y);
-    EXPECT_EQ(cap.Count(fill, x - 20, y - 3, 40, 6), 0);
+    EXPECT_EQ(selected.Count(fill, x - 20, y - 3, 40, 6), 0);
     // The gap between two cells and the point past the last item hit nothing.
     int gap_x = Inset(s.desk, true) + d.cellWidth - 1;
     EXPECT_EQ(XmPrjDeskWhichItem(s.desk, gap_x, y), nullptr);
@@ -205,12 +204,9 @@ TEST(DeskGrid, SelectedLookAndHitTest)
     EXPECT_GT(framed(), before + 40);
     XmPrjDeskUnhighlight(s.desk);
     EXPECT_EQ(framed(), before);
-    int past = 12 % d.columns ? 12 : -1;
-    if (past > 0) {
-        int px = Inset(s.desk, true) + (past % d.columns) * d.cellWidth + d.cellWidth / 2;
-        int py = Inset(s.desk, false) + (past / d.columns) * d.cellHeight + 10;
-        EXPECT_EQ(XmPrjDeskWhichItem(s.desk, px, py), nullptr);
-    }
+    int px = Inset(s.desk, true) + (14 % d.columns) * d.cellWidth + d.cellWidth / 2;
+    int py = Inset(s.desk, false) + (14 / d.columns) * d.cellHeight + 10;
+    EXPECT_EQ(XmPrjDeskWhichItem(s.desk, px, py), nullptr);
 }
 
 TEST(DeskInput, ClicksTogglesAndDoubleClick)
@@ -239,11 +235,7 @@ TEST(DeskInput, ClicksTogglesAndDoubleClick)
             s.ClickItem(click.first, click.second);
             xwktest::PastMultiClick(s.desk);
         }
-        std::vector<int> got;
-        for (int i = 0; i < 16; i++)
-            if (s.IsSelected(i))
-                got.push_back(i);
-        EXPECT_EQ(got, c.selected) << c.policy << " " << c.clicks.size();
+        EXPECT_EQ(s.Selected(16), c.selected) << c.policy << " " << c.clicks.size();
         EXPECT_EQ(s.SelectedCount(), (int)c.selected.size());
         EXPECT_EQ(s.CurrentIndex(), c.current);
         const Call *call = Last(c.list);
@@ -275,21 +267,19 @@ TEST(DeskInput, ClicksTogglesAndDoubleClick)
     EXPECT_EQ(Last("defaultActionCallback")->data.position, 5);
 }
 
-TEST(DeskInput, RubberBandSelectsTouchedItems)
+TEST(DeskInput, RubberBandSelectsTouchedItemsAndScrollsWhileOutside)
 {
-    Desk s(20, XmMULTIPLE_SELECT);
+    Desk s(300, XmMULTIPLE_SELECT);
     XmPrjDeskPart &d = Part(s.desk);
     ASSERT_GE(d.columns, 3);
-    int x0, y0, x2, y2;
-    s.LabelCentre(0, &x0, &y0);
-    s.LabelCentre(d.columns + 1, &x2, &y2);
     // From the gap left of the first icon to the label of row 2, column 2.
-    s.Drag(Inset(s.desk, true) - 1, Inset(s.desk, false) + 2, x2, y2);
-    std::vector<int> got;
-    for (int i = 0; i < 20; i++)
-        if (s.IsSelected(i))
-            got.push_back(i);
-    EXPECT_EQ(got, (std::vector<int>{0, 1, d.columns, d.columns + 1}));
+    int x0 = Inset(s.desk, true) - 1, y0 = Inset(s.desk, false) + 2, x1, y1;
+    s.LabelCentre(d.columns + 1, &x1, &y1);
+    xwktest::Press(s.desk, x0, y0, 1, 30);
+    for (int step = 1; step <= 4; step++)
+        xwktest::MoveTo(s.desk, x0 + (x1 - x0) * step / 4, y0 + (y1 - y0) * step / 4, 30);
+    xwktest::Release(s.desk, 1, 60);
+    EXPECT_EQ(s.Selected(300), (std::vector<int>{0, 1, d.columns, d.columns + 1}));
     EXPECT_EQ(s.SelectedCount(), 4);
     ASSERT_NE(Last("multipleSelectionCallback"), nullptr);
     // The band leaves nothing drawn behind it.
@@ -297,22 +287,18 @@ TEST(DeskInput, RubberBandSelectsTouchedItems)
     Pixel bg = xwktest::PixelOf(s.desk, XmNbackground);
     int gx = Inset(s.desk, true) + 2 * d.cellWidth + 2;
     EXPECT_EQ(cap.Count(bg, gx, Inset(s.desk, false), 1, 2 * d.cellHeight), 2 * d.cellHeight);
-}
 
-TEST(DeskInput, RubberBandScrollsWhileOutside)
-{
-    Desk s(300, XmMULTIPLE_SELECT);
-    XmPrjDeskPart &d = Part(s.desk);
-    xwktest::Press(s.desk, Inset(s.desk, true) - 1, Inset(s.desk, false) + 2, 1, 30);
+    // Out below the desk the band scrolls it, and reaches the rows scrolled in.
+    xwktest::PastMultiClick(s.desk);
+    xwktest::Press(s.desk, x0, y0, 1, 30);
     // The band is anchored where the first motion finds the pointer.
-    xwktest::MoveTo(s.desk, Inset(s.desk, true), Inset(s.desk, false) + 3, 30);
+    xwktest::MoveTo(s.desk, x0 + 1, y0 + 1, 30);
     xwktest::MoveTo(s.desk, 40, s.desk->core.height / 2, 30);
     xwktest::MoveTo(s.desk, 40, s.desk->core.height + 30, 0);
     xwktest::PumpUntil([&] { return d.topRow >= 3; }, 3000);
     xwktest::Release(s.desk, 1, 60);
     EXPECT_GE(d.topRow, 3);
     EXPECT_EQ(xwktest::Get<int>(d.scrollBar, XmNvalue), d.topRow);
-    // The band reaches from the first row to the rows scrolled in.
     EXPECT_TRUE(s.IsSelected(0));
     EXPECT_TRUE(s.IsSelected((d.topRow + d.visibleRows - 1) * d.columns));
     EXPECT_EQ(d.autoScrollTimer, 0u);
@@ -350,9 +336,7 @@ TEST(DeskInput, KeysAndWheelScrollByRows)
     EXPECT_EQ(s.CurrentIndex(), step * d.columns);
     EXPECT_EQ(xwktest::Get<int>(d.scrollBar, XmNvalue), d.topRow);
     // A plain wheel click moves half a page, with Shift one row.
-    int top = d.topRow;
-    int page = 0;
-    XtVaGetValues(d.scrollBar, XmNpageIncrement, &page, NULL);
+    int top = d.topRow, page = xwktest::Get<int>(d.scrollBar, XmNpageIncrement);
     xwktest::Press(s.desk, 5, 5, 5, 0);
     xwktest::Release(s.desk, 5, 80);
     EXPECT_EQ(d.topRow, top + page - page / 2);
@@ -493,70 +477,63 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
     EXPECT_EQ(users, nullptr);
 }
 
-TEST(DeskClones, ShareItemsWithOwnScroll)
+TEST(DeskClones, ShareItemsWithOwnScrollAndGoWithTheirMother)
 {
-    Desk s(60);
-    XtOverrideTranslations(s.desk, XtParseTranslationTable("<Key>F5: DeskKbdKey(5)"));
-    Widget form = xwktest::Shell("clone", 200, 160);
-    Arg mother[] = {{(String)XmNmother, (XtArgVal)s.desk}};
-    Widget clone = XmCreateScrolledDeskList(form, (String) "view", mother, 1);
-    xwktest::Show(clone, form);
-    WidgetList clones = nullptr;
-    Cardinal count = 0;
-    XtVaGetValues(clone, XmNclones, &clones, XmNnumClones, &count, NULL);
-    ASSERT_EQ(count, 1u);
-    EXPECT_EQ(clones[0], clone);
-    EXPECT_EQ(XmPrjDeskGetItemsCount(clone), 60);
-    // The clone takes its mother's translations.
-    EXPECT_EQ(xwktest::Get<XtTranslations>(clone, XmNtranslations),
-              xwktest::Get<XtTranslations>(s.desk, XmNtranslations));
-    XmPrjDeskNode added = XmPrjDeskAddItem(clone, (char *)"zzz", s.icon, (XtPointer)7);
-    EXPECT_EQ(XmPrjDeskGetDeskWidgetFromItem(added), clone);
-    EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 61);
-    XmPrjDeskSetItem(clone, added);
-    EXPECT_EQ(XmPrjDeskGetSelectedItem(s.desk), added);
-    // Both desks answer XmNselected with the current item's data.
-    for (Widget v : {s.desk, clone})
-        EXPECT_EQ(xwktest::Get<XtPointer>(v, XmNselected), (XtPointer)7);
-    EXPECT_GT(Part(clone).topRow, 0);
-    EXPECT_EQ(Part(s.desk).topRow, 0);
-    // Resources set on a clone are its mother's, and size every desk.
-    Dimension width = Part(clone).cellWidth;
-    XtVaSetValues(clone, XmNhPad, 12, NULL);
-    EXPECT_EQ(Part(s.desk).hPad, 12);
-    EXPECT_EQ(Part(clone).cellWidth, width + 10);
-    EXPECT_EQ(Part(s.desk).cellWidth, width + 10);
-    int x = -1, y = -1;
-    EXPECT_EQ(XmPrjDeskSetOrigins(s.desk, 0, 2), 1);
-    EXPECT_EQ(XmPrjDeskGetOrigins(s.desk, &x, &y), 1);
-    EXPECT_EQ(x, 0);
-    EXPECT_EQ(y, 2);
-    xwktest::Pump(100);
-    xwktest::Capture cap(clone);
-    EXPECT_GT(cap.Count(0xff0000, 0, 0, cap.width(), cap.height()), 16 * 16);
-    XtDestroyWidget(form);
-    xwktest::Settle();
-    XtVaGetValues(s.desk, XmNnumClones, &count, NULL);
-    EXPECT_EQ(count, 0u);
-    EXPECT_EQ(XmPrjDeskGetDeskWidgetFromItem(added), s.desk);
-}
-
-// A clone cannot outlive its mother: it goes with her.
-TEST(DeskClones, GoWithTheirMother)
-{
-    Widget shell = xwktest::Shell("later", 200, 160);
+    Widget later = xwktest::Shell("later", 200, 160);
     {
-        Desk s(5);
-        Arg args[] = {{(String)XmNmother, (XtArgVal)s.desk}};
-        Widget clone = XmCreateScrolledDeskList(shell, (String) "view", args, 1);
-        XtManageChild(clone);
-        XtPopup(shell, XtGrabNone);
+        Desk s(60);
+        XtOverrideTranslations(s.desk, XtParseTranslationTable("<Key>F5: DeskKbdKey(5)"));
+        Widget form = xwktest::Shell("clone", 200, 160);
+        Arg mother[] = {{(String)XmNmother, (XtArgVal)s.desk}};
+        Widget clone = XmCreateScrolledDeskList(form, (String) "view", mother, 1);
+        xwktest::Show(clone, form);
+        WidgetList clones = nullptr;
+        Cardinal count = 0;
+        XtVaGetValues(clone, XmNclones, &clones, XmNnumClones, &count, NULL);
+        ASSERT_EQ(count, 1u);
+        EXPECT_EQ(clones[0], clone);
+        EXPECT_EQ(XmPrjDeskGetItemsCount(clone), 60);
+        // The clone takes its mother's translations.
+        EXPECT_EQ(xwktest::Get<XtTranslations>(clone, XmNtranslations),
+                  xwktest::Get<XtTranslations>(s.desk, XmNtranslations));
+        XmPrjDeskNode added = XmPrjDeskAddItem(clone, (char *)"zzz", s.icon, (XtPointer)7);
+        EXPECT_EQ(XmPrjDeskGetDeskWidgetFromItem(added), clone);
+        EXPECT_EQ(XmPrjDeskGetItemsCount(s.desk), 61);
+        XmPrjDeskSetItem(clone, added);
+        EXPECT_EQ(XmPrjDeskGetSelectedItem(s.desk), added);
+        // Both desks answer XmNselected with the current item's data.
+        for (Widget v : {s.desk, clone})
+            EXPECT_EQ(xwktest::Get<XtPointer>(v, XmNselected), (XtPointer)7);
+        EXPECT_GT(Part(clone).topRow, 0);
+        EXPECT_EQ(Part(s.desk).topRow, 0);
+        // Resources set on a clone are its mother's, and size every desk.
+        Dimension width = Part(clone).cellWidth;
+        XtVaSetValues(clone, XmNhPad, 12, NULL);
+        EXPECT_EQ(Part(s.desk).hPad, 12);
+        EXPECT_EQ(Part(clone).cellWidth, width + 10);
+        EXPECT_EQ(Part(s.desk).cellWidth, width + 10);
+        int x = -1, y = -1;
+        ASSERT_EQ(XmPrjDeskSetOrigins(s.desk, 0, 2), 1);
+        EXPECT_EQ(XmPrjDeskGetOrigins(s.desk, &x, &y), 1);
+        EXPECT_EQ(x, 0);
+        EXPECT_EQ(y, 2);
         xwktest::Pump(100);
-        XmPrjDeskSetItem(clone, nullptr);
+        xwktest::Capture cap(clone);
+        EXPECT_GT(cap.Count(0xff0000, 0, 0, cap.width(), cap.height()), 16 * 16);
+        XtDestroyWidget(form);
+        xwktest::Settle();
+        EXPECT_EQ(xwktest::Get<Cardinal>(s.desk, XmNnumClones), 0u);
+        EXPECT_EQ(XmPrjDeskGetDeskWidgetFromItem(added), s.desk);
+        // A clone cannot outlive its mother: it goes with her.
+        Widget orphan = XmCreateScrolledDeskList(later, (String) "view", mother, 1);
+        XtManageChild(orphan);
+        XtPopup(later, XtGrabNone);
+        xwktest::Pump(100);
+        XmPrjDeskSetItem(orphan, nullptr);
     }
     xwktest::Settle();
-    EXPECT_EQ(xwktest::FindWidget(shell, "view"), nullptr);
-    XtDestroyWidget(shell);
+    EXPECT_EQ(xwktest::FindWidget(later, "view"), nullptr);
+    XtDestroyWidget(later);
     xwktest::Settle();
 }
 

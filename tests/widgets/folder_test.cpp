@@ -43,26 +43,21 @@ struct Folder {
 
     // pages > 0 with autoManage: that many drawing areas, each a page;
     // without it, that many pages added through the API.
-    Folder(int pages, bool auto_manage = true, int width = 420, ArgList extra = nullptr, Cardinal n_extra = 0)
+    Folder(int pages, bool auto_manage = true, int width = 420, std::vector<Arg> args = {})
     {
-        Widget app = xwktest::StartApp();
         shell = xwktest::Shell("folders", width, 260);
-        std::vector<Arg> args(extra, extra + n_extra);
-        Arg a;
-        XtSetArg(a, XmNshadowThickness, 2); args.push_back(a);
-        XtSetArg(a, XmNautoManage, auto_manage); args.push_back(a);
+        args.push_back({(String)XmNshadowThickness, 2});
+        args.push_back({(String)XmNautoManage, auto_manage});
         folder = XmCreateFolder(shell, (String) "folder", args.data(), (Cardinal)args.size());
         XtAddCallback(folder, XmNchangePageCallback, Record, nullptr);
-        static const char *colours[] = {"red", "green", "blue", "yellow"};
-        for (int i = 0; i < pages; i++) {
-            std::string name = "Page " + std::to_string(i + 1);
-            if (!auto_manage) {
+        for (int i = 1; i <= pages; i++) {
+            std::string name = "Page " + std::to_string(i);
+            if (auto_manage)
+                children.push_back(XtVaCreateManagedWidget(name.c_str(), xmDrawingAreaWidgetClass,
+                                                           folder, XmNwidth, 200, XmNheight, 120,
+                                                           NULL));
+            else
                 XmFolderAddPage(folder, (char *)name.c_str(), nullptr);
-                continue;
-            }
-            children.push_back(XtVaCreateManagedWidget(name.c_str(), xmDrawingAreaWidgetClass, folder,
-                                                       XmNwidth, 200, XmNheight, 120, XmNbackground,
-                                                       xwktest::NamedPixel(app, colours[i % 4]), NULL));
         }
         xwktest::Show(folder, shell, 0);
         // The shell, not the pages, sets the size from now on.
@@ -76,8 +71,7 @@ struct Folder {
     ~Folder()
     {
         on_call = nullptr;
-        if (shell)
-            XtDestroyWidget(shell);
+        XtDestroyWidget(shell);
         xwktest::Settle();
     }
     XmFolderPart &part() { return ((XmFolderWidget)folder)->folder; }
@@ -86,20 +80,8 @@ struct Folder {
     int id(int n) { return XmFolderGetFolderIdByPageNumber(folder, n); }
     void ClickTab(int n, unsigned button = 1)
     {
-        xwktest::Click(folder, page(n).x + page(n).width / 2, page(n).y + page(n).height / 2, button);
-        xwktest::Settle();
-    }
-    // A click in two halves, with modifier keys held.
-    void Press(int x, int y, unsigned modifiers = 0)
-    {
-        xwktest::HoldModifiers(XtDisplay(folder), modifiers, true);
-        xwktest::Press(folder, x, y, 1, 0);
-    }
-    void Release(int x, int y, unsigned modifiers = 0)
-    {
-        xwktest::MoveTo(folder, x, y, 0);
-        xwktest::Release(folder, 1, 0);
-        xwktest::HoldModifiers(XtDisplay(folder), modifiers, false);
+        XmFolderPage &p = page(n);
+        xwktest::Click(folder, p.x + p.width / 2, p.y + p.height / 2, button);
         xwktest::Settle();
     }
     // Centre of an arrow box: 1 left, 2 right.
@@ -113,8 +95,8 @@ struct Folder {
     {
         int x, y;
         ArrowCentre(which, &x, &y);
-        Press(x, y, modifiers);
-        Release(x, y, modifiers);
+        xwktest::ClickWith(folder, x, y, modifiers);
+        xwktest::Settle();
     }
     bool Shown(int n)
     {
@@ -125,7 +107,7 @@ struct Folder {
     }
 };
 
-TEST(Folder, ClickingTabsShowsTheirPages)
+TEST(Folder, ChildrenArePagesShownByClicksOnTheirTabs)
 {
     Folder f(3);
     EXPECT_TRUE(f.Shown(1));
@@ -150,12 +132,45 @@ TEST(Folder, ClickingTabsShowsTheirPages)
 
     // Press on one tab, release on another: nothing.
     ClearCalls();
-    int x3 = f.page(3).x + 5, y3 = f.page(3).y + 5;
-    f.Press(f.page(1).x + 5, f.page(1).y + 8);
-    f.Release(x3, y3);
+    xwktest::Press(f.folder, f.page(1).x + 5, f.page(1).y + 8, 1, 0);
+    xwktest::MoveTo(f.folder, f.page(3).x + 5, f.page(3).y + 5, 0);
+    xwktest::Release(f.folder, 1, 0);
+    xwktest::Settle();
     EXPECT_EQ(f.active(), 2);
     EXPECT_TRUE(calls.empty());
     EXPECT_TRUE(f.log.texts.empty()) << f.log.texts[0];
+
+    // A child made later is a page; destroying a child deletes its page.
+    Widget extra = XtVaCreateManagedWidget("Extra", xmDrawingAreaWidgetClass, f.folder, NULL);
+    xwktest::Settle();
+    EXPECT_EQ(XmFolderGetNumPages(f.folder), 4);
+    EXPECT_FALSE(XtIsManaged(extra));
+    int extra_id = XmFolderGetPageWidgetFolderId(extra);
+    EXPECT_EQ(XmFolderGetPageWidget(f.folder, extra_id), extra);
+    EXPECT_TRUE(XmFolderSetActivePageWidget(extra, False));
+    EXPECT_TRUE(XtIsManaged(extra));
+
+    ClearCalls();
+    XtDestroyWidget(extra);
+    xwktest::Settle();
+    EXPECT_EQ(XmFolderGetNumPages(f.folder), 3);
+    ASSERT_FALSE(calls.empty());
+    EXPECT_EQ(calls[0].reason, XmCR_FOLDER_DELETE_PAGE);
+    EXPECT_EQ(calls[0].toId, extra_id);
+    EXPECT_EQ(f.active(), 3);
+    EXPECT_TRUE(f.Shown(3));
+
+    // Labels: the child's name, then a new one set on the child.
+    XmString name = XmStringCreate((char *)"Page 1", (char *)XmFONTLIST_DEFAULT_TAG);
+    EXPECT_TRUE(XmStringCompare(XmFolderGetPageLabel(f.folder, f.id(1)), name));
+    XmStringFree(name);
+    XmString other = XmStringCreateLocalized((char *)"A longer label than before");
+    Dimension before = f.page(1).tabWidth;
+    XtVaSetValues(f.children[0], XmNfolderLabelString, other, NULL);
+    EXPECT_TRUE(XmStringCompare(XmFolderGetPageLabel(f.folder, f.id(1)), other));
+    EXPECT_GT(f.page(1).tabWidth, before);
+    EXPECT_TRUE(XmFolderSetPageLabel(f.folder, f.id(1), other));
+    XmStringFree(other);
 }
 
 TEST(Folder, WithoutAutoManageTheCallbackComesBeforeTheChange)
@@ -228,7 +243,7 @@ TEST(Folder, KeysChangeThePageAlsoFromInsideIt)
     EXPECT_TRUE(f.log.texts.empty()) << f.log.texts[0];
 }
 
-TEST(Folder, ArrowsScrollTheTabsAndWithShiftChangeThePage)
+TEST(Folder, ArrowsScrollTheTabsAndAResizeKeepsTheRowFull)
 {
     Folder f(30, false, 300);
     XmFolderPart &p = f.part();
@@ -262,19 +277,14 @@ TEST(Folder, ArrowsScrollTheTabsAndWithShiftChangeThePage)
     XtInsertEventHandler(f.folder, ButtonReleaseMask, False, at_release, nullptr, XtListHead);
     int x, y;
     f.ArrowCentre(2, &x, &y);
-    f.Press(x, y);
-    xwktest::Pump(650);
-    f.Release(x, y);
+    xwktest::Press(f.folder, x, y, 1, 650);
+    xwktest::Release(f.folder, 1, 0);
+    xwktest::Settle();
     EXPECT_GE(held, 1 + 2);
     EXPECT_LE(held, 1 + 6);
     EXPECT_EQ(p.topTab, held);
     EXPECT_EQ(f.active(), 2);
-}
 
-TEST(Folder, ResizeKeepsTheRowFullUpToTheLastTab)
-{
-    Folder f(30, false, 300);
-    XmFolderPart &p = f.part();
     // A page out of view becomes the first tab, capped by the count of
     // tabs that fitted before the change; the tabs are not fitted again
     // to bring it into view.
@@ -304,9 +314,7 @@ TEST(Folder, ResizeKeepsTheRowFullUpToTheLastTab)
 
 TEST(Folder, ThePopupListChoosesAPage)
 {
-    Arg a;
-    XtSetArg(a, XmNuseMenu, True);
-    Folder f(20, false, 420, &a, 1);
+    Folder f(20, false, 420, {{(String)XmNuseMenu, True}});
     XmFolderPart &p = f.part();
     ASSERT_NE(p.folderList, nullptr);
     XwkComboBoxPart &combo = ((XwkComboBoxWidget)p.folderList)->combo;
@@ -353,18 +361,17 @@ TEST(Folder, TheActiveTabStandsHigherAndOpensIntoThePage)
         bool highlight, non_active;
     } cases[] = {{false, false}, {true, false}, {false, true}};
     for (auto &c : cases) {
-        Arg args[3];
-        XtSetArg(args[0], XmNuseHighlight, c.highlight);
-        XtSetArg(args[1], XmNhighlightNonActive, c.non_active);
-        XtSetArg(args[2], XmNfolderHighlightColor, xwktest::NamedPixel(xwktest::StartApp(), "orange"));
-        Folder f(3, true, 420, args, 3);
+        Pixel orange = xwktest::NamedPixel(xwktest::StartApp(), "orange");
+        Folder f(3, true, 420,
+                 {{(String)XmNuseHighlight, c.highlight},
+                  {(String)XmNhighlightNonActive, c.non_active},
+                  {(String)XmNfolderHighlightColor, (XtArgVal)orange}});
         f.ClickTab(2);
         XmFolderPart &p = f.part();
         xwktest::Capture cap(f.folder);
         ASSERT_TRUE(cap.ok());
         Pixel top = xwktest::PixelOf(f.folder, XmNtopShadowColor);
         Pixel bg = f.folder->core.background_pixel;
-        Pixel orange = xwktest::NamedPixel(f.folder, "orange");
         Pixel select = 0, fg, ts, bs;
         XmGetColors(XtScreen(f.folder), f.folder->core.colormap, bg, &fg, &ts, &bs, &select);
         XmFolderPage &on = f.page(2), &off = f.page(1);
@@ -388,7 +395,7 @@ TEST(Folder, TheActiveTabStandsHigherAndOpensIntoThePage)
     }
 }
 
-TEST(Folder, PagesComeAndGoAtRunTime)
+TEST(Folder, PagesComeAndGoAtRunTimeAlsoByTheHundred)
 {
     Folder f(0, false);
     int a = XmFolderAddPage(f.folder, (char *)"Alpha", nullptr);
@@ -440,112 +447,14 @@ TEST(Folder, PagesComeAndGoAtRunTime)
     xwktest::PressKey(XtDisplay(f.folder), XK_0, ControlMask);
     xwktest::Settle();
     EXPECT_EQ(XmFolderGetNumPages(f.folder), 1);
-}
 
-TEST(Folder, ChildrenArePagesWhileTheyLive)
-{
-    Folder f(3);
-    // A child made later is a page; destroying a child deletes its page.
-    Widget extra = XtVaCreateManagedWidget("Extra", xmDrawingAreaWidgetClass, f.folder, NULL);
-    xwktest::Settle();
-    EXPECT_EQ(XmFolderGetNumPages(f.folder), 4);
-    EXPECT_FALSE(XtIsManaged(extra));
-    int extra_id = XmFolderGetPageWidgetFolderId(extra);
-    EXPECT_EQ(XmFolderGetPageWidget(f.folder, extra_id), extra);
-    EXPECT_TRUE(XmFolderSetActivePageWidget(extra, False));
-    EXPECT_TRUE(XtIsManaged(extra));
-
-    ClearCalls();
-    XtDestroyWidget(extra);
-    xwktest::Settle();
-    EXPECT_EQ(XmFolderGetNumPages(f.folder), 3);
-    ASSERT_FALSE(calls.empty());
-    EXPECT_EQ(calls[0].reason, XmCR_FOLDER_DELETE_PAGE);
-    EXPECT_EQ(calls[0].toId, extra_id);
-    EXPECT_EQ(f.active(), 3);
-    EXPECT_TRUE(f.Shown(3));
-
-    // Labels: the child's name, then a new one set on the child.
-    XmString name = XmStringCreate((char *)"Page 1", (char *)XmFONTLIST_DEFAULT_TAG);
-    EXPECT_TRUE(XmStringCompare(XmFolderGetPageLabel(f.folder, f.id(1)), name));
-    XmStringFree(name);
-    XmString other = XmStringCreateLocalized((char *)"A longer label than before");
-    Dimension before = f.page(1).tabWidth;
-    XtVaSetValues(f.children[0], XmNfolderLabelString, other, NULL);
-    EXPECT_TRUE(XmStringCompare(XmFolderGetPageLabel(f.folder, f.id(1)), other));
-    EXPECT_GT(f.page(1).tabWidth, before);
-    EXPECT_TRUE(XmFolderSetPageLabel(f.folder, f.id(1), other));
-    XmStringFree(other);
-}
-
-TEST(Folder, OperationsOnWrongWidgetsAndUnknownIds)
-{
-    Folder f(2, false);
-    Widget button = XtVaCreateManagedWidget("b", xmPushButtonWidgetClass, f.folder, NULL);
-    EXPECT_EQ(XmFolderGetNumPages(f.shell), -1);
-    EXPECT_EQ(XmFolderGetTabsHeight(f.shell), 0xFFFF);
-    EXPECT_EQ(XmFolderAddPage(f.shell, (char *)"x", nullptr), 0);
-    EXPECT_EQ(XmFolderGetActivePage(f.shell), 0);
-    EXPECT_FALSE(XmFolderConfigureChild(f.folder, True));
-    EXPECT_EQ(XmFolderGetFolderIdByPageNumber(f.folder, 0), 0);
-    EXPECT_EQ(XmFolderGetFolderIdByPageNumber(f.folder, 3), 0);
-    EXPECT_EQ(XmFolderGetPageWidget(f.folder, 77), nullptr);
-    EXPECT_EQ(XmFolderGetPageLabel(f.folder, 77), nullptr);
-    EXPECT_FALSE(XmFolderSetPageIcon(f.folder, 77, nullptr));
-    EXPECT_FALSE(XmFolderBindWidgetToFolderId(button, 77));
-
-    XmFolderPart &p = f.part();
-    EXPECT_EQ(XmFolderGetTabsHeight(f.folder), p.maxTabHeight + 2 * p.tabMarginHeight + p.activeTabOffset);
-    // Binding: a page takes a child; unbinding counts the pages.
-    EXPECT_TRUE(XmFolderBindWidgetToFolderId(button, f.id(2)));
-    EXPECT_TRUE(XmFolderBindWidgetToFolderId(button, f.id(2)));
-    EXPECT_TRUE(XmFolderBindWidgetToFolderId(button, f.id(1)));
-    EXPECT_EQ(XmFolderGetPageWidgetFolderId(button), f.id(1));
-    EXPECT_EQ(XmFolderGetActivePageWidget(f.folder), button);
-    EXPECT_EQ(XmFolderUnbindWidget(button), 2);
-    EXPECT_EQ(XmFolderGetPageWidgetFolderId(button), 0);
-
-    // An icon widens its tab by its width.
-    XwkIcon *icon = xwktest::SolidIcon(f.folder, 10, 10, "black");
-    ASSERT_NE(icon, nullptr);
-    Dimension before = f.page(1).tabWidth;
-    EXPECT_TRUE(XmFolderSetPageIcon(f.folder, f.id(1), icon));
-    EXPECT_EQ(XmFolderGetPageIcon(f.folder, f.id(1)), icon);
-    EXPECT_EQ(f.page(1).tabWidth, before + 10);
-    xwktest::Settle();
-    XmFolderSetPageIcon(f.folder, f.id(1), nullptr);
-    XwkIconFree(f.folder, icon);
-
-    XtVaSetValues(f.folder, XmNuseTabs, False, NULL);
-    EXPECT_EQ(XmFolderGetTabsHeight(f.folder), 0);
-
-    // The font resources are font lists.
-    XtResourceList list;
-    Cardinal count;
-    XtGetResourceList(xmFolderWidgetClass, &list, &count);
-    int fonts = 0;
-    for (Cardinal i = 0; i < count; i++)
-        for (const char *name : {XmNfontList, XmNtabFontList, XmNactiveTabFontList})
-            if (!strcmp(list[i].resource_name, name)) {
-                EXPECT_STREQ(list[i].resource_type, XmRFontList) << name;
-                fonts++;
-            }
-    XtFree((char *)list);
-    EXPECT_EQ(fonts, 3);
-}
-
-TEST(Folder, FiveHundredPagesAndAZeroSizedFolder)
-{
-    Folder f(0, false);
-    for (int i = 1; i <= 500; i++)
+    // Five hundred pages, then half of them deleted from the front.
+    for (int i = 2; i <= 500; i++)
         XmFolderAddPage(f.folder, (char *)("Page " + std::to_string(i)).c_str(), nullptr);
     EXPECT_EQ(XmFolderGetNumPages(f.folder), 500);
-    XmFolderPart &p = f.part();
-    int fitted = p.visibleTabCount;
     EXPECT_TRUE(XmFolderSetActivePage(f.folder, f.id(500), False));
     xwktest::Settle();
-    EXPECT_EQ(p.topTab, 500 - fitted + 1);
-    EXPECT_TRUE(p.leftArrowShown);
+    EXPECT_TRUE(f.part().leftArrowShown);
     xwktest::PressKey(XtDisplay(f.folder), XK_1, ControlMask);
     for (int i = 0; i < 500; i += 2)
         XmFolderDeletePage(f.folder, f.id(1));
@@ -577,6 +486,49 @@ TEST(Folder, FiveHundredPagesAndAZeroSizedFolder)
     EXPECT_TRUE(XmFolderDeletePage(zero, 2));
     XtDestroyWidget(zero);
     xwktest::Settle();
+}
+
+TEST(Folder, OperationsOnWrongWidgetsAndUnknownIds)
+{
+    Folder f(2, false);
+    Widget button = XtVaCreateManagedWidget("b", xmPushButtonWidgetClass, f.folder, NULL);
+    EXPECT_EQ(XmFolderGetNumPages(f.shell), -1);
+    EXPECT_EQ(XmFolderGetTabsHeight(f.shell), 0xFFFF);
+    EXPECT_EQ(XmFolderAddPage(f.shell, (char *)"x", nullptr), 0);
+    EXPECT_EQ(XmFolderGetActivePage(f.shell), 0);
+    EXPECT_FALSE(XmFolderConfigureChild(f.folder, True));
+    EXPECT_EQ(XmFolderGetFolderIdByPageNumber(f.folder, 0), 0);
+    EXPECT_EQ(XmFolderGetFolderIdByPageNumber(f.folder, 3), 0);
+    EXPECT_EQ(XmFolderGetPageWidget(f.folder, 77), nullptr);
+    EXPECT_EQ(XmFolderGetPageLabel(f.folder, 77), nullptr);
+    EXPECT_FALSE(XmFolderSetPageIcon(f.folder, 77, nullptr));
+    EXPECT_FALSE(XmFolderBindWidgetToFolderId(button, 77));
+
+    XmFolderPart &p = f.part();
+    EXPECT_EQ(XmFolderGetTabsHeight(f.folder),
+              p.maxTabHeight + 2 * p.tabMarginHeight + p.activeTabOffset);
+    // Binding: a page takes a child; unbinding counts the pages.
+    EXPECT_TRUE(XmFolderBindWidgetToFolderId(button, f.id(2)));
+    EXPECT_TRUE(XmFolderBindWidgetToFolderId(button, f.id(2)));
+    EXPECT_TRUE(XmFolderBindWidgetToFolderId(button, f.id(1)));
+    EXPECT_EQ(XmFolderGetPageWidgetFolderId(button), f.id(1));
+    EXPECT_EQ(XmFolderGetActivePageWidget(f.folder), button);
+    EXPECT_EQ(XmFolderUnbindWidget(button), 2);
+    EXPECT_EQ(XmFolderGetPageWidgetFolderId(button), 0);
+
+    // An icon widens its tab by its width.
+    XwkIcon *icon = xwktest::SolidIcon(f.folder, 10, 10, "black");
+    ASSERT_NE(icon, nullptr);
+    Dimension before = f.page(1).tabWidth;
+    EXPECT_TRUE(XmFolderSetPageIcon(f.folder, f.id(1), icon));
+    EXPECT_EQ(XmFolderGetPageIcon(f.folder, f.id(1)), icon);
+    EXPECT_EQ(f.page(1).tabWidth, before + 10);
+    xwktest::Settle();
+    XmFolderSetPageIcon(f.folder, f.id(1), nullptr);
+    XwkIconFree(f.folder, icon);
+
+    XtVaSetValues(f.folder, XmNuseTabs, False, NULL);
+    EXPECT_EQ(XmFolderGetTabsHeight(f.folder), 0);
 }
 
 }  // namespace

@@ -18,14 +18,16 @@ Widget destroy_in_callback;
 bool Viewable(Widget w)
 {
     XWindowAttributes a;
-    return w && XtWindow(w) && XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) && a.map_state == IsViewable;
+    return w && XtWindow(w) && XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) &&
+           a.map_state == IsViewable;
 }
 
 void OnChoose(Widget, XtPointer closure, XtPointer call_data)
 {
     XmPushButtonCallbackStruct *call = (XmPushButtonCallbackStruct *)call_data;
-    choices.push_back({(const char *)closure, call->reason, call->click_count, call->event != nullptr,
-                       !Viewable(pulldown_of_file), xwktest::OthersCanGrab()});
+    choices.push_back({(const char *)closure, call->reason, call->click_count,
+                       call->event != nullptr, !Viewable(pulldown_of_file),
+                       xwktest::OthersCanGrab()});
     if (destroy_in_callback)
         XtDestroyWidget(destroy_in_callback);
     destroy_in_callback = nullptr;
@@ -34,6 +36,20 @@ void OnChoose(Widget, XtPointer closure, XtPointer call_data)
 std::string ShortHelp(Widget w)
 {
     return xwktest::Take(XwkGetShortHelp(w));
+}
+
+// An entry of a menu table that calls OnChoose with its name.
+void Entry(XwkMenuItem *item, const char *label, const char *help, const char *accelerator,
+           const char *name, WidgetClass *widget_class = &xmPushButtonWidgetClass)
+{
+    XwkPrepareMenuItem(item, label, help, accelerator, widget_class, OnChoose, (XtPointer)name,
+                       nullptr, nullptr);
+}
+
+void Cascade(XwkMenuItem *item, const char *label, XwkMenuItem *submenu)
+{
+    XwkPrepareMenuItem(item, label, nullptr, nullptr, &xmCascadeButtonWidgetClass, nullptr,
+                       nullptr, nullptr, submenu);
 }
 
 void FreeItems(XwkMenuItem *items)
@@ -53,29 +69,24 @@ struct Window {
     Widget shell, form, bar, area;
     Window()
     {
-        WidgetClass *push = &xmPushButtonWidgetClass;
-        XwkPrepareMenuItem(&file[0], "&Open", "Open a file|Open", "Ctrl-o", push, OnChoose, (XtPointer) "open", nullptr, nullptr);
-        XwkPrepareMenuItem(&file[1], "*&Save", "Save the file", "Ctrl-s", push, OnChoose, (XtPointer) "save", nullptr, nullptr);
-        XwkPrepareMenuItem(&file[2], "-", nullptr, nullptr, push, OnChoose, nullptr, nullptr, nullptr);
-        XwkPrepareMenuItem(&file[3], "&Quit", "Leave", "Ctrl-q", push, OnChoose, (XtPointer) "quit", nullptr, nullptr);
-        XwkPrepareMenuItem(&file[4], nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-        XwkPrepareMenuItem(&more[0], "&Deep", "Deep down", nullptr, push, OnChoose, (XtPointer) "deep", nullptr, nullptr);
-        more[1] = {};
-        XwkPrepareMenuItem(&edit[0], "&Wrap", "Wrap lines", "Ctrl-w", &xmToggleButtonWidgetClass, OnChoose, (XtPointer) "wrap", nullptr, nullptr);
-        XwkPrepareMenuItem(&edit[1], "&More", nullptr, nullptr, &xmCascadeButtonWidgetClass, nullptr, nullptr, nullptr, more);
-        edit[2] = {};
-        WidgetClass *cascade = &xmCascadeButtonWidgetClass;
-        XwkPrepareMenuItem(&top[0], "&File", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, file);
-        XwkPrepareMenuItem(&top[1], "&Edit", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, edit);
-        XwkPrepareMenuItem(&about[0], "&About", nullptr, nullptr, push, nullptr, nullptr, nullptr, nullptr);
-        about[1] = {};
-        XwkPrepareMenuItem(&top[2], "&Help", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, about);
-        XwkPrepareMenuItem(&top[3], "&Plain", nullptr, nullptr, cascade, nullptr, nullptr, nullptr, nullptr);
-        top[4] = {};
+        Entry(&file[0], "&Open", "Open a file|Open", "Ctrl-o", "open");
+        Entry(&file[1], "*&Save", "Save the file", "Ctrl-s", "save");
+        Entry(&file[2], "-", nullptr, nullptr, "separator");
+        Entry(&file[3], "&Quit", "Leave", "Ctrl-q", "quit");
+        Entry(&more[0], "&Deep", "Deep down", nullptr, "deep");
+        Entry(&edit[0], "&Wrap", "Wrap lines", "Ctrl-w", "wrap", &xmToggleButtonWidgetClass);
+        Cascade(&edit[1], "&More", more);
+        Entry(&about[0], "&About", nullptr, nullptr, "about");
+        Cascade(&top[0], "&File", file);
+        Cascade(&top[1], "&Edit", edit);
+        Cascade(&top[2], "&Help", about);
+        Cascade(&top[3], "&Plain", nullptr);
+        file[4] = more[1] = edit[2] = about[1] = top[4] = {};
 
-        Widget app = xwktest::StartApp();
-        shell = XtVaCreatePopupShell("menus", topLevelShellWidgetClass, app, XtNx, 50, XtNy, 50, NULL);
-        form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, XmNwidth, 320, XmNheight, 160, NULL);
+        shell = XtVaCreatePopupShell("menus", topLevelShellWidgetClass, xwktest::StartApp(), XtNx,
+                                     50, XtNy, 50, NULL);
+        form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, XmNwidth, 320, XmNheight,
+                                       160, NULL);
         XwkMenu description = {XwkMENU_BAR, nullptr, 0, 0, 0, 0, top};
         bar = XwkCreateMenu(form, &description);
         XtVaSetValues(bar, XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
@@ -99,6 +110,16 @@ struct Window {
             FreeItems(items);
     }
     bool WaitChoice() { return xwktest::PumpUntil([] { return !choices.empty(); }); }
+    // Opens File with the pointer and rests it on Open, the button held,
+    // until the short help of Open shows in the status widget.
+    bool PointAtOpen(Widget status)
+    {
+        xwktest::Press(top[0].widget, 5, 5, 1, 0);
+        if (!xwktest::WaitViewable(pulldown_of_file))
+            return false;
+        xwktest::MoveTo(file[0].widget, 5, 5, 0);
+        return xwktest::PumpUntil([&] { return ShortHelp(status) == "Open a file"; });
+    }
 };
 
 TEST(MenuLabels, PrefixesAndMnemonics)
@@ -139,12 +160,11 @@ TEST(Menus, BuiltFromTheTable)
     EXPECT_EQ(XtClass(win.file[2].widget), xmSeparatorWidgetClass);
     EXPECT_EQ(XtClass(win.edit[0].widget), xmToggleButtonWidgetClass);
     EXPECT_EQ(xwktest::Get<Widget>(win.bar, XmNmenuHelpWidget), win.top[2].widget);
-    XtPointer record = nullptr;
-    XtVaGetValues(win.top[3].widget, XmNuserData, &record, NULL);
-    EXPECT_EQ(record, nullptr);  // a cascade without submenu has no record
-    XtVaGetValues(open, XmNuserData, &record, NULL);
+    // A cascade without submenu has no record.
+    EXPECT_EQ(xwktest::Get<XtPointer>(win.top[3].widget, XmNuserData), nullptr);
+    auto *record = (XwkMenuButtonRec *)xwktest::Get<XtPointer>(open, XmNuserData);
     ASSERT_NE(record, nullptr);
-    EXPECT_STREQ(((XwkMenuButtonRec *)record)->short_help, "Open a file|Open");
+    EXPECT_STREQ(record->short_help, "Open a file|Open");
 
     XwkMenuItemsSetClosure(win.top, (XtPointer)&win);
     EXPECT_EQ(win.file[3].closure, (XtPointer)&win);
@@ -155,7 +175,7 @@ TEST(Menus, BuiltFromTheTable)
     XwkMenuItem sizes[4];
     const char *names[] = {"Small", "Medium", "Large"};
     for (int i = 0; i < 3; i++)
-        XwkPrepareMenuItem(&sizes[i], names[i], nullptr, nullptr, &xmPushButtonWidgetClass, nullptr, nullptr, nullptr, nullptr);
+        Entry(&sizes[i], names[i], nullptr, nullptr, names[i]);
     sizes[3] = {};
     Widget option = XwkCreateSubmenu(win.form, XwkMENU_OPTION, "&Size", 'S', 1, sizes);
     EXPECT_EQ(xwktest::Get<Widget>(option, XmNmenuHistory), sizes[1].widget);
@@ -165,37 +185,17 @@ TEST(Menus, BuiltFromTheTable)
     FreeItems(sizes);
 }
 
-TEST(Menus, ChosenByMouseAfterShowingShortHelp)
-{
-    Window win;
-    xwktest::Press(win.top[0].widget, 5, 5, 1, 0);
-    ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
-    Widget open = win.file[0].widget;
-    xwktest::MoveTo(open, 5, 5, 0);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(win.area) == "Open a file"; }));
-    xwktest::Release(open, 1, 0);
-    ASSERT_TRUE(win.WaitChoice());
-    EXPECT_EQ(choices[0].name, "open");
-    EXPECT_EQ(choices[0].reason, XmCR_ACTIVATE);
-    EXPECT_TRUE(choices[0].had_event);
-    EXPECT_TRUE(choices[0].menu_was_down);
-    EXPECT_TRUE(choices[0].others_could_grab);
-    xwktest::Settle();
-    EXPECT_EQ(ShortHelp(win.area), "Ready");
-}
-
 // Armed by the pointer, then disarmed by leaving the menu with the button
 // still down; the release far away chooses nothing.
 TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
 {
     Window win;
     Display *dpy = XtDisplay(win.shell);
-    Widget other = XtVaCreatePopupShell("other", topLevelShellWidgetClass, xwktest::StartApp(), XtNx, 420,
-                                        XtNy, 50, NULL);
+    Widget other = XtVaCreatePopupShell("other", topLevelShellWidgetClass, xwktest::StartApp(),
+                                        XtNx, 420, XtNy, 50, NULL);
     Widget other_area = XwkCreateMessageArea(other);
     XtPopup(other, XtGrabNone);
     ASSERT_TRUE(xwktest::WaitViewable(other_area));
-    Widget open = win.file[0].widget;
     const struct {
         Widget status;
         bool free_saved;
@@ -205,12 +205,8 @@ TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
         {nullptr, true, "Open a file", "Ready", "Open a file", "Ready"},
     };
     for (auto &c : cases) {
-        XwkSetStatusBarForMenu(open, c.status);
-        xwktest::Press(win.top[0].widget, 5, 5, 1, 0);
-        ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
-        xwktest::MoveTo(open, 5, 5, 0);
-        Widget shows = c.status ? other_area : win.area;
-        ASSERT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(shows) == "Open a file"; }));
+        XwkSetStatusBarForMenu(win.file[0].widget, c.status);
+        ASSERT_TRUE(win.PointAtOpen(c.status ? other_area : win.area));
         EXPECT_EQ(ShortHelp(win.area), c.own_armed);
         EXPECT_EQ(ShortHelp(other_area), c.other_armed);
         if (c.free_saved)
@@ -227,26 +223,32 @@ TEST(Menus, ShortHelpInAnotherWindowOrFreedUnseen)
     XtDestroyWidget(other);
 }
 
-TEST(Menus, ChosenByMnemonicAndAccelerator)
+TEST(Menus, ChosenByMouseMnemonicAndAccelerator)
 {
     const struct {
         const char *what;
-        KeySym first;
+        KeySym first;  // none: chosen with the pointer, after its short help
         unsigned first_mods;
         KeySym second;
         const char *chosen;
-        int click_count;
+        int reason;
     } cases[] = {
-        {"mnemonic", XK_f, Mod1Mask, XK_o, "open", 1},
-        {"accelerator", XK_o, ControlMask, 0, "open", 1},
-        {"toggle accelerator", XK_w, ControlMask, 0, "wrap", 1},
+        {"mouse", 0, 0, 0, "open", XmCR_ACTIVATE},
+        {"mnemonic", XK_f, Mod1Mask, XK_o, "open", XmCR_ACTIVATE},
+        {"accelerator", XK_o, ControlMask, 0, "open", XmCR_ACTIVATE},
+        {"toggle accelerator", XK_w, ControlMask, 0, "wrap", XmCR_VALUE_CHANGED},
         {"insensitive", XK_s, ControlMask, 0, nullptr, 0},
     };
     for (auto &c : cases) {
         SCOPED_TRACE(c.what);
         Window win;
         Display *dpy = XtDisplay(win.shell);
-        xwktest::PressKey(dpy, c.first, c.first_mods);
+        if (c.first) {
+            xwktest::PressKey(dpy, c.first, c.first_mods);
+        } else {
+            ASSERT_TRUE(win.PointAtOpen(win.area));
+            xwktest::Release(win.file[0].widget, 1, 0);
+        }
         if (c.second) {
             ASSERT_TRUE(xwktest::WaitViewable(pulldown_of_file));
             EXPECT_TRUE(xwktest::PumpUntil([&] { return ShortHelp(win.area) == "Open a file"; }));
@@ -259,7 +261,9 @@ TEST(Menus, ChosenByMnemonicAndAccelerator)
         }
         ASSERT_TRUE(win.WaitChoice());
         EXPECT_EQ(choices[0].name, c.chosen);
-        EXPECT_EQ(choices[0].click_count, c.click_count);
+        EXPECT_EQ(choices[0].reason, c.reason);
+        EXPECT_EQ(choices[0].click_count, 1);  // for the toggle: set
+        EXPECT_TRUE(choices[0].had_event);
         EXPECT_TRUE(choices[0].menu_was_down);
         EXPECT_TRUE(choices[0].others_could_grab);
         xwktest::Settle();
@@ -274,7 +278,7 @@ TEST(Menus, BadTablesAndCallbacksThatDestroyTheMenu)
     const char *accelerators[] = {"Foo-Bar", "Ctrl-", "-", "+", "none", "Shift+Ctrl+Alt-x", ""};
     XwkMenuItem odd[8];
     for (int i = 0; i < 7; i++)
-        XwkPrepareMenuItem(&odd[i], labels[i % 5], "", accelerators[i], &xmPushButtonWidgetClass, OnChoose, (XtPointer) "odd", nullptr, nullptr);
+        Entry(&odd[i], labels[i % 5], "", accelerators[i], "odd");
     odd[7] = {};
     Widget menu = XwkCreateSubmenu(win.bar, XwkMENU_PULLDOWN, "Odd", 0, 0, odd);
     ASSERT_NE(menu, nullptr);

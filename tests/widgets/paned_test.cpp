@@ -8,72 +8,60 @@
 
 namespace {
 
+// A paned window of count drawing areas, red, green, blue, yellow.
 struct Panes {
-    Widget shell = nullptr, paned = nullptr;
+    Widget shell, paned;
     std::vector<Widget> panes;
+    explicit Panes(int count, const char *name = "paned", ArgList args = nullptr, Cardinal n = 0)
+    {
+        Widget app = xwktest::StartApp();
+        shell = xwktest::Shell("panes", 300, 240);
+        paned = XwkCreatePanedWindow(shell, (String)name, args, n);
+        static const char *colours[] = {"red", "green", "blue", "yellow"};
+        for (int i = 0; i < count; i++)
+            panes.push_back(XtVaCreateManagedWidget(
+                ("pane" + std::to_string(i)).c_str(), xmDrawingAreaWidgetClass, paned, XmNwidth,
+                300, XmNheight, 70, XmNbackground, xwktest::NamedPixel(app, colours[i % 4]),
+                XmNmarginWidth, 0, XmNmarginHeight, 0, NULL));
+        xwktest::Show(paned, shell, 0);
+    }
     ~Panes()
     {
-        if (shell)
-            XtDestroyWidget(shell);
+        XtDestroyWidget(shell);
         xwktest::Settle();
     }
-};
-
-void Build(Panes &p, int count, const char *name = "paned", ArgList args = nullptr, Cardinal n = 0)
-{
-    Widget app = xwktest::StartApp();
-    p.shell = xwktest::Shell("panes", 300, 240);
-    p.paned = XwkCreatePanedWindow(p.shell, (String)name, args, n);
-    static const char *colours[] = {"red", "green", "blue", "yellow"};
-    for (int i = 0; i < count; i++) {
-        std::string pane_name = "pane" + std::to_string(i);
-        p.panes.push_back(XtVaCreateManagedWidget(pane_name.c_str(), xmDrawingAreaWidgetClass,
-                                                  p.paned, XmNwidth, 300, XmNheight, 70,
-                                                  XmNbackground, xwktest::NamedPixel(app, colours[i % 4]),
-                                                  XmNmarginWidth, 0, XmNmarginHeight, 0, NULL));
+    std::vector<Widget> Sashes()
+    {
+        std::vector<Widget> out;
+        CompositeWidget c = (CompositeWidget)paned;
+        for (Cardinal i = 0; i < c->composite.num_children; i++)
+            if (XmIsSash(c->composite.children[i]) && XtIsManaged(c->composite.children[i]))
+                out.push_back(c->composite.children[i]);
+        return out;
     }
-    xwktest::Show(p.paned, p.shell, 0);
-}
-
-std::vector<Widget> Sashes(Widget paned, bool managed_only = true)
-{
-    std::vector<Widget> out;
-    CompositeWidget c = (CompositeWidget)paned;
-    for (Cardinal i = 0; i < c->composite.num_children; i++)
-        if (XmIsSash(c->composite.children[i]) && (!managed_only || XtIsManaged(c->composite.children[i])))
-            out.push_back(c->composite.children[i]);
-    return out;
-}
+    int Height(int i) { return panes[i]->core.height; }
+};
 
 Widget SashOf(Widget pane)
 {
     return ((XwkPanedWindowConstraintPtr)pane->core.constraints)->panedw.sash;
 }
 
+// Drags the middle of w by dx, dy with button 1.
 void Drag(Widget w, int dx, int dy)
 {
-    Display *dpy = XtDisplay(w);
     int x, y;
     xwktest::RootPosition(w, &x, &y);
     x += w->core.width / 2;
     y += w->core.height / 2;
-    xwktest::MovePointer(dpy, x, y);
-    XTestFakeButtonEvent(dpy, 1, True, CurrentTime);
-    xwktest::Settle();
-    for (int step = 1; step <= 4; step++) {
-        xwktest::MovePointer(dpy, x + dx * step / 4, y + dy * step / 4);
-        xwktest::Settle();
-    }
-    XTestFakeButtonEvent(dpy, 1, False, CurrentTime);
-    xwktest::Settle();
+    xwktest::DragPointer(w, x, y, x + dx, y + dy, 1, 4, 1);
 }
 
 TEST(PanedWindow, StacksPanesWithSashesBetween)
 {
-    Panes p;
-    Build(p, 3);
+    Panes p(3);
     EXPECT_EQ(XwkGetPanedWindowPanesCount(p.paned, True), 3);
-    EXPECT_EQ(Sashes(p.paned).size(), 2u);
+    EXPECT_EQ(p.Sashes().size(), 2u);
     int y = 3;
     for (Widget pane : p.panes) {
         EXPECT_EQ(pane->core.x, 3);
@@ -83,7 +71,7 @@ TEST(PanedWindow, StacksPanesWithSashesBetween)
     }
     EXPECT_EQ(y - 8 + 3, p.paned->core.height);
     // The default indent of -10 puts each sash 10 pixels in from the right.
-    for (Widget sash : Sashes(p.paned))
+    for (Widget sash : p.Sashes())
         EXPECT_EQ(sash->core.x + sash->core.width + 10, p.paned->core.width);
 
     WidgetList list = nullptr;
@@ -91,28 +79,34 @@ TEST(PanedWindow, StacksPanesWithSashesBetween)
     EXPECT_EQ(list[0], p.panes[0]);
     EXPECT_EQ(list[2], p.panes[2]);
     XtFree((char *)list);
-    EXPECT_GT(XwkGetPaneSashSize(p.panes[0]), 0u);
+    Dimension sash_size = XwkGetPaneSashSize(p.panes[0]);
+    EXPECT_GT(sash_size, 0u);
     XtWidgetGeometry preferred = {};
     XtQueryGeometry(p.panes[0], nullptr, &preferred);
-    EXPECT_EQ(XwkGetPaneChildSize(p.panes[0]), preferred.height + (int)XwkGetPaneSashSize(p.panes[0]));
+    EXPECT_EQ(XwkGetPaneChildSize(p.panes[0]), preferred.height + (int)sash_size);
 
     XtUnmanageChild(p.panes[1]);
     xwktest::Settle();
     EXPECT_EQ(XwkGetPanedWindowPanesCount(p.paned, True), 2);
     EXPECT_EQ(XwkGetPanedWindowPanesCount(p.paned, False), 3);
-    EXPECT_EQ(Sashes(p.paned).size(), 1u);
+    EXPECT_EQ(p.Sashes().size(), 1u);
+    // Destroying a pane takes its sash and separator with it.
+    size_t before = ((CompositeWidget)p.paned)->composite.num_children;
+    XtDestroyWidget(p.panes[1]);
+    xwktest::Settle();
+    EXPECT_EQ(((CompositeWidget)p.paned)->composite.num_children, before - 3);
+    EXPECT_EQ(XwkGetPanedWindowPanesCount(p.paned, False), 2);
 }
 
 TEST(PanedWindow, WrongWidgetsAndSinglePane)
 {
-    Panes p;
-    Build(p, 1);
+    Panes p(1);
     EXPECT_EQ(XwkGetPanedWindowPanesCount(p.shell, True), -1);
     WidgetList list = nullptr;
     EXPECT_EQ(XwkGetPanedWindowPanes(p.shell, &list, True), -1);
     EXPECT_EQ(XwkGetPaneSashSize(p.paned), 0xFFFFu);
     EXPECT_EQ(XwkGetPaneSashSize(p.panes[0]), 0u);
-    EXPECT_TRUE(Sashes(p.paned).empty());
+    EXPECT_TRUE(p.Sashes().empty());
     XwkTogglePanedWindowOrientation(p.paned);
     EXPECT_EQ(xwktest::Get<unsigned char>(p.paned, XmNorientation), XmVERTICAL);
     XwkTogglePanedWindowOrientation(p.shell);
@@ -121,42 +115,39 @@ TEST(PanedWindow, WrongWidgetsAndSinglePane)
 
 TEST(PanedWindow, DraggingASashMovesSpaceBetweenNeighbours)
 {
-    Panes p;
-    Build(p, 3);
-    int h0 = p.panes[0]->core.height, h1 = p.panes[1]->core.height, h2 = p.panes[2]->core.height;
+    Panes p(3);
+    int h0 = p.Height(0), h1 = p.Height(1), h2 = p.Height(2);
     Drag(SashOf(p.panes[0]), 0, 30);
-    EXPECT_EQ(p.panes[0]->core.height, h0 + 30);
-    EXPECT_EQ(p.panes[1]->core.height, h1 - 30);
-    EXPECT_EQ(p.panes[2]->core.height, h2);
+    EXPECT_EQ(p.Height(0), h0 + 30);
+    EXPECT_EQ(p.Height(1), h1 - 30);
+    EXPECT_EQ(p.Height(2), h2);
     EXPECT_EQ(p.panes[1]->core.y, p.panes[0]->core.y + h0 + 30 + 8);
 
     Drag(SashOf(p.panes[1]), 0, -20);
-    EXPECT_EQ(p.panes[1]->core.height, h1 - 50);
-    EXPECT_EQ(p.panes[2]->core.height, h2 + 20);
-    EXPECT_EQ(p.panes[0]->core.height, h0 + 30);
+    EXPECT_EQ(p.Height(1), h1 - 50);
+    EXPECT_EQ(p.Height(2), h2 + 20);
+    EXPECT_EQ(p.Height(0), h0 + 30);
 }
 
 TEST(PanedWindow, FixedPaneIsSkippedAndHasNoSash)
 {
-    Panes p;
-    Build(p, 3);
+    Panes p(3);
     XtVaSetValues(p.panes[1], XmNpaneMinimum, 70, XmNpaneMaximum, 70, NULL);
     xwktest::Settle();
     // The fixed middle pane keeps its separator but loses its sash.
-    ASSERT_EQ(Sashes(p.paned).size(), 1u);
-    int h0 = p.panes[0]->core.height, h2 = p.panes[2]->core.height;
+    ASSERT_EQ(p.Sashes().size(), 1u);
+    int h0 = p.Height(0), h2 = p.Height(2);
     Drag(SashOf(p.panes[0]), 0, 25);
-    EXPECT_EQ(p.panes[0]->core.height, h0 + 25);
-    EXPECT_EQ(p.panes[1]->core.height, 70);
-    EXPECT_EQ(p.panes[2]->core.height, h2 - 25);
+    EXPECT_EQ(p.Height(0), h0 + 25);
+    EXPECT_EQ(p.Height(1), 70);
+    EXPECT_EQ(p.Height(2), h2 - 25);
 }
 
 TEST(PanedWindow, KeysWithinTheMultiClickTimeMoveAsOne)
 {
-    Panes p;
-    Build(p, 2);
-    Widget sash = Sashes(p.paned)[0];
-    int h0 = p.panes[0]->core.height;
+    Panes p(2);
+    Widget sash = p.Sashes()[0];
+    int h0 = p.Height(0);
     XtSetKeyboardFocus(p.shell, sash);
     XmProcessTraversal(sash, XmTRAVERSE_CURRENT);
     xwktest::ClickCenter(p.panes[1]);
@@ -166,26 +157,23 @@ TEST(PanedWindow, KeysWithinTheMultiClickTimeMoveAsOne)
     for (int i = 0; i < 4; i++)
         xwktest::PressKey(XtDisplay(sash), XK_Down, ControlMask);
     xwktest::Settle();
-    EXPECT_EQ(p.panes[0]->core.height, h0);  // still gathering
+    EXPECT_EQ(p.Height(0), h0);  // still gathering
     XwkPanedWindowWidget pw = (XwkPanedWindowWidget)p.paned;
     EXPECT_EQ(pw->paned_window.increment, 40);
     ASSERT_TRUE(xwktest::PumpUntil([&] { return pw->paned_window.increment == 0; }));
     xwktest::Settle();
-    EXPECT_EQ(p.panes[0]->core.height, h0 + 40);
+    EXPECT_EQ(p.Height(0), h0 + 40);
 }
 
 TEST(PanedWindow, OrientationSwitchesAtRunTime)
 {
-    Panes p;
-    Build(p, 3);
-    Widget app = xwktest::StartApp();
-    Pixel red = xwktest::NamedPixel(app, "red"), blue = xwktest::NamedPixel(app, "blue");
-    {
-        xwktest::Capture shot(p.paned);
-        ASSERT_TRUE(shot.ok());
-        EXPECT_EQ(shot.Pixel(p.paned->core.width / 2, 10), red);
-        EXPECT_EQ(shot.Pixel(p.paned->core.width / 2, p.paned->core.height - 10), blue);
-    }
+    Panes p(3);
+    Pixel red = xwktest::NamedPixel(p.paned, "red"), blue = xwktest::NamedPixel(p.paned, "blue");
+    int w = p.paned->core.width, h = p.paned->core.height;
+    xwktest::Capture tall(p.paned);
+    ASSERT_TRUE(tall.ok());
+    EXPECT_EQ(tall.Pixel(w / 2, 10), red);
+    EXPECT_EQ(tall.Pixel(w / 2, h - 10), blue);
     XwkTogglePanedWindowOrientation(p.paned);
     xwktest::Settle();
     EXPECT_EQ(xwktest::Get<unsigned char>(p.paned, XmNorientation), XmHORIZONTAL);
@@ -200,12 +188,9 @@ TEST(PanedWindow, OrientationSwitchesAtRunTime)
         EXPECT_LT(centre, p.panes[i + 1]->core.x);
         EXPECT_EQ(sash->core.y + sash->core.height + 10, p.paned->core.height);
     }
-    {
-        xwktest::Capture shot(p.paned);
-        int mid = p.paned->core.height / 2;
-        EXPECT_EQ(shot.Pixel(5, mid), red);
-        EXPECT_EQ(shot.Pixel(p.paned->core.width - 5, mid), blue);
-    }
+    xwktest::Capture wide(p.paned);
+    EXPECT_EQ(wide.Pixel(5, h / 2), red);
+    EXPECT_EQ(wide.Pixel(w - 5, h / 2), blue);
     // A horizontal drag now moves the space between columns.
     int w0 = p.panes[0]->core.width;
     Drag(SashOf(p.panes[0]), 15, 0);
@@ -219,58 +204,47 @@ TEST(PanedWindow, OrientationSwitchesAtRunTime)
 
 TEST(PanedWindow, FlatSashesRunTheFullLength)
 {
-    Panes p;
-    Build(p, 2);
+    Panes p(2);
     XwkConfigureSash(p.paned, False);
     xwktest::Settle();
     XtResizeWidget(p.shell, 320, 260, 0);
     xwktest::Pump(100);
     xwktest::Settle();
-    Widget sash = Sashes(p.paned)[0];
+    Widget sash = p.Sashes()[0];
     EXPECT_EQ(sash->core.width, p.paned->core.width);
     EXPECT_EQ(sash->core.height, 6);
     EXPECT_EQ(sash->core.x, 0);
-    Boolean traversal = True;
-    ASSERT_TRUE(xwktest::PumpUntil([&] {
-        XtVaGetValues(sash, XmNtraversalOn, &traversal, NULL);
-        return !traversal;
-    }));
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return !xwktest::Get<Boolean>(sash, XmNtraversalOn); }));
     // Space given by the sash drag goes to the first pane.
-    int h0 = p.panes[0]->core.height;
+    int h0 = p.Height(0);
     Drag(sash, 0, 20);
-    EXPECT_EQ(p.panes[0]->core.height, h0 + 20);
+    EXPECT_EQ(p.Height(0), h0 + 20);
 }
 
 TEST(PanedWindow, NegativeIndentFallsBackToZeroWhenOutside)
 {
     Arg args[1];
     XtSetArg(args[0], XmNsashIndent, -1000);
-    Panes p;
-    Build(p, 2, "paned", args, 1);
-    EXPECT_EQ(Sashes(p.paned)[0]->core.x, 0);
+    Panes p(2, "paned", args, 1);
+    EXPECT_EQ(p.Sashes()[0]->core.x, 0);
     XtVaSetValues(p.paned, XmNsashIndent, 12, NULL);
     xwktest::Settle();
-    EXPECT_EQ(Sashes(p.paned)[0]->core.x, 12);
+    EXPECT_EQ(p.Sashes()[0]->core.x, 12);
 }
 
 TEST(PanedWindow, ResourceDatabaseSetsOrientation)
 {
-    Widget app = xwktest::StartApp();
-    XrmDatabase db = XtDatabase(XtDisplay(app));
+    XrmDatabase db = XtDatabase(XtDisplay(xwktest::StartApp()));
     XrmPutStringResource(&db, "*sideways.orientation", "horizontal");
     XrmPutStringResource(&db, "*sideways.spacing", "14");
-    Panes p;
-    Build(p, 2, "sideways");
-    unsigned char orientation = 0;
-    XtVaGetValues(p.paned, XmNorientation, &orientation, NULL);
-    EXPECT_EQ(orientation, XmHORIZONTAL);
+    Panes p(2, "sideways");
+    EXPECT_EQ(xwktest::Get<unsigned char>(p.paned, XmNorientation), XmHORIZONTAL);
     EXPECT_EQ(p.panes[1]->core.x, p.panes[0]->core.x + p.panes[0]->core.width + 14);
 }
 
 TEST(PanedWindow, InvalidLimitsWarnAndAreRepaired)
 {
-    Panes p;
-    Build(p, 2);
+    Panes p(2);
     xwktest::Warnings log;
     XtVaSetValues(p.panes[0], XmNpaneMinimum, 0, NULL);
     XtVaSetValues(p.panes[1], XmNpaneMinimum, 50, XmNpaneMaximum, 20, NULL);
@@ -278,22 +252,8 @@ TEST(PanedWindow, InvalidLimitsWarnAndAreRepaired)
     EXPECT_NE(log.texts[0].find("Invalid minimum value, must be > 0."), std::string::npos);
     EXPECT_NE(log.texts[1].find("Invalid minimum/maximum value, minimum must be < maximum."),
               std::string::npos);
-    Dimension min = 0, max = 0;
-    XtVaGetValues(p.panes[1], XmNpaneMinimum, &min, XmNpaneMaximum, &max, NULL);
-    EXPECT_EQ(min, 50);
-    EXPECT_EQ(max, 51);
-}
-
-TEST(PanedWindow, DestroyingAPaneTakesItsSash)
-{
-    Panes p;
-    Build(p, 3);
-    size_t before = ((CompositeWidget)p.paned)->composite.num_children;
-    XtDestroyWidget(p.panes[1]);
-    xwktest::Settle();
-    EXPECT_EQ(((CompositeWidget)p.paned)->composite.num_children, before - 3);
-    EXPECT_EQ(Sashes(p.paned).size(), 1u);
-    EXPECT_EQ(XwkGetPanedWindowPanesCount(p.paned, True), 2);
+    EXPECT_EQ(xwktest::Get<Dimension>(p.panes[1], XmNpaneMinimum), 50);
+    EXPECT_EQ(xwktest::Get<Dimension>(p.panes[1], XmNpaneMaximum), 51);
 }
 
 }  // namespace
