@@ -5,61 +5,38 @@
 
 namespace {
 
-std::string Cvt(const char *text, int mode)
+TEST(Stpcvt, ModeBits)
 {
-    std::string s(text);
-    char *r = stpcvt(s.data(), mode);
-    EXPECT_EQ(r, s.data());
-    return std::string(r);
-}
-
-TEST(Stpcvt, WhiteSpaceBits)
-{
-    EXPECT_EQ(Cvt(" a b ", 0x01), "ab");
-    EXPECT_EQ(Cvt(" a b ", 0x06), "a b");
-    EXPECT_EQ(Cvt("a   b", 0x08), "a b");
-    EXPECT_EQ(Cvt(" \t a \n b \t", 0x02), "a \n b \t");
-    EXPECT_EQ(Cvt(" \t a \n b \t", 0x04), " \t a \n b");
-    EXPECT_EQ(Cvt("  a \t\n b  ", 0x08), " a b ");
-    EXPECT_EQ(Cvt("  a \t\n b  ", 0x0E), "a b");
-    // Reduction is ignored when all white space goes.
-    EXPECT_EQ(Cvt("a   b c", 0x09), "abc");
-    EXPECT_EQ(Cvt("   ", 0x04), "");
-    EXPECT_EQ(Cvt("   ", 0x08), " ");
-    EXPECT_EQ(Cvt("", 0x1FF), "");
-}
-
-TEST(Stpcvt, QuotedTextStays)
-{
-    EXPECT_EQ(Cvt(" x = \"a  B\"  'c  d' ", 0x1E | 0x20), "X = \"a  B\" 'c  d'");
-    EXPECT_EQ(Cvt("a \"b c\" d", 0x11), "a\"b c\"d");
-    // Without the bit, quotes are ordinary characters.
-    EXPECT_EQ(Cvt("a \"b c\" d", 0x01), "a\"bc\"d");
-    // A single quote does not end a double-quoted text.
-    EXPECT_EQ(Cvt("\"it's  x\"  y", 0x18), "\"it's  x\" y");
-    // An unterminated quote runs to the end, its blanks included.
-    EXPECT_EQ(Cvt("a 'b  ", 0x1C), "a 'b  ");
-}
-
-TEST(Stpcvt, CaseMapping)
-{
-    EXPECT_EQ(Cvt("aBz09_", 0x20), "ABZ09_");
-    EXPECT_EQ(Cvt("aBz09_", 0x40), "abz09_");
-    std::string lower = "\xA0\xAF\xE0\xEF\x80\x90\xF0\x7F";
-    EXPECT_EQ(Cvt(lower.c_str(), 0x20), std::string("\x80\x8F\x90\x9F\x80\x90\xF0\x7F"));
-    std::string upper = "\x80\x8F\x90\x9F\xA0\xE0\xF1";
-    EXPECT_EQ(Cvt(upper.c_str(), 0x40), std::string("\xA0\xAF\xE0\xEF\xA0\xE0\xF1"));
-}
-
-TEST(Stpcvt, ControlAndIdentifierBits)
-{
-    EXPECT_EQ(Cvt("a\x01" "b\x7F" "c\td", 0x80), "abc\td");
-    // A removed control character does not split a run of white space.
-    EXPECT_EQ(Cvt("a \x02 b", 0x88), "a b");
-    EXPECT_EQ(Cvt("a b\tc!d@e$(f){g}[h].,~/-+i:j", 0x100), "a_b_c_d_e$(f){g}[h].,~/-+i_j");
-    // Trailing white space is cut even when it would become '_'.
-    EXPECT_EQ(Cvt(" a b  ", 0x10E), "a_b");
-    EXPECT_EQ(Cvt("x 'a b!' y", 0x110), "x_'a b!'_y");
+    struct Case { std::string text; int mode; std::string want; } cases[] = {
+        // White space: remove all, leading, trailing, reduce runs to one blank.
+        {" a b ", 0x01, "ab"}, {" a b ", 0x06, "a b"}, {"a   b", 0x08, "a b"},
+        {" \t a \n b \t", 0x02, "a \n b \t"}, {" \t a \n b \t", 0x04, " \t a \n b"},
+        {"  a \t\n b  ", 0x08, " a b "}, {"  a \t\n b  ", 0x0E, "a b"},
+        // Reduction is ignored when all white space goes.
+        {"a   b c", 0x09, "abc"}, {"   ", 0x04, ""}, {"   ", 0x08, " "}, {"", 0x1FF, ""},
+        // Quoted text stays; without the bit quotes are ordinary characters.
+        {" x = \"a  B\"  'c  d' ", 0x3E, "X = \"a  B\" 'c  d'"},
+        {"a \"b c\" d", 0x11, "a\"b c\"d"}, {"a \"b c\" d", 0x01, "a\"bc\"d"},
+        // A single quote does not end a double-quoted text.
+        {"\"it's  x\"  y", 0x18, "\"it's  x\" y"},
+        // An unterminated quote runs to the end, its blanks included.
+        {"a 'b  ", 0x1C, "a 'b  "},
+        // Case, Latin-1 letters included.
+        {"aBz09_", 0x20, "ABZ09_"}, {"aBz09_", 0x40, "abz09_"},
+        {"\xA0\xAF\xE0\xEF\x80\x90\xF0\x7F", 0x20, "\x80\x8F\x90\x9F\x80\x90\xF0\x7F"},
+        {"\x80\x8F\x90\x9F\xA0\xE0\xF1", 0x40, "\xA0\xAF\xE0\xEF\xA0\xE0\xF1"},
+        // Control characters go; a removed one does not split a run of blanks.
+        {"a\x01" "b\x7F" "c\td", 0x80, "abc\td"}, {"a \x02 b", 0x88, "a b"},
+        // Identifiers; trailing white space is cut even when it would become '_'.
+        {"a b\tc!d@e$(f){g}[h].,~/-+i:j", 0x100, "a_b_c_d_e$(f){g}[h].,~/-+i_j"},
+        {" a b  ", 0x10E, "a_b"}, {"x 'a b!' y", 0x110, "x_'a b!'_y"},
+        {std::string(500000, ' ') + "x" + std::string(548575, ' '), 0x06, "x"},
+    };
+    for (const Case &c : cases) {
+        std::string text = c.text;
+        EXPECT_EQ(stpcvt(text.data(), c.mode), text.data());
+        EXPECT_EQ(std::string(text.c_str()), c.want) << c.text.substr(0, 20) << " " << c.mode;
+    }
 }
 
 TEST(Stpcvt, NullAndByReference)
@@ -71,13 +48,6 @@ TEST(Stpcvt, NullAndByReference)
     EXPECT_STREQ(text, "p q");
     EXPECT_EQ(stpcvt_(text, nullptr), nullptr);
     EXPECT_EQ(stpcvt_(nullptr, &mode), nullptr);
-}
-
-TEST(Stpcvt, HugeInput)
-{
-    std::string s(1 << 20, ' ');
-    s[500000] = 'x';
-    EXPECT_EQ(Cvt(s.c_str(), 0x06), "x");
 }
 
 TEST(Strings, SearchAndTranslate)
@@ -155,14 +125,13 @@ TEST(Strings, StpexpanBoundsHugeInput)
 TEST(Strings, Stpjust)
 {
     char out[16];
-    EXPECT_STREQ(stpjust(out, "ab", '-', 6, 0), "--ab--");
-    EXPECT_STREQ(stpjust(out, "ab", '-', 6, 1), "----ab");
-    EXPECT_STREQ(stpjust(out, "ab", '-', 6, 2), "ab----");
-    EXPECT_STREQ(stpjust(out, "ab", '-', 5, 0), "-ab--");
-    EXPECT_STREQ(stpjust(out, "abcdefg", '-', 4, 0), "bcde");
-    EXPECT_STREQ(stpjust(out, "abcdefg", '-', 4, 1), "defg");
-    EXPECT_STREQ(stpjust(out, "abcdefg", '-', 4, 7), "abcd");
-    EXPECT_STREQ(stpjust(out, "abc", '-', -3, 0), "");
+    struct Case { const char *text; int width, mode; const char *want; } cases[] = {
+        {"ab", 6, 0, "--ab--"}, {"ab", 6, 1, "----ab"}, {"ab", 6, 2, "ab----"},
+        {"ab", 5, 0, "-ab--"}, {"abcdefg", 4, 0, "bcde"}, {"abcdefg", 4, 1, "defg"},
+        {"abcdefg", 4, 7, "abcd"}, {"abc", -3, 0, ""},
+    };
+    for (const Case &c : cases)
+        EXPECT_STREQ(stpjust(out, c.text, '-', c.width, c.mode), c.want) << c.text << c.mode;
 
     char same[16] = "xy";
     EXPECT_STREQ(stpjust(same, same, '.', 6, 1), "....xy");
@@ -207,10 +176,8 @@ TEST(Strings, SortStrings)
     char a[] = "pear", b[] = "apple", c[] = "Zebra", d[] = "apple2";
     char *list[] = {a, b, c, d};
     XwkSortStrings(list, 4);
-    EXPECT_STREQ(list[0], "Zebra");
-    EXPECT_STREQ(list[1], "apple");
-    EXPECT_STREQ(list[2], "apple2");
-    EXPECT_STREQ(list[3], "pear");
+    EXPECT_EQ(std::vector<std::string>(list, list + 4),
+              (std::vector<std::string>{"Zebra", "apple", "apple2", "pear"}));
     XwkSortStrings(nullptr, 3);
 }
 
@@ -287,17 +254,10 @@ TEST(Lists, ExtractString)
     char text[] = "  a = 1 , junk, b=\"x, y\" ,c= \"q\",d=\\\"e,f=\"g";
     char **keys, **values;
     int n = XwkExtractString(text, &keys, &values);
-    ASSERT_EQ(n, 5);
-    EXPECT_STREQ(keys[0], "a");
-    EXPECT_STREQ(values[0], " 1");
-    EXPECT_STREQ(keys[1], "b");
-    EXPECT_STREQ(values[1], "x, y");
-    EXPECT_STREQ(keys[2], "c");
-    EXPECT_STREQ(values[2], " \"q\"");
-    EXPECT_STREQ(keys[3], "d");
-    EXPECT_STREQ(values[3], "\\\"e");
-    EXPECT_STREQ(keys[4], "f");
-    EXPECT_STREQ(values[4], "\"g");
+    std::string pairs;
+    for (int i = 0; i < n; i++)
+        pairs += std::string(keys[i]) + "|" + values[i] + "\n";
+    EXPECT_EQ(pairs, "a| 1\nb|x, y\nc| \"q\"\nd|\\\"e\nf|\"g\n");
     EXPECT_GE(keys[0], text);
     EXPECT_LT(keys[0], text + sizeof text);
     XtFree(reinterpret_cast<char *>(keys));
@@ -344,9 +304,7 @@ TEST(Lists, ConvertStringToStringTable)
     int count = -1;
     char **t = XwkConvertStringToStringTable("a:b\\:c::d:", ':', &count);
     ASSERT_EQ(count, 3);
-    EXPECT_STREQ(t[0], "a");
-    EXPECT_STREQ(t[1], "b\\:c");
-    EXPECT_STREQ(t[2], "d");
+    EXPECT_EQ(std::vector<std::string>(t, t + 3), (std::vector<std::string>{"a", "b\\:c", "d"}));
     EXPECT_EQ(t[3], nullptr);
     for (int i = 0; i < count; i++) XtFree(t[i]);
     XtFree(reinterpret_cast<char *>(t));

@@ -62,9 +62,7 @@ struct Sample {
 TEST(Trees, LinkNumbersLazily)
 {
     XwkTree *tree = t_create(XWK_TREE_PREORDER, nullptr, W(3));
-    EXPECT_EQ(tree->user, W(3));
     EXPECT_TRUE(Stale(tree));
-    EXPECT_EQ(tree->reserved, nullptr);
     XwkTreeNode *root = t_tlink(tree, nullptr, W(0));
     EXPECT_EQ(tree->root, root);
     EXPECT_EQ(tree->root2, root);
@@ -196,21 +194,20 @@ TEST(Trees, UserFindAndUserLink)
 TEST(Trees, NextAndSubtreeMembership)
 {
     Sample s;
-    EXPECT_EQ(t_next(s.n11), s.n12);
-    EXPECT_EQ(t_next(s.n12), s.n2);
-    EXPECT_EQ(t_next(s.n1), s.n2);
-    EXPECT_EQ(t_next(s.n21), nullptr);
-    EXPECT_EQ(t_next(s.root), nullptr);
+    // A node and its successor in preorder past its subtree.
+    const std::pair<XwkTreeNode *, XwkTreeNode *> next[] = {
+        {s.n11, s.n12}, {s.n12, s.n2}, {s.n1, s.n2}, {s.n21, nullptr}, {s.root, nullptr}};
+    for (auto [node, after] : next)
+        EXPECT_EQ(t_next(node), after) << V(node->data);
     EXPECT_EQ(t_next(nullptr), nullptr);
 
-    EXPECT_TRUE(t_belong_to_subtree(s.n12, s.n1));
-    EXPECT_TRUE(t_belong_to_subtree(s.n21, s.root));
-    EXPECT_FALSE(t_belong_to_subtree(s.n1, s.n1));
-    EXPECT_FALSE(t_belong_to_subtree(s.n2, s.n1));
-    EXPECT_FALSE(t_belong_to_subtree(s.n1, s.n11));
-    EXPECT_TRUE(t_belong_to_subtree(s.n21, s.n2));
-    EXPECT_FALSE(t_belong_to_subtree(nullptr, s.n2));
-    EXPECT_FALSE(t_belong_to_subtree(s.n2, nullptr));
+    // A node, a subtree's root, whether the node is below it.
+    const std::tuple<XwkTreeNode *, XwkTreeNode *, bool> below[] = {
+        {s.n12, s.n1, true},   {s.n21, s.root, true}, {s.n1, s.n1, false},
+        {s.n2, s.n1, false},   {s.n1, s.n11, false},  {s.n21, s.n2, true},
+        {nullptr, s.n2, false}, {s.n2, nullptr, false}};
+    for (auto [node, top, want] : below)
+        EXPECT_EQ(t_belong_to_subtree(node, top), want);
 }
 
 TEST(Trees, ReparentMovesAndRenumbers)
