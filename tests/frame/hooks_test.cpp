@@ -65,46 +65,42 @@ int count_passes(Widget label)
     return expose_calls;
 }
 
+// A form in a new top-level shell of the application.
+Widget form_in_shell(const char *name)
+{
+    Widget shell = XtVaCreatePopupShell(name, topLevelShellWidgetClass, xwktest::StartApp(), NULL);
+    return XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+}
+
 }  // namespace
 
+// Flat: as thick as the spacing, the paned window's whole length, no border.
 TEST(SashHook, FlatSashOnlyUnderTheExactConditions)
 {
-    PanedWindow flat = make_paned(6, False, 0, 10, 4);
-    ASSERT_NE(flat.sash, nullptr);
-    EXPECT_EQ(flat.sash->core.height, 6);
-    EXPECT_EQ(flat.sash->core.width, flat.paned->core.width) << "full length";
-    EXPECT_EQ(flat.sash->core.border_width, 0);
-    XtDestroyWidget(flat.shell);
-
-    struct { int spacing; Boolean sep; int indent, w, h; } normal[] = {
-        {5, False, 0, 10, 4},   // spacing not 6
-        {6, True, 0, 10, 4},    // separator on
-        {6, False, 2, 10, 4},   // indented
-        {6, False, 0, 10, 10},  // square sash
+    struct { int spacing; Boolean sep; int indent, w, h; unsigned char orientation; bool flat; }
+    cases[] = {
+        {6, False, 0, 10, 4, XmVERTICAL, true},  {6, False, 0, 4, 10, XmHORIZONTAL, true},
+        {5, False, 0, 10, 4, XmVERTICAL, false},   // spacing not 6
+        {6, True, 0, 10, 4, XmVERTICAL, false},    // separator on
+        {6, False, 2, 10, 4, XmVERTICAL, false},   // indented
+        {6, False, 0, 10, 10, XmVERTICAL, false},  // square sash
     };
-    for (auto &c : normal) {
-        PanedWindow p = make_paned(c.spacing, c.sep, c.indent, c.w, c.h);
+    for (auto &c : cases) {
+        PanedWindow p = make_paned(c.spacing, c.sep, c.indent, c.w, c.h, c.orientation);
         ASSERT_NE(p.sash, nullptr);
-        EXPECT_EQ(p.sash->core.width, c.w) << "Motif's own sash, spacing " << c.spacing;
-        EXPECT_EQ(p.sash->core.height, c.h);
+        bool across = c.orientation == XmVERTICAL;
+        int w = !c.flat ? c.w : across ? p.paned->core.width : 6;
+        int h = !c.flat ? c.h : across ? 6 : p.paned->core.height;
+        EXPECT_EQ(p.sash->core.width, w) << "spacing " << c.spacing << ", indent " << c.indent;
+        EXPECT_EQ(p.sash->core.height, h) << "separator " << (int)c.sep;
+        EXPECT_TRUE(!c.flat || p.sash->core.border_width == 0) << "a flat sash has no border";
         XtDestroyWidget(p.shell);
     }
 }
 
-TEST(SashHook, HorizontalFlatSashSpansTheHeight)
-{
-    PanedWindow p = make_paned(6, False, 0, 4, 10, XmHORIZONTAL);
-    ASSERT_NE(p.sash, nullptr);
-    EXPECT_EQ(p.sash->core.width, 6);
-    EXPECT_EQ(p.sash->core.height, p.paned->core.height);
-    XtDestroyWidget(p.shell);
-}
-
 TEST(LabelHook, InsensitiveTextIsEtched)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("etched", topLevelShellWidgetClass, app, NULL);
-    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Widget form = form_in_shell("etched"), shell = XtParent(form);
     XmString text = XmStringCreateLocalized((char *)"WWWW MMMM");
     Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, form, XmNlabelString, text,
                                            XmNsensitive, False, NULL);
@@ -134,26 +130,22 @@ TEST(LabelHook, InsensitiveTextIsEtched)
 
 TEST(LabelHook, InsensitivePixmapLabelIsDrawnOnce)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("pixmap", topLevelShellWidgetClass, app, NULL);
-    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Widget form = form_in_shell("pixmap"), shell = XtParent(form);
     XtRealizeWidget(shell);
-    Pixmap pm = XCreatePixmap(XtDisplay(app), XtWindow(shell), 8, 8,
-                              DefaultDepthOfScreen(XtScreen(app)));
+    Pixmap pm = XCreatePixmap(XtDisplay(shell), XtWindow(shell), 8, 8,
+                              DefaultDepthOfScreen(XtScreen(shell)));
     Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, form, XmNlabelType,
                                            XmPIXMAP, XmNlabelPixmap, pm, XmNsensitive, False, NULL);
     XtPopup(shell, XtGrabNone);
     ASSERT_TRUE(xwktest::WaitViewable(label));
     EXPECT_EQ(count_passes(label), 1);
     XtDestroyWidget(shell);
-    XFreePixmap(XtDisplay(app), pm);
+    XFreePixmap(XtDisplay(xwktest::StartApp()), pm);
 }
 
 TEST(LabelHook, ArmedPushButtonTextMovesByOnePixel)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("armed", topLevelShellWidgetClass, app, NULL);
-    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    Widget form = form_in_shell("armed"), shell = XtParent(form);
     XmString text = XmStringCreateLocalized((char *)"Press");
     Widget button = XtVaCreateManagedWidget("button", xmPushButtonWidgetClass, form,
                                             XmNlabelString, text, XmNfillOnArm, False, NULL);
