@@ -210,7 +210,7 @@ TEST(HashTable, ResizeGrowsOnly)
     XwkFreeHashTable(table);
 }
 
-TEST(HashTable, ResizeMovesEntriesToTheTailOfTheirNewChain)
+TEST(HashTable, ResizeMovesEntriesToTheTailOfTheirNewChainAndLosesSome)
 {
     // In bucket 0 of 17, head first: 17 (moves to 17 of 31), 0 (stays);
     // 48 sits in bucket 14 of 17 and goes to bucket 17 of 31 as well.
@@ -225,13 +225,11 @@ TEST(HashTable, ResizeMovesEntriesToTheTailOfTheirNewChain)
     EXPECT_EQ(chain, (Values{17, 48}));
     EXPECT_EQ(XwkHashTableCount(table), 3u);
     XwkFreeHashTable(table);
-}
 
-TEST(HashTable, ResizeLosesAnEntryThatStaysInFrontOfOneThatMoves)
-{
-    // Head first, bucket 0 of 17: 0 (stays), 17 (moves); bucket 1: 1
-    // (stays), 18 (moves), 528 (stays).
-    XwkHashTable *table = Table(17, {{17, 117}, {0, 100}, {528, 135}, {18, 118}, {1, 101}});
+    // An entry that stays is lost when one ahead of it moves. Head first,
+    // bucket 0 of 17: 0 (stays), 17 (moves); bucket 1: 1 (stays), 18 (moves),
+    // 528 (stays).
+    table = Table(17, {{17, 117}, {0, 100}, {528, 135}, {18, 118}, {1, 101}});
     XwkResizeHashTable(table, 18);
     EXPECT_EQ(Finds(table, {0, 17, 1, 18, 528}), (Values{0, 117, 0, 118, 135}));
     EXPECT_EQ(table->buckets[1]->key, W(528));

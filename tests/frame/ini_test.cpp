@@ -147,10 +147,8 @@ TEST_F(Ini, WriteCreatesAppendsAndReplaces)
 
 TEST_F(Ini, WriteRejectsIncompleteCalls)
 {
-    const char *key = "a";
-    const char *value = "1";
-    char **keys = const_cast<char **>(&key);
-    char **values = const_cast<char **>(&value);
+    char key[] = "a", value[] = "1";
+    char *keys[] = {key}, *values[] = {value};
     EXPECT_EQ(XwkWriteIni(file_.c_str(), nullptr, keys, values, 1), 0);
     EXPECT_EQ(XwkWriteIni(file_.c_str(), "s", nullptr, values, 1), 0);
     EXPECT_EQ(XwkWriteIni(file_.c_str(), "s", keys, nullptr, 1), 0);

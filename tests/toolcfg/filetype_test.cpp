@@ -51,17 +51,12 @@ struct FileType : ::testing::Test {
     {
         tmp = new xwktest::TempDir;
         dir = tmp->Path();
-        Write("rules", rule_text);
+        tmp->Write("rules", rule_text);
         char *action = nullptr;
         ASSERT_EQ(CheckFileType((dir / "rules").c_str(), nullptr, &action, nullptr, 0), 1);
     }
 
     static void TearDownTestSuite() { delete tmp; }
-
-    static std::string Write(const std::string &name, const std::string &content)
-    {
-        return tmp->Write(name, content);
-    }
 
     static Result Check(const std::string &name, int flags = 0)
     {
@@ -124,7 +119,7 @@ TEST_F(FileType, ContentRules)
         {"empty", "", 0, none},
     };
     for (const Case &c : cases)
-        EXPECT_EQ(Check(Write(c.name, c.content), c.flags), c.want) << c.name << " " << c.flags;
+        EXPECT_EQ(Check(tmp->Write(c.name, c.content), c.flags), c.want) << c.name << c.flags;
     // Unreadable files count as empty.
     EXPECT_EQ(Check((dir / "missing").string()), none);
     EXPECT_EQ(Check(dir.string()), none);
@@ -132,7 +127,7 @@ TEST_F(FileType, ContentRules)
 
 TEST_F(FileType, RuleFileIsReadOnceAndOutputsMayBeNull)
 {
-    std::string other = Write("other-rules", ".q other\n");
+    std::string other = tmp->Write("other-rules", ".q other\n");
     char *action = nullptr;
     EXPECT_EQ(CheckFileType(other.c_str(), "x.q", &action, nullptr, 0), 1);
     EXPECT_EQ(action, nullptr);
