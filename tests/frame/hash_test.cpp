@@ -226,7 +226,7 @@ TEST(HashTable, ResizeMovesEntriesToTheTailOfTheirNewChainAndLosesSome)
     EXPECT_EQ(XwkHashTableCount(table), 3u);
     XwkFreeHashTable(table);
 
-    // An entry that stays is lost when one ahead of it moves. Head first,
+    // An entry that stays in front of one that moves is lost. Head first,
     // bucket 0 of 17: 0 (stays), 17 (moves); bucket 1: 1 (stays), 18 (moves),
     // 528 (stays).
     table = Table(17, {{17, 117}, {0, 100}, {528, 135}, {18, 118}, {1, 101}});

@@ -61,48 +61,36 @@ TEST_F(Templates, InitAddsTheTenBuiltInsAndFreeClears)
 TEST_F(Templates, PlainExpansions)
 {
     struct Case { const char *text, *expanded, *file = "/src/dir/main.c"; } cases[] = {
-        {"$@", "/src/dir/main.c"},
-        {"[$(@D)] [$(@F)]", "[/src/dir] [main.c]"},
-        {"$(@D)|$(@F)|", "|plain.c|", "plain.c"},
-        {"$(@D)", "", "/top"},
+        {"$@", "/src/dir/main.c"}, {"[$(@D)] [$(@F)]", "[/src/dir] [main.c]"},
+        {"$(@D)|$(@F)|", "|plain.c|", "plain.c"}, {"$(@D)", "", "/top"},
         // The character behind the ")" is copied without being looked at.
-        {"$(@F)$@", "main.c$@"},
-        {"$(@F)$(upper x)", "main.c$(upper x)"},
-        {"$(@F)", "main.c"},
+        {"$(@F)$@", "main.c$@"}, {"$(@F)$(upper x)", "main.c$(upper x)"}, {"$(@F)", "main.c"},
         // A file name form at a line end doubles the newline.
-        {"a $(@F)\nb", "a main.c\n\nb"},
-        {"$(@D)\n", "/src/dir\n\n"},
+        {"a $(@F)\nb", "a main.c\n\nb"}, {"$(@D)\n", "/src/dir\n\n"},
         {"$@\nb", "/src/dir/main.c\nb"},
         // A dollar before anything else stays with its character.
         {"$$@ $x $$(upper a) $(1x) $( upper)", "$$@ $x $$(upper a) $(1x) $( upper)"},
-        {"end $", "end $"},
-        {"$\nx", "$\n\nx"},
-        {"$(upper Hello, World 1)", "HELLO, WORLD 1"},
-        {"$(lower Hello, World)", "hello, world"},
+        {"end $", "end $"}, {"$\nx", "$\n\nx"},
+        // The built-in functions, nested or without an argument.
+        {"$(upper Hello, World 1)", "HELLO, WORLD 1"}, {"$(lower Hello, World)", "hello, world"},
         {"$(capitalize hello world)", "Hello world"},
-        {"$(identifier 9lives-of.a cat)", "_lives_of_a_cat"},
-        {"$(identifier abc_12)", "abc_12"},
-        {"$(basename dir.v2/file)", "dir"},
-        {"$(basename $(@F))", "main"},
-        {"$(basename README)", "README"},
-        {"$(suffix a.tar.gz)", "gz"},
+        {"$(identifier 9lives-of.a cat)", "_lives_of_a_cat"}, {"$(identifier abc_12)", "abc_12"},
+        {"$(basename dir.v2/file)", "dir"}, {"$(basename $(@F))", "main"},
+        {"$(basename README)", "README"}, {"$(suffix a.tar.gz)", "gz"},
         {"[$(suffix README)]", "[]"},
+        {"$(upper $(lower $(capitalize ABC)))", "ABC"}, {"$(upper)", ""},
         // A missing close ends the call at the line end.
-        {"$(upper abc\n$(upper def", "ABC\nDEF"},
-        {"x $(nosuch abc\ny", "x $(nosuch abc\ny"},
+        {"$(upper abc\n$(upper def", "ABC\nDEF"}, {"x $(nosuch abc\ny", "x $(nosuch abc\ny"},
         // Inside an argument the copied character is the ")" closing the call.
         {"$(upper $(@F))!", "MAIN.C)!"},
-        {"$(upper $(lower $(capitalize ABC)))", "ABC"},
-        {"$(upper)", ""},
         // Unknown names stay as they stand, calls in their arguments too.
         {"$(nosuch x) $(nosuch $(upper y)) $(Upper z)",
          "$(nosuch x) $(nosuch $(upper y)) $(Upper z)"},
-        {"", ""},
-        {"\n\n", "\n\n"},
-        {"a\n", "a\n"},
+        {"", ""}, {"\n\n", "\n\n"}, {"a\n", "a\n"},
         {"/* $(@F) */\n#ifndef $(upper $(identifier $(basename $(@F))))_H\n"
          "#define $(upper $(identifier $(basename $(@F))))_H\n#endif /* $(suffix $@) */\n",
-         "/* io-util.h */\n#ifndef IO_UTIL_H\n#define IO_UTIL_H\n#endif /* h */\n", "src/io-util.h"},
+         "/* io-util.h */\n#ifndef IO_UTIL_H\n#define IO_UTIL_H\n#endif /* h */\n",
+         "src/io-util.h"},
     };
     for (const Case &c : cases)
         EXPECT_EQ(Expand(c.text, c.file), c.expanded) << c.text;
