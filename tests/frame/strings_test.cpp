@@ -80,46 +80,26 @@ TEST(Strings, Stptabfy)
     EXPECT_EQ(stptabfy(nullptr, 4), nullptr);
 }
 
-TEST(Strings, StpexpanExpandsAndResumes)
+TEST(Strings, StpexpanExpandsBoundsAndResumes)
 {
-    char out[64];
-    EXPECT_EQ(stpexpan(out, "a\tb", 4, sizeof out), nullptr);
-    EXPECT_STREQ(out, "a   b");
-    EXPECT_EQ(stpexpan(out, "ab\ncd\tx", 4, sizeof out), nullptr);
-    EXPECT_STREQ(out, "ab\ncd  x");
-    EXPECT_EQ(stpexpan(out, "a\tb", 0, sizeof out), nullptr);
-    EXPECT_STREQ(out, "a\tb");
-
-    // A tab that does not fit is left for the next call.
-    const char *in = "ab\tcd";
-    char small[5];
-    const char *rest = stpexpan(small, in, 4, 4);
-    EXPECT_STREQ(small, "ab");
-    EXPECT_EQ(rest, in + 2);
-    rest = stpexpan(out, rest, 4, sizeof out);
-    EXPECT_STREQ(out, "    cd");
-    EXPECT_EQ(rest, nullptr);
-    EXPECT_EQ(stpexpan(small, in, 4, sizeof small), in + 3);
-    EXPECT_STREQ(small, "ab  ");
-
-    const char *text = "abcdef";
-    EXPECT_EQ(stpexpan(small, text, 8, sizeof small), text + 4);
-    EXPECT_STREQ(small, "abcd");
-    EXPECT_EQ(stpexpan(small, "abcd", 8, sizeof small), nullptr);
-    EXPECT_STREQ(small, "abcd");
-    EXPECT_EQ(stpexpan(small, text, 8, 1), text);
-    EXPECT_STREQ(small, "");
-    EXPECT_EQ(stpexpan(nullptr, text, 8, 4), nullptr);
-}
-
-TEST(Strings, StpexpanBoundsHugeInput)
-{
-    std::string in(100000, '\t');
-    std::vector<char> out(1001, 'Z');
-    const char *rest = stpexpan(out.data(), in.c_str(), 8, 1000);
-    EXPECT_EQ(std::strlen(out.data()), 992u);
-    EXPECT_EQ(rest, in.c_str() + 124);
-    EXPECT_EQ(out[1000], 'Z');
+    // Input, tab width, buffer size; the text written and the offset of the
+    // input left over (-1: none).
+    struct Case { std::string in; int width, size; std::string out; long rest; } cases[] = {
+        {"a\tb", 4, 64, "a   b", -1}, {"ab\ncd\tx", 4, 64, "ab\ncd  x", -1},
+        {"a\tb", 0, 64, "a\tb", -1},
+        // A tab that does not fit is left for the next call.
+        {"ab\tcd", 4, 4, "ab", 2}, {"\tcd", 4, 64, "    cd", -1}, {"ab\tcd", 4, 5, "ab  ", 3},
+        {"abcdef", 8, 5, "abcd", 4}, {"abcd", 8, 5, "abcd", -1}, {"abcdef", 8, 1, "", 0},
+        {std::string(100000, '\t'), 8, 1000, std::string(992, ' '), 124},
+    };
+    for (const Case &c : cases) {
+        std::vector<char> out(c.size + 1, 'Z');
+        const char *rest = stpexpan(out.data(), c.in.c_str(), c.width, c.size);
+        EXPECT_EQ(std::string(out.data(), strnlen(out.data(), c.size)), c.out) << c.in.substr(0, 9);
+        EXPECT_EQ(rest ? rest - c.in.c_str() : -1, c.rest) << c.in.substr(0, 9);
+        EXPECT_EQ(out[c.size], 'Z') << "written past the bound: " << c.in.substr(0, 9);
+    }
+    EXPECT_EQ(stpexpan(nullptr, "abcdef", 8, 4), nullptr);
 }
 
 TEST(Strings, Stpjust)
