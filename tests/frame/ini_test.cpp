@@ -118,11 +118,8 @@ TEST_F(Ini, WriteCreatesAppendsAndReplaces)
     EXPECT_EQ(Write("s", {"a", "", "b"}, {"1", "lost", nullptr}), 1);
     EXPECT_EQ(Get(), "[s]\na = 1\nb = \n");
     EXPECT_EQ(Read("s"), "a|1\nb|\n");
-    struct Case {
-        const char *before;
-        std::vector<const char *> keys, values;
-        const char *after;
-    } cases[] = {
+    struct Case { const char *before; std::vector<const char *> keys, values; const char *after; }
+    cases[] = {
         // A missing section is appended.
         {"[x]\nk=v\n", {"a"}, {"1"}, "[x]\nk=v\n\n[s]\na = 1\n"},
         // Keys replace by prefix, the rest stays.

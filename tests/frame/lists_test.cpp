@@ -6,26 +6,20 @@ namespace {
 using xwktest::V;
 using xwktest::W;
 
-// Data words head to tail, checking links both ways and the count.
-std::vector<intptr_t> Items(const XwkList *list)
+// Data words head to tail, checking links both ways, the count, and that
+// the indices count up by one from first_index.
+std::vector<intptr_t> Items(const XwkList *list, int first_index = 0)
 {
     std::vector<intptr_t> out;
     const XwkListNode *prev = nullptr;
     for (const XwkListNode *n = list->first; n; n = n->next) {
         EXPECT_EQ(n->prev, prev);
+        EXPECT_EQ(n->index, first_index + (int)out.size()) << "data " << V(n->data);
         out.push_back(V(n->data));
         prev = n;
     }
     EXPECT_EQ(list->last, prev);
     EXPECT_EQ(static_cast<size_t>(list->count), out.size());
-    return out;
-}
-
-std::vector<int> Indices(const XwkList *list)
-{
-    std::vector<int> out;
-    for (const XwkListNode *n = list->first; n; n = n->next)
-        out.push_back(n->index);
     return out;
 }
 
@@ -58,7 +52,6 @@ TEST(Lists, AppendAndInsertKeepOrderAndIndices)
     l_insert_before(list, nullptr, W(5));
     l_insert(list, list->last, W(6));
     EXPECT_EQ(Items(list), (std::vector<intptr_t>{0, -1, 1, 2, 3, 4, 5, 6}));
-    EXPECT_EQ(Indices(list), (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7}));
     l_destroy(list);
 }
 
@@ -160,7 +153,6 @@ TEST(Lists, DeleteCutAndPopRenumberAndCallFreeProc)
     l_pop(list);
     EXPECT_EQ(freed, (std::vector<intptr_t>{1, 4}));
     EXPECT_EQ(Items(list), (std::vector<intptr_t>{2, 3}));
-    EXPECT_EQ(Indices(list), (std::vector<int>{0, 1}));
     l_delete(list, list->last);
     l_delete(list, list->first);
     EXPECT_EQ(Items(list), (std::vector<intptr_t>{}));
@@ -195,7 +187,6 @@ TEST(Lists, Reverse)
     XwkList *list = Make({1, 2, 3, 4});
     l_reverse(list);
     EXPECT_EQ(Items(list), (std::vector<intptr_t>{4, 3, 2, 1}));
-    EXPECT_EQ(Indices(list), (std::vector<int>{0, 1, 2, 3}));
     l_destroy(list);
     for (auto values : {std::initializer_list<intptr_t>{5}, {}}) {
         list = Make(values);
@@ -215,21 +206,17 @@ TEST(Lists, ReplaceMovesBeforeTargetAndRenumbersFromMovedOnly)
     XwkListNode *moved = l_find(list, 3);
     l_replace(list, target, moved);
     EXPECT_EQ(Items(list), (std::vector<intptr_t>{0, 3, 1, 2, 4}));
-    EXPECT_EQ(Indices(list), (std::vector<int>{0, 1, 2, 3, 4}));
-    EXPECT_EQ(list->count, 5);
 
     // Moving forwards: the nodes passed over keep an index one too high,
     // and the numbering from the moved node goes on from there.
     l_replace(list, l_find(list, 4), list->first);
-    EXPECT_EQ(Items(list), (std::vector<intptr_t>{3, 1, 2, 0, 4}));
-    EXPECT_EQ(Indices(list), (std::vector<int>{1, 2, 3, 4, 5}));
+    EXPECT_EQ(Items(list, 1), (std::vector<intptr_t>{3, 1, 2, 0, 4}));
     l_label(list->first);
-    EXPECT_EQ(Indices(list), (std::vector<int>{0, 1, 2, 3, 4}));
+    EXPECT_EQ(Items(list), (std::vector<intptr_t>{3, 1, 2, 0, 4}));
 
     // To the head and from the tail.
     l_replace(list, list->first, list->last);
     EXPECT_EQ(Items(list), (std::vector<intptr_t>{4, 3, 1, 2, 0}));
-    EXPECT_EQ(Indices(list), (std::vector<int>{0, 1, 2, 3, 4}));
 
     // Anything null, or a node onto itself: nothing happens.
     l_replace(list, nullptr, list->first);

@@ -152,14 +152,11 @@ TEST(Split, SplitPath)
 {
     // Each part asked for, or not asked for (nullptr): "-" stands for none.
     struct Case { const char *path; bool dir, name, ext; const char *d, *n, *e; } cases[] = {
-        {"/a/b.c", 1, 1, 1, "/a", "b", "c"},
-        {"b", 1, 1, 1, "<null>", "b", "<null>"},
-        {"/x", 1, 1, 1, "", "x", "<null>"},
+        {"/a/b.c", 1, 1, 1, "/a", "b", "c"}, {"b", 1, 1, 1, "<null>", "b", "<null>"},
+        {"/x", 1, 1, 1, "", "x", "<null>"}, {"d/", 1, 1, 1, "d", "<null>", "<null>"},
         {"a.d/b.tar.gz", 1, 1, 0, "a.d", "b.tar.gz", "-"},
         {"a.d/b.tar.gz", 0, 1, 1, "-", "b.tar", "gz"},
-        {"a.d/b", 0, 1, 1, "-", "b", "<null>"},
-        {"d/.rc", 0, 1, 1, "-", "<null>", "rc"},
-        {"d/", 1, 1, 1, "d", "<null>", "<null>"},
+        {"a.d/b", 0, 1, 1, "-", "b", "<null>"}, {"d/.rc", 0, 1, 1, "-", "<null>", "rc"},
     };
     for (const Case &c : cases) {
         char *d = nullptr, *n = nullptr, *e = nullptr;
@@ -198,7 +195,8 @@ TEST(Access, DecidedByTheUserGlobals)
     xwkGIDs = gids;
     xwkNumGIDs = 2;
     // The file's mode, owner and group; the user; what is asked; the answer.
-    struct Case { mode_t mode; uid_t owner; gid_t group; uid_t user; int want; bool ok; } cases[] = {
+    struct Case { mode_t mode; uid_t owner; gid_t group; uid_t user; int want; bool ok; }
+    cases[] = {
         {S_IFREG | 0600, 500, 1, 500, 4, true}, {S_IFREG | 0600, 500, 1, 500, 2, true},
         {S_IFREG | 0600, 500, 1, 500, 1, false}, {S_IFREG | 0400, 501, 1, 500, 4, false},
         // Others need the execute bit too, even on a plain file.

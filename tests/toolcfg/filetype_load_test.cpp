@@ -100,16 +100,8 @@ TEST_F(RuleLoad, SyntaxErrorKeepsTheRulesBeforeItAndIsNotReadAgain)
 TEST_F(RuleLoad, LinesWithoutActionAreSyntaxErrors)
 {
     const char *cases[] = {
-        "^pattern\n.c cc\n",
-        "!perl\n",
-        "^\"quoted\"\n",
-        "^\"unterminated\n",
-        ".c \n.h hh\n",
-        ".c cc\n.h",
-        ".c cc\n.h\t",
-        "? \n",
-        "=x y\n",
-        ".c\n",
+        "^pattern\n.c cc\n", "!perl\n", "^\"quoted\"\n", "^\"unterminated\n", ".c \n.h hh\n",
+        ".c cc\n.h", ".c cc\n.h\t", "? \n", "=x y\n", ".c\n",
     };
     for (const char *text : cases) {
         std::string rules = tmp.Write("rules", text);
