@@ -194,9 +194,8 @@ TEST(Shells, TransientChildIsCentredAndClamped)
     XwkSetTransientFor(parent, wide);
     EXPECT_EQ(wide->core.x, 0) << "100 - 150 clamps to 0";
     EXPECT_EQ(wide->core.y, 0);
-    XtDestroyWidget(parent);
-    XtDestroyWidget(child);
-    XtDestroyWidget(wide);
+    for (Widget w : {parent, child, wide})
+        XtDestroyWidget(w);
 }
 
 TEST(Shells, ForceUpdateWaitsUntilTheShellIsUp)
