@@ -124,8 +124,7 @@ TEST(Strings, Stpjust)
 
     // Only width + 1 bytes are written, however long the input.
     std::string huge(1 << 16, 'q');
-    char guarded[8];
-    std::memset(guarded, 'G', sizeof guarded);
+    char guarded[8] = "GGGGGGG";
     stpjust(guarded, huge.c_str(), ' ', 5, 0);
     EXPECT_STREQ(guarded, "qqqqq");
     EXPECT_EQ(guarded[6], 'G');
