@@ -4,6 +4,7 @@
 namespace {
 
 using xwktest::V;
+using xwktest::SameWord;
 using xwktest::W;
 
 // Data words head to tail, checking links both ways, the count, and that
@@ -71,24 +72,17 @@ TEST(Lists, FindByPosition)
     for (int i : {0, 1, 49, 50, 51, 99, 100})
         EXPECT_EQ(V(l_find(list, i)->data), i * 10) << i;
     EXPECT_EQ(l_find(list, 101), nullptr);
-    freed.clear();
     l_destroy(one);
     l_destroy(empty);
     l_destroy(list);
 }
 
-int CompareWord(XtPointer data, XtPointer arg)
-{
-    return V(data) == V(arg) ? 0 : 1;
-}
-
 TEST(Lists, UserFindGivesFirstMatch)
 {
     XwkList *list = Make({5, 6, 6, 7});
-    EXPECT_EQ(l_userfind(list, CompareWord, W(6)), list->first->next);
-    EXPECT_EQ(l_userfind(list, CompareWord, W(8)), nullptr);
-    EXPECT_EQ(l_userfind(nullptr, CompareWord, W(6)), nullptr);
-    freed.clear();
+    EXPECT_EQ(l_userfind(list, SameWord, W(6)), list->first->next);
+    EXPECT_EQ(l_userfind(list, SameWord, W(8)), nullptr);
+    EXPECT_EQ(l_userfind(nullptr, SameWord, W(6)), nullptr);
     l_destroy(list);
 }
 
@@ -122,13 +116,8 @@ int StepThrough(XwkListNode **cursor, XtPointer arg)
 
 TEST(Lists, TreeFindLetsTheProcedureMoveTheCursor)
 {
-    XwkList *inner = l_create(nullptr, nullptr);
-    l_append(inner, W(20));
-    XwkListNode *target = l_append(inner, W(42));
-    XwkList *outer = l_create(nullptr, nullptr);
-    l_append(outer, W(1));
-    l_append(outer, W(-1));
-    l_append(outer, W(3));
+    XwkList *inner = Make({20, 42}), *outer = Make({1, -1, 3});
+    XwkListNode *target = inner->last;
     Nested state{inner, nullptr, 0};
     EXPECT_EQ(l_treefind(outer, StepThrough, &state), target);
     EXPECT_EQ(state.visited, 4);

@@ -4,6 +4,7 @@
 namespace {
 
 using xwktest::V;
+using xwktest::SameWord;
 using xwktest::W;
 
 bool Stale(const XwkTree *tree)
@@ -144,17 +145,12 @@ TEST(Trees, FindAndCreep)
     EXPECT_EQ(s.n2->id, 4u);
 }
 
-int MatchWord(XtPointer data, XtPointer arg)
-{
-    return V(data) == V(arg) ? 0 : 1;
-}
-
 std::vector<intptr_t> seen;
 
 int RecordAndMatch(XtPointer data, XtPointer arg)
 {
     seen.push_back(V(data));
-    return MatchWord(data, arg);
+    return SameWord(data, arg);
 }
 
 TEST(Trees, UserFindAndUserLink)
@@ -163,21 +159,20 @@ TEST(Trees, UserFindAndUserLink)
     seen.clear();
     EXPECT_EQ(t_userfind(s.tree, RecordAndMatch, W(2)), s.n2);
     EXPECT_EQ(seen, (std::vector<intptr_t>{0, 1, 11, 12, 2}));
-    EXPECT_EQ(t_userfind(s.tree, MatchWord, W(99)), nullptr);
-    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, s.n1, MatchWord, W(21)), nullptr);
-    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, s.n2, MatchWord, W(21)), s.n21);
-    EXPECT_EQ(t_usercreep(2, s.root, MatchWord, W(0)), nullptr);  // other kinds do nothing
+    EXPECT_EQ(t_userfind(s.tree, SameWord, W(99)), nullptr);
+    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, s.n1, SameWord, W(21)), nullptr);
+    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, s.n2, SameWord, W(21)), s.n21);
+    EXPECT_EQ(t_usercreep(2, s.root, SameWord, W(0)), nullptr);  // other kinds do nothing
 
-    XwkTreeNode *n = t_usertlink(s.tree, MatchWord, W(11), W(111));
-    ASSERT_NE(n, nullptr);
-    EXPECT_EQ(n->parent, s.n11);
-    EXPECT_EQ(n->level, 3u);
-    EXPECT_EQ(t_usertlink(s.tree, MatchWord, W(99), W(5)), nullptr);
+    XwkTreeNode *n = t_usertlink(s.tree, SameWord, W(11), W(111));
+    EXPECT_EQ(Shape(s.n11), "11(2,2)[111(3,3)]");
+    EXPECT_EQ(s.n11->first_child, n);
+    EXPECT_EQ(t_usertlink(s.tree, SameWord, W(99), W(5)), nullptr);
     EXPECT_EQ(s.tree->count, 7u);
 
     // An empty tree cannot be filled this way.
     XwkTree *empty = t_create(XWK_TREE_PREORDER, nullptr, nullptr);
-    EXPECT_EQ(t_usertlink(empty, MatchWord, W(0), W(1)), nullptr);
+    EXPECT_EQ(t_usertlink(empty, SameWord, W(0), W(1)), nullptr);
     EXPECT_EQ(empty->count, 0u);
     t_destroy(empty);
 
@@ -185,7 +180,7 @@ TEST(Trees, UserFindAndUserLink)
     t_tlink(s.tree, s.root, W(3));
     s.n2->id = 77;
     s.tree->flags |= XWK_TREE_STALE;
-    t_userfind(s.tree, MatchWord, W(0));
+    t_userfind(s.tree, SameWord, W(0));
     EXPECT_FALSE(Stale(s.tree));
     EXPECT_EQ(s.n2->id, 5u);
 }
@@ -405,7 +400,7 @@ TEST(Trees, LabelAndEnumerate)
     other->flags |= XWK_TREE_STALE;
     EXPECT_EQ(t_find(other, 1), nullptr);
     EXPECT_EQ(c->id, 7u);
-    EXPECT_EQ(t_userfind(other, MatchWord, W(1)), nullptr);
+    EXPECT_EQ(t_userfind(other, SameWord, W(1)), nullptr);
     t_destroy(other);
 }
 
@@ -418,7 +413,7 @@ TEST(Trees, DeepAndWideTreesNeedNoStack)
         node = t_tlink(tree, node, W(i));
     EXPECT_EQ(t_find(tree, n - 1), node);
     EXPECT_EQ(tree->depth, n);
-    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, tree->root, MatchWord, W(n - 1)), node);
+    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, tree->root, SameWord, W(n - 1)), node);
     EXPECT_EQ(Tour(XWK_TREE_PREORDER, tree->root).size(), n);
     XwkTreeNode *wide = t_tlink(tree, tree->root, W(-1));
     for (unsigned i = 0; i < 1000; i++)

@@ -221,6 +221,12 @@ template <class T> T Get(Widget w, const char *resource)
     return value;
 }
 
+// A search procedure of lists and trees: 0 (found) when the data word is arg.
+inline int SameWord(XtPointer data, XtPointer arg)
+{
+    return V(data) == V(arg) ? 0 : 1;
+}
+
 }  // namespace xwktest
 
 #endif

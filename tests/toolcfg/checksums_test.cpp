@@ -69,8 +69,7 @@ TEST(Md5, AgreesWithMd5sumAtPaddingBoundaries)
     for (size_t len : {1, 55, 56, 57, 63, 64, 65, 119, 120, 128, 4097}) {
         std::vector<unsigned char> data = Pattern(len, unsigned(len));
         std::string path = tmp.Write("data", std::string(data.begin(), data.end()));
-        std::string cmd = "md5sum " + path;
-        FILE *p = popen(cmd.c_str(), "r");
+        FILE *p = popen(("md5sum " + path).c_str(), "r");
         ASSERT_TRUE(p);
         char line[128] = "";
         ASSERT_TRUE(std::fgets(line, sizeof line, p));
