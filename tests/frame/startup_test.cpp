@@ -140,17 +140,6 @@ TEST(Version, CheckAndBanner)
 
 namespace {
 
-Widget sash_of(Widget paned)
-{
-    WidgetList children;
-    Cardinal n;
-    XtVaGetValues(paned, XmNchildren, &children, XmNnumChildren, &n, NULL);
-    for (Cardinal i = 0; i < n; i++)
-        if (XmIsSash(children[i]))
-            return children[i];
-    return nullptr;
-}
-
 struct PanedWindow {
     Widget shell, paned, sash;
 };
@@ -171,7 +160,7 @@ PanedWindow make_paned(int spacing, Boolean separator, int indent, int sash_w, i
     XtPopup(p.shell, XtGrabNone);
     xwktest::WaitViewable(p.shell);
     xwktest::Settle();
-    p.sash = sash_of(p.paned);
+    p.sash = XtNameToWidget(p.paned, "Sash");
     return p;
 }
 
