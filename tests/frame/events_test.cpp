@@ -45,7 +45,7 @@ struct EventHandlers : ::testing::Test {
             XtDestroyWidget(w);
         xwktest::Settle();
     }
-    // A filter on client messages whose first data word is value.
+    // A filter on client messages whose word at offset (the first data word) is value.
     XwkEventHandlerRec *Add(XwkEventHandlerProc proc, long closure, unsigned value = 7,
                             int offset = kDataOffset)
     {
@@ -61,7 +61,8 @@ struct EventHandlers : ::testing::Test {
         ev.xclient.data.l[0] = data;
         return ev;
     }
-    // The filters that a client message with this data word runs.
+    // The closures of the filters that run on a message with this first data
+    // word, retyped as type.
     std::vector<int> Run(long data, int type = ClientMessage)
     {
         XEvent ev = Message(data);

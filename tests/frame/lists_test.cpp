@@ -3,8 +3,8 @@
 
 namespace {
 
-using xwktest::V;
 using xwktest::SameWord;
+using xwktest::V;
 using xwktest::W;
 
 // Data words head to tail, checking links both ways, the count, and that

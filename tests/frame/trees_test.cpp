@@ -3,8 +3,8 @@
 
 namespace {
 
-using xwktest::V;
 using xwktest::SameWord;
+using xwktest::V;
 using xwktest::W;
 
 bool Stale(const XwkTree *tree)
@@ -63,7 +63,9 @@ struct Sample {
 TEST(Trees, LinkNumbersLazily)
 {
     XwkTree *tree = t_create(XWK_TREE_PREORDER, nullptr, W(3));
+    EXPECT_EQ(tree->user, W(3));
     EXPECT_TRUE(Stale(tree));
+    EXPECT_EQ(tree->reserved, nullptr);
     XwkTreeNode *root = t_tlink(tree, nullptr, W(0));
     EXPECT_EQ(tree->root, root);
     EXPECT_EQ(tree->root2, root);
@@ -197,9 +199,8 @@ TEST(Trees, NextAndSubtreeMembership)
 
     // A node, a subtree's root, whether the node is below it.
     const std::tuple<XwkTreeNode *, XwkTreeNode *, bool> below[] = {
-        {s.n12, s.n1, true},   {s.n21, s.root, true}, {s.n1, s.n1, false},
-        {s.n2, s.n1, false},   {s.n1, s.n11, false},  {s.n21, s.n2, true},
-        {nullptr, s.n2, false}, {s.n2, nullptr, false}};
+        {s.n12, s.n1, true}, {s.n21, s.root, true}, {s.n1, s.n1, false}, {s.n2, s.n1, false},
+        {s.n1, s.n11, false}, {s.n21, s.n2, true}, {nullptr, s.n2, false}, {s.n2, nullptr, false}};
     for (auto [node, top, want] : below)
         EXPECT_EQ(t_belong_to_subtree(node, top), want);
 }
