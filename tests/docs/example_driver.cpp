@@ -1,46 +1,34 @@
 // Runs an example program of the reference headless and works it as a user
-// would.
+// would:
 //
 //     example_driver desk|msgbox|treelist PROGRAM
 //
-// The driver starts a private Xvfb, starts PROGRAM on it as a child process
-// with its standard output on a pipe, finds the program's windows on the
-// server (top-level windows by their title, controls by their place in the
-// window tree), and drives them with real pointer and keyboard input
-// through XTest: it types into fields, toggles boxes, clicks rows and
-// buttons.  It then waits, with a bound, for the program to exit and checks
-// its exit status and the lines it printed.  Some examples are run more
-// than once, to take each way through them.  Exit status 0 means every run
-// passed.
+// PROGRAM runs on the private Xvfb with its standard output on a pipe; its
+// windows are found on the server (top-level windows by title, controls by
+// their place in the window tree) and driven with real input through XTest.
+// The driver then waits, with a bound, for the program to exit and checks
+// its exit status and the lines it printed.  Some examples run more than
+// once, to take each way through them.  Exit status 0: every run passed.
 #include "xwktest.h"
-#include "xvfb.h"
 
-#include <errno.h>
-#include <fcntl.h>
-#include <poll.h>
-#include <signal.h>
 #include <stdarg.h>
 #include <sys/prctl.h>
-#include <sys/wait.h>
-#include <time.h>
 
+#include <chrono>
 #include <cmath>
 #include <map>
 
 namespace {
 
 // Bounds of the waits.  Generous: a sanitized build starts slowly.
-const int kWindowTimeoutMs = 30000;
-const int kExitTimeoutMs = 30000;
+const int kTimeoutMs = 30000;
 const int kPaintTimeoutMs = 10000;
 
 // The desk's scale: controls stand at 28 pixels per centimetre.
 const double kPixelsPerCm = 28.0;
 
-XwkXvfb server = {-1, -1};
 Display *dpy;
-const char *program;
-const char *example_name;
+const char *program, *example_name;
 
 struct Child {
     pid_t pid = -1;
@@ -50,35 +38,15 @@ struct Child {
     int status = 0;
 } child;
 
-long NowMs()
-{
-    timespec ts;
-    clock_gettime(CLOCK_MONOTONIC, &ts);
-    return ts.tv_sec * 1000L + ts.tv_nsec / 1000000L;
-}
-
-void SleepMs(int ms)
-{
-    timespec ts = {ms / 1000, (ms % 1000) * 1000000L};
-    nanosleep(&ts, nullptr);
-}
-
 void Drain()
 {
-    if (child.out < 0)
-        return;
     char buf[4096];
-    for (;;) {
-        ssize_t n = read(child.out, buf, sizeof buf);
-        if (n > 0) {
-            child.output.append(buf, (size_t)n);
-            continue;
-        }
-        if (n == 0) {
-            close(child.out);
-            child.out = -1;
-        }
-        return;
+    ssize_t n = 1;
+    while (child.out >= 0 && (n = read(child.out, buf, sizeof buf)) > 0)
+        child.output.append(buf, (size_t)n);
+    if (n == 0) {
+        close(child.out);
+        child.out = -1;
     }
 }
 
@@ -87,31 +55,13 @@ bool ChildRunning()
 {
     if (child.pid <= 0 || child.exited)
         return false;
-    int status = 0;
-    pid_t r = waitpid(child.pid, &status, WNOHANG);
-    if (r == child.pid) {
-        child.exited = true;
-        child.status = status;
-        return false;
-    }
-    return true;
+    if (waitpid(child.pid, &child.status, WNOHANG) != child.pid)
+        return true;
+    child.exited = true;
+    return false;
 }
 
-std::string DescribeStatus(int status)
-{
-    char buf[64];
-    if (WIFEXITED(status))
-        snprintf(buf, sizeof buf, "exit status %d", WEXITSTATUS(status));
-    else if (WIFSIGNALED(status))
-        snprintf(buf, sizeof buf, "killed by signal %d", WTERMSIG(status));
-    else
-        snprintf(buf, sizeof buf, "status 0x%x", status);
-    return buf;
-}
-
-[[noreturn]] void Fail(const char *format, ...) __attribute__((format(printf, 1, 2)));
-
-void Fail(const char *format, ...)
+[[noreturn]] __attribute__((format(printf, 1, 2))) void Fail(const char *format, ...)
 {
     va_list ap;
     va_start(ap, format);
@@ -124,13 +74,14 @@ void Fail(const char *format, ...)
         waitpid(child.pid, &child.status, 0);
         child.exited = true;
         fprintf(stderr, "  the program was still running and has been killed\n");
+    } else if (child.exited && WIFEXITED(child.status)) {
+        fprintf(stderr, "  the program ended with exit status %d\n", WEXITSTATUS(child.status));
     } else if (child.exited) {
-        fprintf(stderr, "  the program ended with %s\n", DescribeStatus(child.status).c_str());
+        fprintf(stderr, "  the program was killed by signal %d\n", WTERMSIG(child.status));
     }
     Drain();
     fprintf(stderr, "  its output:\n%s\n", child.output.c_str());
-    xwk_xvfb_stop(&server);
-    exit(1);
+    exit(1);  // the server stops with the process
 }
 
 void StartChild()
@@ -163,11 +114,11 @@ void StartChild()
 void WaitUntil(const std::function<bool()> &done, int timeout_ms, const std::string &what,
                int poll_ms = 20)
 {
-    long end = NowMs() + timeout_ms;
+    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout_ms);
     while (!done()) {
-        if (NowMs() > end)
+        if (std::chrono::steady_clock::now() > end)
             Fail("%s within %d ms", what.c_str(), timeout_ms);
-        SleepMs(poll_ms);
+        poll(nullptr, 0, poll_ms);
     }
 }
 
@@ -175,7 +126,7 @@ void WaitUntil(const std::function<bool()> &done, int timeout_ms, const std::str
 // and printed exactly the lines expected.
 void ExpectExit(const std::vector<std::string> &lines)
 {
-    WaitUntil([] { Drain(); return !ChildRunning(); }, kExitTimeoutMs, "the program did not exit",
+    WaitUntil([] { Drain(); return !ChildRunning(); }, kTimeoutMs, "the program did not exit",
               10);
     // The pipe stays open until the last writer is gone.
     while (child.out >= 0) {
@@ -185,7 +136,7 @@ void ExpectExit(const std::vector<std::string> &lines)
         Drain();
     }
     if (!WIFEXITED(child.status) || WEXITSTATUS(child.status) != 0)
-        Fail("the program ended with %s", DescribeStatus(child.status).c_str());
+        Fail("the program did not end well");
     std::string expected;
     for (const std::string &l : lines)
         expected += l + "\n";
@@ -195,20 +146,14 @@ void ExpectExit(const std::vector<std::string> &lines)
 
 // ---- Windows on the server ---------------------------------------------------
 
-int IgnoreXErrors(Display *, XErrorEvent *)
-{
-    // Windows of the program come and go while the driver looks at them.
-    return 0;
-}
-
-// A viewable window and its viewable children; positions in root
-// coordinates, and the position within its parent.
+// A viewable window and its viewable children.
 struct Win {
     Window id = 0;
     int x = 0, y = 0;            // in root coordinates
     int px = 0, py = 0;          // in the parent
     int w = 0, h = 0;
     std::vector<Win> kids;
+    bool operator==(const Win &) const = default;
 };
 
 bool Load(Window id, Win *out)
@@ -233,30 +178,14 @@ bool Load(Window id, Win *out)
         if (Load(kids[i], &k))
             out->kids.push_back(k);
     }
-    if (kids)
-        XFree(kids);
+    XFree(kids);
     return true;
 }
 
-std::string Snapshot(const Win &w)
+bool Viewable(Window id)
 {
-    std::string s = std::to_string(w.id) + ":" + std::to_string(w.x) + "," +
-                    std::to_string(w.y) + "," + std::to_string(w.w) + "x" +
-                    std::to_string(w.h) + "(";
-    for (const Win &k : w.kids)
-        s += Snapshot(k);
-    return s + ")";
-}
-
-std::string TitleOf(Window id)
-{
-    XTextProperty p;
-    std::string title;
-    if (XGetWMName(dpy, id, &p) && p.value) {
-        title.assign((const char *)p.value, p.nitems);
-        XFree(p.value);
-    }
-    return title;
+    XWindowAttributes a;
+    return XGetWindowAttributes(dpy, id, &a) && a.map_state == IsViewable;
 }
 
 // The viewable top-level window with the title, 0 if there is none.  There
@@ -269,13 +198,12 @@ Window FindTop(const std::string &title)
     if (!XQueryTree(dpy, DefaultRootWindow(dpy), &root, &parent, &kids, &n))
         return 0;
     for (unsigned i = n; i-- > 0 && !found;) {   // top of the stack first
-        XWindowAttributes a;
-        if (XGetWindowAttributes(dpy, kids[i], &a) && a.map_state == IsViewable &&
-            TitleOf(kids[i]) == title)
+        char *name = nullptr;
+        if (Viewable(kids[i]) && XFetchName(dpy, kids[i], &name) && title == name)
             found = kids[i];
+        XFree(name);
     }
-    if (kids)
-        XFree(kids);
+    XFree(kids);
     return found;
 }
 
@@ -288,60 +216,27 @@ Win WaitForWindow(const std::string &title)
         if (!ChildRunning())
             Fail("the program ended before its window \"%s\" came up", title.c_str());
         return (id = FindTop(title)) != 0;
-    }, kWindowTimeoutMs, "no window \"" + title + "\"");
-    Win w;
-    std::string last;
+    }, kTimeoutMs, "no window \"" + title + "\"");
+    Win w, last;
     WaitUntil([&] {
         w = Win();
         if (!Load(id, &w))
             Fail("the window \"%s\" went away", title.c_str());
-        std::string now = Snapshot(w);
-        return std::exchange(last, now) == now;
-    }, kWindowTimeoutMs, "the window \"" + title + "\" did not settle", 150);
+        return std::exchange(last, w) == w;
+    }, kTimeoutMs, "the window \"" + title + "\" did not settle", 150);
     return w;
 }
 
-void WaitGone(const Win &w, const char *what)
-{
-    WaitUntil([&] {
-        XWindowAttributes a;
-        return !XGetWindowAttributes(dpy, w.id, &a) || a.map_state != IsViewable;
-    }, kWindowTimeoutMs, std::string(what) + " stayed up");
-}
-
 // Windows without viewable children, large enough to be a control.
-void Leaves(const Win &w, std::vector<Win> *out)
-{
-    if (w.kids.empty()) {
-        if (w.w >= 8 && w.h >= 8)
-            out->push_back(w);
-        return;
-    }
-    for (const Win &k : w.kids)
-        Leaves(k, out);
-}
-
 std::vector<Win> Leaves(const Win &w)
 {
+    if (w.kids.empty())
+        return w.w >= 8 && w.h >= 8 ? std::vector<Win>{w} : std::vector<Win>{};
     std::vector<Win> out;
-    Leaves(w, &out);
+    for (const Win &k : w.kids)
+        for (const Win &leaf : Leaves(k))
+            out.push_back(leaf);
     return out;
-}
-
-// The buttons of a desk's action area or of a message box: the lowest row
-// of controls, from left to right.
-std::vector<Win> BottomRow(const Win &top)
-{
-    std::vector<Win> leaves = Leaves(top);
-    int lowest = -1;
-    for (const Win &l : leaves)
-        lowest = std::max(lowest, l.y);
-    std::vector<Win> row;
-    for (const Win &l : leaves)
-        if (std::abs(l.y - lowest) <= 2)
-            row.push_back(l);
-    std::sort(row.begin(), row.end(), [](const Win &a, const Win &b) { return a.x < b.x; });
-    return row;
 }
 
 // The work area of a desk: the window whose children stand at the given
@@ -352,8 +247,7 @@ std::vector<Win> ControlsAt(const Win &top, const std::vector<std::pair<double, 
     std::vector<std::pair<int, int>> px;
     for (auto [x, y] : cm)
         px.push_back({(int)std::lround(x * kPixelsPerCm), (int)std::lround(y * kPixelsPerCm)});
-    std::function<bool(const Win &, std::vector<Win> *)> search = [&](const Win &w,
-                                                                       std::vector<Win> *out) {
+    std::function<std::vector<Win>(const Win &)> search = [&](const Win &w) {
         for (const Win &k : w.kids) {
             // The first control fixes the offset of the area's origin (the
             // form's margins), the others must follow at theirs.
@@ -367,23 +261,19 @@ std::vector<Win> ControlsAt(const Win &top, const std::vector<std::pair<double, 
                         found.push_back(c);
                         break;
                     }
-            if (found.size() == px.size()) {
-                *out = found;
-                return true;
-            }
+            if (found.size() == px.size())
+                return found;
         }
         for (const Win &k : w.kids)
-            if (search(k, out))
-                return true;
-        return false;
+            if (std::vector<Win> found = search(k); !found.empty())
+                return found;
+        return std::vector<Win>{};
     };
-    std::vector<Win> out;
-    if (!search(top, &out))
+    std::vector<Win> out = search(top);
+    if (out.empty())
         Fail("no work area with controls at the places the program gives");
     return out;
 }
-
-// ---- Input ------------------------------------------------------------------
 
 void Click(int root_x, int root_y, int times = 1)
 {
@@ -402,12 +292,19 @@ void ClickCenter(const Win &w)
 
 // ---- The examples -----------------------------------------------------------
 
-// The buttons of the window with the title, once it is up: the lowest row
-// of controls, from left to right.
+// The buttons of the window with the title (a desk's action area, a message
+// box's), once it is up: the lowest row of controls, from left to right.
 std::vector<Win> Buttons(const char *title, size_t count, Win *window)
 {
     *window = WaitForWindow(title);
-    std::vector<Win> buttons = BottomRow(*window);
+    std::vector<Win> leaves = Leaves(*window), buttons;
+    int lowest = -1;
+    for (const Win &l : leaves)
+        lowest = std::max(lowest, l.y);
+    for (const Win &l : leaves)
+        if (std::abs(l.y - lowest) <= 2)
+            buttons.push_back(l);
+    std::sort(buttons.begin(), buttons.end(), [](const Win &a, const Win &b) { return a.x < b.x; });
     if (buttons.size() != count)
         Fail("\"%s\" shows %zu buttons, not %zu", title, buttons.size(), count);
     return buttons;
@@ -477,7 +374,7 @@ void DriveMsgBox()
         Win box;
         StartChild();
         ClickCenter(Buttons("Question", 2, &box)[r.answer]);
-        WaitGone(box, "the question");
+        WaitUntil([&] { return !Viewable(box.id); }, kTimeoutMs, "the question stayed up");
         std::vector<Win> buttons = Buttons(r.second, r.count, &box);
         if (r.button >= 0) {
             ClickCenter(buttons[r.button]);
@@ -494,34 +391,24 @@ void DriveMsgBox()
 // do not reach but the selection's fill does.  Each run is [first, end).
 std::vector<std::pair<int, int>> SelectedBands(const Win &tree)
 {
-    XImage *image = XGetImage(dpy, tree.id, 0, 0, (unsigned)tree.w, (unsigned)tree.h, AllPlanes,
-                              ZPixmap);
-    if (!image)
+    xwktest::Capture shot(dpy, tree.id, 0, 0, (unsigned)tree.w, (unsigned)tree.h);
+    if (!shot.ok())
         Fail("cannot read the pixels of the tree list");
     int x = tree.w - 8;
     std::map<unsigned long, int> count;
     for (int y = 0; y < tree.h; y++)
-        count[XGetPixel(image, x, y)]++;
-    unsigned long background = 0;
-    int most = 0;
-    for (auto [pixel, n] : count)
-        if (n > most) {
-            most = n;
-            background = pixel;
-        }
+        count[shot.Pixel(x, y)]++;
+    unsigned long background = std::max_element(count.begin(), count.end(), [](auto &a, auto &b) {
+        return a.second < b.second;
+    })->first;
     std::vector<std::pair<int, int>> bands;
-    for (int y = 0; y < tree.h;) {
-        if (XGetPixel(image, x, y) == background) {
-            y++;
-            continue;
-        }
+    for (int y = 0; y < tree.h; y++) {
         int first = y;
-        while (y < tree.h && XGetPixel(image, x, y) != background)
+        while (y < tree.h && shot.Pixel(x, y) != background)
             y++;
-        if (first > 0 && y < tree.h)   // the border's shadow is no row
+        if (y > first && first > 0 && y < tree.h)   // the border's shadow is no row
             bands.push_back({first, y});
     }
-    XDestroyImage(image);
     return bands;
 }
 
@@ -588,36 +475,25 @@ void DriveTreeList()
 
 int main(int argc, char **argv)
 {
-    if (argc != 3) {
+    const std::map<std::string, void (*)()> drivers = {
+        {"desk", DriveDesk}, {"msgbox", DriveMsgBox}, {"treelist", DriveTreeList}};
+    auto driver = argc == 3 ? drivers.find(argv[1]) : drivers.end();
+    if (driver == drivers.end()) {
         fprintf(stderr, "usage: %s desk|msgbox|treelist PROGRAM\n", argv[0]);
         return 2;
     }
     example_name = argv[1];
     program = argv[2];
-    std::map<std::string, void (*)()> drivers = {
-        {"desk", DriveDesk}, {"msgbox", DriveMsgBox}, {"treelist", DriveTreeList}};
-    auto driver = drivers.find(example_name);
-    if (driver == drivers.end()) {
-        fprintf(stderr, "%s: no driver for %s\n", argv[0], example_name);
-        return 2;
-    }
     signal(SIGPIPE, SIG_IGN);
-    if (xwk_xvfb_start(&server, 0) != 0) {   // sets DISPLAY for the program
-        fprintf(stderr, "%s: cannot start Xvfb\n", argv[0]);
-        return 1;
-    }
-    dpy = XOpenDisplay(nullptr);
+    dpy = XOpenDisplay(xwktest::DisplayName());  // the program finds it in DISPLAY
     if (!dpy)
         Fail("cannot open the display %s", getenv("DISPLAY"));
-    int event_base, error_base, major, minor;
-    if (!XTestQueryExtension(dpy, &event_base, &error_base, &major, &minor))
-        Fail("the server has no XTEST extension");
-    XSetErrorHandler(IgnoreXErrors);
+    // Windows of the program come and go while the driver looks at them.
+    XSetErrorHandler([](Display *, XErrorEvent *) { return 0; });
 
     driver->second();
 
     XCloseDisplay(dpy);
-    xwk_xvfb_stop(&server);
     printf("%s: all runs passed\n", example_name);
     return 0;
 }

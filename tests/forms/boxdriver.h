@@ -6,9 +6,6 @@
 
 #include "xwktest.h"
 
-#include <Xm/Xm.h>
-#include <X11/StringDefs.h>
-
 namespace boxdriver {
 
 struct Step {
@@ -54,44 +51,48 @@ inline void start(Step *step)
     step->timer = XtAppAddTimeOut(xwkApp, 10, tick, step);
 }
 
+// Acts once cond holds (the box is up, the input has been handled).
+inline void when(Step *step, std::function<bool()> cond, std::function<void()> action)
+{
+    step->ready = std::move(cond);
+    step->action = std::move(action);
+    start(step);
+}
+
+inline bool viewable(Widget w)
+{
+    XWindowAttributes a;
+    return w && XtIsRealized(w) && XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) &&
+           a.map_state == IsViewable;
+}
+
 inline bool box_up()
 {
-    Widget box = xwkConditWidget;
-    if (!box || !XtIsRealized(box))
-        return false;
-    XWindowAttributes a;
-    return XGetWindowAttributes(XtDisplay(box), XtWindow(box), &a) && a.map_state == IsViewable;
+    return viewable(xwkConditWidget);
 }
 
 // Acts once the present box is viewable.
 inline void when_up(Step *step, std::function<void()> action)
 {
-    step->ready = box_up;
-    step->action = std::move(action);
-    start(step);
+    when(step, box_up, std::move(action));
 }
 
-// The n-th (from 1) button of the present box's action row.
-inline Widget button(int n)
+// The desk form that opened last (a prompt, a selection dialog), once it
+// has its action area and stands on the screen.
+inline bool form_up()
 {
-    Widget box = xwkConditWidget;
-    if (!box)
-        return nullptr;
-    int seen = 0;
-    std::function<Widget(Widget)> find = [&](Widget w) -> Widget {
-        if (strcmp(XtName(w), "xwkActionAreaButton") == 0 && ++seen == n)
-            return w;
-        if (!XtIsComposite(w))
-            return nullptr;
-        WidgetList children = nullptr;
-        Cardinal count = 0;
-        XtVaGetValues(w, XmNchildren, &children, XmNnumChildren, &count, NULL);
-        for (Cardinal i = 0; i < count; i++)
-            if (Widget found = find(children[i]))
-                return found;
-        return nullptr;
-    };
-    return find(box);
+    Widget form = xwkParentWidget;
+    return form && xwktest::FindWidget(form, "xwkActionArea") && viewable(form);
+}
+
+// The n-th (from 1) button of that form's action area.
+inline Widget action_button(int n)
+{
+    Widget area = xwktest::FindWidget(xwkParentWidget, "xwkActionArea");
+    WidgetList children = nullptr;
+    Cardinal count = 0;
+    XtVaGetValues(area, XmNchildren, &children, XmNnumChildren, &count, NULL);
+    return n >= 1 && (Cardinal)n <= count ? children[n - 1] : nullptr;
 }
 
 inline void collect(Widget w, const std::function<bool(Widget)> &match, std::vector<Widget> *out)
@@ -112,6 +113,15 @@ inline void collect(Widget w, const char *name, std::vector<Widget> *out)
     collect(w, [name](Widget c) { return strcmp(XtName(c), name) == 0; }, out);
 }
 
+// The n-th (from 1) button of the present box's action row.
+inline Widget button(int n)
+{
+    std::vector<Widget> buttons;
+    if (xwkConditWidget)
+        collect(xwkConditWidget, "xwkActionAreaButton", &buttons);
+    return n >= 1 && (size_t)n <= buttons.size() ? buttons[n - 1] : nullptr;
+}
+
 // Line breaks come back as "\n".
 inline std::string label_text(Widget label)
 {
@@ -126,14 +136,11 @@ inline std::string label_text(Widget label)
         table[0] = XmParseMappingCreate(args, 3);
         XmStringFree(separator);
     }
-    XmString s = nullptr;
-    XtVaGetValues(label, XmNlabelString, &s, NULL);
+    XmString s = xwktest::Get<XmString>(label, XmNlabelString);
     char *plain = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT, table, 1,
                                           XmOUTPUT_ALL);
-    std::string out = plain ? plain : "";
-    XtFree(plain);
     XmStringFree(s);
-    return out;
+    return xwktest::Take(plain);
 }
 
 // The text of the present box as its labels show it, one label a line.
@@ -149,8 +156,7 @@ inline std::string box_text()
 
 inline std::string box_title()
 {
-    char *title = nullptr;
-    XtVaGetValues(XtParent(xwkConditWidget), XtNtitle, &title, NULL);
+    char *title = xwktest::Get<char *>(XtParent(xwkConditWidget), XtNtitle);
     return title ? title : "";
 }
 

@@ -2,7 +2,6 @@
 #include "xwktest.h"
 
 #include <Xm/DialogS.h>
-#include <Xm/PanedW.h>
 
 #include "boxdriver.h"
 
@@ -16,11 +15,8 @@ XwkDeskRec *open_desk(const char *title, Widget parent = nullptr, const char *la
     CreateDesk(parent, 1.0f, 2.0f, title, &desk);
     if (!desk)
         return nullptr;
-    XmString s = XmStringCreateLocalized((char *)"A label on the desk");
-    XtVaCreateManagedWidget("label", xmLabelWidgetClass, desk->work, XmNlabelString, s,
-                            XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
-                            XmNtopOffset, 10, XmNleftOffset, 10, NULL);
-    XmStringFree(s);
+    XwkDeskItem *label = nullptr;
+    SetLabel(desk, 0.5f, 0.5f, "A label on the desk", &label);
     OpenDeskExt(desk, labels, count);
     xwktest::WaitViewable(desk->buttons[0]);
     xwktest::Settle();
@@ -118,21 +114,20 @@ TEST(Desk, ButtonsShareOneWidthAndTheLastStandsRight)
 TEST(Desk, DefaultAndCancelButtons)
 {
     // A first button "Cancel" is the cancel button, and the default falls to it.
+    // Null labels give the three default buttons whatever the count.
     struct Case { const char *title, *labels; int count, def, cancel; } cases[] = {
-        {"Defaults", nullptr, 0, 0, 1}, {"Cancel first", "Cancel\0Other", 2, 0, 0}};
+        {"Defaults", nullptr, 0, 0, 1}, {"Cancel first", "Cancel\0Other", 2, 0, 0},
+        {"Null labels", nullptr, 1, 0, 1}};
     for (const Case &c : cases) {
+        SCOPED_TRACE(c.title);
         XwkDeskRec *desk = open_desk(c.title, nullptr, c.labels, c.count);
         Widget board = XtParent(desk->panes);
-        EXPECT_EQ(xwktest::Get<Widget>(board, XmNdefaultButton), desk->buttons[c.def]) << c.title;
-        EXPECT_EQ(xwktest::Get<Widget>(board, XmNcancelButton), desk->buttons[c.cancel]) << c.title;
+        EXPECT_EQ(xwktest::Get<Widget>(board, XmNdefaultButton), desk->buttons[c.def]);
+        EXPECT_EQ(xwktest::Get<Widget>(board, XmNcancelButton), desk->buttons[c.cancel]);
+        EXPECT_EQ(desk->nbuttons, c.labels ? c.count : 3);
+        EXPECT_EQ(desk->cancel_index, c.cancel + 1);
         CloseDesk(desk);
     }
-
-    // Null labels give the three default buttons whatever the count.
-    XwkDeskRec *desk = open_desk("Null labels", nullptr, nullptr, 1);
-    EXPECT_EQ(desk->nbuttons, 3);
-    EXPECT_EQ(desk->cancel_index, 2);
-    CloseDesk(desk);
 }
 
 TEST(Desk, DestroyedShellGivesMinusOne)
@@ -213,17 +208,38 @@ TEST(Desk, ByReferenceForms)
 {
     xwktest::StartApp();
     Widget parent = nullptr;
-    float x = 1.0f, y = 0.5f;
+    float x = 1.0f, y = 0.5f, len = 3.0f, gap = 0.0f;
     XwkDeskRec *desk = nullptr;
     createdesk_(&parent, &x, &y, "By reference", &desk);
     ASSERT_NE(desk, nullptr);
     EXPECT_EQ(desk->origin_x, 28);
     EXPECT_EQ(desk->origin_y, 14);
-    XwkDeskItem *label = nullptr;
-    SetLabel(desk, 0.5f, 0.5f, "Sized", &label);
-    ASSERT_NE(label, nullptr);
+
+    // The controls, all at one place.
+    x = 0.5f;
+    int style = 2, count = 2, sel = 2, type = 1, length = 6, columns = 6, reserved = 0, vis = 2;
+    long value = 7;
+    XwkDeskItem *items[8] = {};
+    setlabel_(&desk, &x, &y, "Label", &items[0]);
+    setbutton_(&desk, &x, &y, "Button", &items[1]);
+    setseparator_(&desk, &x, &y, &len, &style, &items[2]);
+    setradiobox_(&desk, &x, &y, "R", "a\0b", &count, &sel, &items[3]);
+    setcheckbox_(&desk, &x, &y, "C", "a\0b", &count, nullptr, &items[4]);
+    setoptionmenu_(&desk, &x, &y, "O", &reserved, "a\0b", &count, &sel, &items[5]);
+    setscrolledlist_(&desk, &x, &y, "L", "a\0b", &count, &vis, &sel, &items[6]);
+    seteditfield_(&desk, &x, &y, "E", &gap, &value, &type, &length, &columns, &items[7]);
+    for (XwkDeskItem *item : items)
+        ASSERT_NE(item, nullptr);
+    int got[4] = {-1, -1, -1, -1};
+    getradiobox_(&items[3], &got[0]);
+    getoptionmenu_(&items[5], &got[1]);
+    getscrolledlist_(&items[6], &got[2]);
+    getbutton_(&items[1], &got[3]);
+    EXPECT_EQ(std::vector<int>(got, got + 4), (std::vector<int>{2, 2, 2, 0}));
+
     opendesk_(&desk);
     xwktest::WaitViewable(desk->buttons[0]);
+    XwkDeskItem *label = items[0];
     float w = 0, h = 0;
     getdeskitemsize_(&label, &w, &h);
     float ew, eh;

@@ -5,6 +5,8 @@
 
 #include "boxdriver.h"
 
+#include <chrono>
+
 namespace {
 
 class UnderManager : public ::testing::Test {
@@ -51,8 +53,7 @@ int PollDesk(XwkDeskRec *desk, int timeout_ms)
         static void Tick(XtPointer p, XtIntervalId *)
         {
             Waker *w = (Waker *)p;
-            XEvent ev;
-            memset(&ev, 0, sizeof ev);
+            XEvent ev = {};
             ev.xclient.type = ClientMessage;
             ev.xclient.window = XtWindow(w->target);
             ev.xclient.message_type = XInternAtom(XtDisplay(w->target), "XWK_TEST_WAKE", False);
@@ -64,14 +65,11 @@ int PollDesk(XwkDeskRec *desk, int timeout_ms)
     } waker = {xwktest::StartApp(), 0};
     waker.id = XtAppAddTimeOut(xwkApp, 20, Waker::Tick, &waker);
     // Only UseDesk may handle the events: a result it did not see is lost.
-    timespec start, now;
-    clock_gettime(CLOCK_MONOTONIC, &start);
+    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout_ms);
     int button = 0;
     do {
         UseDesk(desk, &button);
-        clock_gettime(CLOCK_MONOTONIC, &now);
-    } while (button == 0 && (now.tv_sec - start.tv_sec) * 1000 +
-                                    (now.tv_nsec - start.tv_nsec) / 1000000 < timeout_ms);
+    } while (button == 0 && std::chrono::steady_clock::now() < end);
     XtRemoveTimeOut(waker.id);
     return button;
 }
@@ -127,15 +125,13 @@ TEST_F(UnderManager, MessageBoxAndPromptCloseByTheManager)
     EXPECT_EQ(XwkShowStdDialog(nullptr, "Close me", "Closed by the ^bmanager^b?", 4), 0);
     EXPECT_TRUE(step.done);
 
-    step.ready = [] {
+    boxdriver::when(&step, [] {
         Widget form = xwkParentWidget;
         if (!form || !xwktest::FindWidget(form, "xwkActionArea") || !XtIsRealized(form))
             return false;
         Widget shell = XwkGetShell(form);
         return xwktest::FrameOf(shell) != XtWindow(shell);
-    };
-    step.action = [] { xwktest::CloseFromFrame(XwkGetShell(xwkParentWidget)); };
-    boxdriver::start(&step);
+    }, [] { xwktest::CloseFromFrame(XwkGetShell(xwkParentWidget)); });
     char buffer[32] = "kept";
     EXPECT_EQ(inputa(nullptr, "Name", "Name:", buffer, sizeof buffer), 0);
     EXPECT_TRUE(step.done);
@@ -181,30 +177,21 @@ TEST_F(UnderManager, ForceUpdateReturnsOnceTheManagerHasMappedTheWindow)
     XtManageChild(form);
     ForceUpdate(form);
     // No events are handled between the return and these checks.
-    XWindowAttributes a;
-    ASSERT_TRUE(XGetWindowAttributes(XtDisplay(shell), XtWindow(shell), &a));
-    EXPECT_EQ(a.map_state, IsViewable);
+    EXPECT_TRUE(boxdriver::viewable(shell));
     EXPECT_NE(xwktest::FrameOf(shell), XtWindow(shell)) << "reparented before the return";
 
     XtUnmanageChild(form);
     ForceDestroy(form);
+    XWindowAttributes a;
     ASSERT_TRUE(XGetWindowAttributes(XtDisplay(shell), XtWindow(shell), &a));
     EXPECT_NE(a.map_state, IsViewable);
     XtDestroyWidget(shell);
     xwktest::Settle();
 }
 
-int configures = 0;
-int presses = 0;
-
-void count_configure(Widget, XtPointer, XEvent *)
+void count_event(Widget, XtPointer count, XEvent *)
 {
-    configures++;
-}
-
-void count_press(Widget, XtPointer, XEvent *)
-{
-    presses++;
+    ++*(int *)count;
 }
 
 TEST_F(UnderManager, PolledDeskAndEventFiltersKeepWorkingWhileTheManagerMovesAndRestacks)
@@ -214,11 +201,11 @@ TEST_F(UnderManager, PolledDeskAndEventFiltersKeepWorkingWhileTheManagerMovesAnd
     Widget shell = ShellOf(desk);
     Display *dpy = XtDisplay(shell);
     Widget ok = desk->buttons[0];
+    int configures = 0, presses = 0;
     XwkAddEventHandler(shell, (unsigned)XtWindow(shell), ConfigureNotify,
-                       (int)offsetof(XConfigureEvent, window), count_configure, nullptr);
+                       (int)offsetof(XConfigureEvent, window), count_event, &configures);
     XwkAddEventHandler(ok, (unsigned)XtWindow(ok), ButtonPress,
-                       (int)offsetof(XButtonEvent, window), count_press, nullptr);
-    configures = presses = 0;
+                       (int)offsetof(XButtonEvent, window), count_event, &presses);
 
     int x0, y0;
     xwktest::RootPosition(shell, &x0, &y0);
@@ -254,9 +241,9 @@ TEST_F(UnderManager, PolledDeskAndEventFiltersKeepWorkingWhileTheManagerMovesAnd
     EXPECT_EQ(PollDesk(desk, 5000), 1) << "OK pressed at the desk's new place";
     EXPECT_EQ(presses, 1);
     XwkRemoveEventHandler(shell, (unsigned)XtWindow(shell), ConfigureNotify,
-                          (int)offsetof(XConfigureEvent, window), count_configure, nullptr);
+                          (int)offsetof(XConfigureEvent, window), count_event, &configures);
     XwkRemoveEventHandler(ok, (unsigned)XtWindow(ok), ButtonPress,
-                          (int)offsetof(XButtonEvent, window), count_press, nullptr);
+                          (int)offsetof(XButtonEvent, window), count_event, &presses);
     CloseDesk(cover);
     CloseDesk(desk);
     xwktest::Settle();

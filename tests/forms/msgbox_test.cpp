@@ -2,50 +2,50 @@
 // manager's close, while condit runs its own loop.
 #include "xwktest.h"
 
-#include <Xm/DialogS.h>
 #include <Xm/DrawnB.h>
-#include <Xm/ScrolledW.h>
 
 #include "boxdriver.h"
 
 namespace {
 
 using boxdriver::Step;
-
 using boxdriver::box_text;
 using boxdriver::box_title;
 using boxdriver::collect;
 using boxdriver::label_text;
 
+// Clicks the n-th button of the box; 0 is the window manager's close.
 void click(int n)
 {
-    xwktest::ClickCenter(boxdriver::button(n));
-}
-
-// A key, with the pointer over the message and off the buttons: keys go
-// where the pointer is.
-void key_over_box(KeySym key)
-{
-    xwktest::MoveTo(xwkConditWidget, 5, 5, 0);
-    xwktest::PressKey(XtDisplay(xwkConditWidget), key);
+    if (n)
+        xwktest::ClickCenter(boxdriver::button(n));
+    else
+        xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
 }
 
 class MessageBox : public ::testing::Test {
 protected:
     void SetUp() override { xwktest::StartApp(); }
     void TearDown() override { EXPECT_EQ(xwkConditWidget, nullptr); }
-    // Reads the next box, then clicks its first button or closes it.
-    void read_box(bool close = false)
+    // Reads the next box (its text, title, name and button labels), then
+    // answers with click(answer).
+    void read_box(int answer = 1)
     {
-        boxdriver::when_up(&step, [this, close] {
+        boxdriver::when_up(&step, [this, answer] {
             text = box_text();
             title = box_title();
             name = XtName(xwkConditWidget);
-            close ? xwktest::SendDeleteWindow(XtParent(xwkConditWidget)) : click(1);
+            std::vector<Widget> row;
+            collect(xwkConditWidget, "xwkActionAreaButton", &row);
+            buttons.clear();
+            for (Widget b : row)
+                buttons.push_back(label_text(b));
+            click(answer);
         });
     }
     Step step;
     std::string text, title, name;
+    std::vector<std::string> buttons;
 };
 
 }  // namespace
@@ -54,8 +54,6 @@ TEST_F(MessageBox, KindsNamesAndIcons)
 {
     // The kind, the box's name, the colour of its picture and how many
     // pixels of it at least; an own icon (all green) replaces the kind's.
-    static const char *green[] = {"8 8 1 1", "g c #00FF00", "gggggggg", "gggggggg", "gggggggg",
-                                  "gggggggg", "gggggggg", "gggggggg", "gggggggg", "gggggggg"};
     struct Case {
         int kind;
         const char *name;
@@ -69,7 +67,7 @@ TEST_F(MessageBox, KindsNamesAndIcons)
     };
     for (const Case &c : cases) {
         if (c.own) {
-            xwkConditIcon = XwkIconCreateFromData(xwkTopLevel, (char **)green);
+            xwkConditIcon = xwktest::SolidIcon(xwkTopLevel, 8, 8, "#00FF00");
             ASSERT_NE(xwkConditIcon, nullptr);
         }
         std::string name;
@@ -127,8 +125,7 @@ TEST_F(MessageBox, IconsOnTheSecondScreen)
                         shot.width() * shot.height();
                 return drawn;
             });
-            // The test pointer moves on the first screen only.
-            xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+            click(0);  // the test pointer moves on the first screen only
         });
         EXPECT_EQ(condit(parent, "Screens", 1, "Which screen?", nullptr, 0, 1, 2), 0);
         EXPECT_EQ(screen, XtScreen(parent));
@@ -140,27 +137,20 @@ TEST_F(MessageBox, ShortTextAndButtonsStandCentred)
 {
     int top = -1, expected_top = -2, left = -1, expected_left = -2;
     Step grown;
-    auto measure = [&] {
-        std::vector<Widget> labels;
-        collect(xwkConditWidget, "xwkConditLabel", &labels);
-        Widget form = XtParent(labels[0]);
-        XtVaGetValues(labels[0], XmNtopOffset, &top, NULL);
-        expected_top = ((int)form->core.height - (int)labels[0]->core.height) / 2;
-        Widget row = XtParent(boxdriver::button(1));
-        XtVaGetValues(row, XmNleftOffset, &left, NULL);
-        expected_left = ((int)xwkConditWidget->core.width - (int)row->core.width) / 2;
-    };
     boxdriver::when_up(&step, [&] {
         // The user makes the box larger: text and buttons follow to the middle.
         Widget shell = XtParent(xwkConditWidget);
         XtVaSetValues(shell, XtNwidth, shell->core.width + 200, XtNheight,
                       shell->core.height + 100, NULL);
-        grown.ready = [&] {
-            measure();
+        boxdriver::when(&grown, [&] {
+            Widget label = xwktest::FindWidget(xwkConditWidget, "xwkConditLabel");
+            top = xwktest::Get<int>(label, XmNtopOffset);
+            expected_top = ((int)XtParent(label)->core.height - (int)label->core.height) / 2;
+            Widget row = XtParent(boxdriver::button(1));
+            left = xwktest::Get<int>(row, XmNleftOffset);
+            expected_left = ((int)xwkConditWidget->core.width - (int)row->core.width) / 2;
             return top > 0 && left > 0;
-        };
-        grown.action = [] { click(1); };
-        boxdriver::start(&grown);
+        }, [] { click(1); });
     });
     condit(nullptr, "Centred", 4, "One short line", nullptr, 0, 1, 2);
     EXPECT_EQ(top, expected_top);
@@ -185,16 +175,9 @@ TEST_F(MessageBox, ButtonSetsAndNumbers)
         {3, 0, nullptr, 0, 0, {"  OK  ", "  Cancel  "}},
     };
     for (const Case &c : cases) {
-        std::vector<std::string> labels;
-        boxdriver::when_up(&step, [&] {
-            std::vector<Widget> buttons;
-            collect(xwkConditWidget, "xwkActionAreaButton", &buttons);
-            for (Widget b : buttons)
-                labels.push_back(label_text(b));
-            c.click ? click(c.click) : xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
-        });
+        read_box(c.click);
         EXPECT_EQ(condit(nullptr, "Set", c.kind, "Which?", c.own, c.count, 1, c.set), c.click);
-        EXPECT_EQ(labels, c.labels) << c.set;
+        EXPECT_EQ(buttons, c.labels) << c.set;
     }
 
     // All buttons share one width: the widest and a part of it for each
@@ -235,7 +218,13 @@ TEST_F(MessageBox, DefaultAndCancelButtonsByKeys)
         boxdriver::when_up(&step, [&] {
             Widget button = xwktest::Get<Widget>(xwkConditWidget, c.resource);
             EXPECT_EQ(button, boxdriver::button(c.expected));
-            c.key ? key_over_box(c.key) : click(1);
+            if (!c.key) {
+                click(1);
+                return;
+            }
+            // Keys go where the pointer is: over the message, off the buttons.
+            xwktest::MoveTo(xwkConditWidget, 5, 5, 0);
+            xwktest::PressKey(XtDisplay(xwkConditWidget), c.key);
         });
         EXPECT_EQ(condit(nullptr, "Keys", 3, "Which?", c.own, c.count, c.def, c.own ? 3 : 0),
                   c.answer);
@@ -306,8 +295,7 @@ TEST_F(MessageBox, ShortTextBecomesLabelsLongTextScrolls)
                               NULL);
                 form_bg = XtParent(XtParent(text))->core.background_pixel;
             }
-            // Wide boxes have their buttons beyond the screen's edge.
-            xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
+            click(0);  // wide boxes have their buttons beyond the screen's edge
         });
         condit(nullptr, "Text", 2, c.text.c_str(), nullptr, 0, 1, 2);
         EXPECT_EQ(labels.size(), c.labels);
@@ -351,8 +339,7 @@ TEST_F(MessageBox, ModelessBoxStaysUntilDeleted)
 
 TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
 {
-    Widget shell = XtVaAppCreateShell("markup", "XwkTest", topLevelShellWidgetClass, xwkDisplay,
-                                      NULL);
+    Widget shell = xwktest::Shell("markup", 300, 200);
     Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
     Widget last = XwkCreateCompoundLabels(
         form, "Centred ^bbold^b here^lLeft^x side^rRight\tT^sAfter ^iit^i^Fmono^f^");
@@ -374,28 +361,25 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
     EXPECT_EQ(xwktest::Get<Widget>(labels[3], XmNtopWidget), line);
 
     // Font tags of the pieces.
-    XmString s = nullptr;
-    XtVaGetValues(labels[3], XmNlabelString, &s, NULL);
+    XmString s = xwktest::Get<XmString>(labels[3], XmNlabelString);
     XmStringContext context;
     ASSERT_TRUE(XmStringInitContext(&context, s));
-    std::vector<std::string> tags, pieces;
+    std::vector<std::string> pieces;  // text, then its tag after a '/'
     char *text = nullptr, *tag = nullptr;
     XmStringDirection dir;
     Boolean sep;
     while (XmStringGetNextSegment(context, &text, &tag, &dir, &sep)) {
-        if (*text) {
-            pieces.push_back(text);
-            tags.push_back(tag);
-        }
+        if (*text)
+            pieces.push_back(text + std::string("/") + tag);
         XtFree(text);
         XtFree(tag);
     }
     XmStringFreeContext(context);
     XmStringFree(s);
-    EXPECT_EQ(pieces, (std::vector<std::string>{"After ", "it", "mono"}));
-    ASSERT_EQ(tags.size(), 3u);
-    EXPECT_EQ(tags[1], "ITALIC");
-    EXPECT_EQ(tags[2], "FIXED");
+    ASSERT_EQ(pieces.size(), 3u);
+    EXPECT_EQ(pieces[0].substr(0, 7), "After /");
+    EXPECT_EQ(pieces[1], "it/ITALIC");
+    EXPECT_EQ(pieces[2], "mono/FIXED");
 
     // An alignment command with nothing pending keeps the string built so
     // far, which then takes the new alignment.
@@ -419,7 +403,7 @@ TEST_F(MessageBox, MarkupMakesLabelsTagsAndLines)
 
 TEST_F(MessageBox, StandardDialogMapsNoToZero)
 {
-    // The answer (-1: the window manager's close), the title given and shown.
+    // The answer (0: the window manager's close), the title given and shown.
     struct Case {
         int kind, answer;
         const char *title, *shown, *name;
@@ -427,17 +411,12 @@ TEST_F(MessageBox, StandardDialogMapsNoToZero)
     } cases[] = {
         {XWK_DIALOG_QUESTION, 1, nullptr, "Question", "xwkQuestion", 1},
         {XWK_DIALOG_QUESTION, 2, nullptr, "Question", "xwkQuestion", 0},
-        {XWK_DIALOG_QUESTION, -1, nullptr, "Question", "xwkQuestion", 0},
+        {XWK_DIALOG_QUESTION, 0, nullptr, "Question", "xwkQuestion", 0},
         {XWK_DIALOG_MESSAGE, 1, "Own title", "Own title", "xwkMessageDialog", 1},
         {XWK_DIALOG_WARNING, 1, nullptr, "Warning", "xwkWarning", 1},
     };
     for (const Case &c : cases) {
-        std::string name, title;
-        boxdriver::when_up(&step, [&] {
-            name = XtName(xwkConditWidget);
-            title = box_title();
-            c.answer > 0 ? click(c.answer) : xwktest::SendDeleteWindow(XtParent(xwkConditWidget));
-        });
+        read_box(c.answer);
         EXPECT_EQ(XwkShowStdDialog(nullptr, c.title, "Go on?", c.kind), c.result) << c.shown;
         EXPECT_EQ(name, c.name);
         EXPECT_EQ(title, c.shown);
@@ -461,7 +440,7 @@ TEST_F(MessageBox, ErrnoPrintfAndMemoryTexts)
     EXPECT_EQ(text, "3 items in box|");
 
     std::string long_arg(5000, 'z');
-    read_box(true);  // wider than the screen
+    read_box(0);  // wider than the screen
     XwkShowPrintfDialog(nullptr, "Cut", XWK_DIALOG_INFORMATION, "<%s>", long_arg.c_str());
     EXPECT_EQ(text.size(), 1023u + 1) << "1023 characters and the label end";
     EXPECT_EQ(text.substr(0, 3), "<zz");
@@ -483,9 +462,8 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
         xwktest::ClickCenter(toggle);
         // The answer comes once the toggle's click has been handled.
         static Step next;
-        next.ready = [toggle] { return XmToggleButtonGetState(toggle) == True; };
-        next.action = [] { click(1); };
-        boxdriver::start(&next);
+        boxdriver::when(&next, [toggle] { return XmToggleButtonGetState(toggle) == True; },
+                        [] { click(1); });
     });
     EXPECT_TRUE(XwkShowDialogWithToggle(nullptr, nullptr, "Note this", nullptr, &flag,
                                         XWK_DIALOG_INFORMATION));
@@ -498,7 +476,7 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
               2);
     EXPECT_TRUE(flag) << "unchanged when not clicked";
 
-    boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
+    boxdriver::when_up(&step, [] { click(0); });
     EXPECT_FALSE(XwkShowDialogWithToggle(nullptr, nullptr, "Close", nullptr, &flag,
                                          XWK_DIALOG_INFORMATION));
 
@@ -508,20 +486,15 @@ TEST_F(MessageBox, ToggleDialogHandsBackTheState)
     Widget standing = xwkConditWidget;
     ASSERT_NE(standing, nullptr);
     static Step away;
-    away.ready = [] { return boxdriver::box_up(); };
-    away.action = [] { del_condit(); };
-    boxdriver::start(&away);
+    boxdriver::when_up(&away, [] { del_condit(); });
     int nested = -5;
     std::string text;
-    step.ready = [] { return away.done && boxdriver::box_up(); };
-    step.done = false;
-    step.action = [&] {
+    boxdriver::when(&step, [] { return away.done && boxdriver::box_up(); }, [&] {
         nested = XwkShowDialogWithToggle(nullptr, nullptr, "Inner", nullptr, &flag,
                                          XWK_DIALOG_INFORMATION);
         text = box_text();
         click(1);
-    };
-    boxdriver::start(&step);
+    });
     EXPECT_TRUE(XwkShowDialogWithToggle(nullptr, nullptr, "Second", nullptr, &flag,
                                         XWK_DIALOG_INFORMATION));
     EXPECT_TRUE(away.done) << "the standing box went first";
@@ -539,8 +512,7 @@ TEST_F(MessageBox, FileMessagesByCode)
     EXPECT_EQ(access(present.c_str(), F_OK), 0) << "an existing file stays";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 6), 0);
     EXPECT_NE(access(missing.c_str(), F_OK), 0) << "the probe file is gone again";
-    std::string probed = dir.Path("probed");
-    fclose(fopen(probed.c_str(), "w"));
+    std::string probed = dir.Write("probed", "");
     EXPECT_EQ(err_msg(nullptr, probed.c_str(), 6), 0);
     EXPECT_NE(access(probed.c_str(), F_OK), 0) << "code 6 removes even a file that was there";
     EXPECT_EQ(err_msg(nullptr, missing.c_str(), 0), 0) << "nothing to overwrite";
@@ -563,18 +535,12 @@ TEST_F(MessageBox, FileMessagesByCode)
     }
 
     // The questions: keep, closed, overwrite.
-    std::vector<std::string> labels;
-    boxdriver::when_up(&step, [&] {
-        name = XtName(xwkConditWidget);
-        text = box_title();
-        labels = {label_text(boxdriver::button(1)), label_text(boxdriver::button(2))};
-        click(2);
-    });
+    read_box(2);
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 0), 2);
     EXPECT_EQ(name, "xwkWarning");
-    EXPECT_EQ(text, "Warning");
-    EXPECT_EQ(labels, (std::vector<std::string>{"Overwrite", "Cancel"}));
-    boxdriver::when_up(&step, [] { xwktest::SendDeleteWindow(XtParent(xwkConditWidget)); });
+    EXPECT_EQ(title, "Warning");
+    EXPECT_EQ(buttons, (std::vector<std::string>{"Overwrite", "Cancel"}));
+    boxdriver::when_up(&step, [] { click(0); });
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 10), 3);
     boxdriver::when_up(&step, [] { click(1); });
     EXPECT_EQ(err_msg(nullptr, present.c_str(), 0), 1);
@@ -582,7 +548,7 @@ TEST_F(MessageBox, FileMessagesByCode)
 
     // A file name far longer than the message buffer is cut.
     std::string very_long = dir.Path(std::string(4000, 'n'));
-    read_box(true);
+    read_box(0);
     EXPECT_EQ(err_msg(nullptr, very_long.c_str(), -8), 0);
     // Cut inside the bold name: a style never switched off shows nothing.
     EXPECT_EQ(text, "Invalid format of the file\n|");

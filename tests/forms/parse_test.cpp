@@ -69,38 +69,29 @@ TEST(Parameters, MissingFieldOpensTheErrorBox)
     EXPECT_STREQ(out, "c");
 
     boxdriver::Step step;
-    std::string seen_name, seen_title;
-    boxdriver::when_up(&step, [&] {
-        seen_name = XtName(xwkConditWidget);
-        char *title = nullptr;
-        XtVaGetValues(XtParent(xwkConditWidget), XtNtitle, &title, NULL);
-        seen_title = title ? title : "";
-        xwktest::ClickCenter(boxdriver::button(1));
-    });
+    std::string name, title, text;
+    auto read_box = [&] {
+        boxdriver::when_up(&step, [&] {
+            name = XtName(xwkConditWidget);
+            title = boxdriver::box_title();
+            text = boxdriver::box_text();
+            xwktest::ClickCenter(boxdriver::button(1));
+        });
+    };
+    read_box();
     EXPECT_EQ(GetParameter("a, b;c", out, 4), 0);
     EXPECT_TRUE(step.done);
-    EXPECT_EQ(seen_name, "xwkError");
-    EXPECT_EQ(seen_title, "Error");
+    EXPECT_EQ(name, "xwkError");
+    EXPECT_EQ(title, "Error");
     EXPECT_EQ(xwkConditWidget, nullptr);
 
     // Reading a configuration file, the box names the file and the line.
     static char file[] = "tools.ini";
     xwkConfigFileName = file;
     xwkConfigFileLine = 12;
-    std::string text;
-    boxdriver::when_up(&step, [&] {
-        Widget label = xwktest::FindWidget(xwkConditWidget, "xwkConditLabel");
-        XmString s = nullptr;
-        XtVaGetValues(label, XmNlabelString, &s, NULL);
-        char *plain = (char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT, XmCHARSET_TEXT,
-                                              nullptr, 0, XmOUTPUT_ALL);
-        text = plain;
-        XtFree(plain);
-        XmStringFree(s);
-        xwktest::ClickCenter(boxdriver::button(1));
-    });
+    read_box();
     EXPECT_EQ(GetParameter("a", out, 2), 0);
-    EXPECT_EQ(text, "tools.ini(12):  Not enough one or more parameters.");
+    EXPECT_EQ(text, "tools.ini(12):  Not enough one or more parameters.|");
     xwkConfigFileName = nullptr;
     xwkConfigFileLine = 0;
 }
@@ -133,12 +124,9 @@ TEST(Accelerators, TranslationsAndTexts)
     EXPECT_EQ(acc("Alt+X"), "Alt <Key>X");
     EXPECT_EQ(acc("F5"), "<Key>F5");
     EXPECT_EQ(acc("-"), " <Key>");
-    char *t = XwkCreateAccText("Ctrl-O");
-    EXPECT_STREQ(t, "Ctrl-O");
-    XtFree(t);
-    EXPECT_EQ(XwkCreateAccText("none"), nullptr);
-    t = XwkCreateAccText("None");
-    EXPECT_STREQ(t, "None") << "only exactly \"none\" is nothing";
-    XtFree(t);
-    EXPECT_EQ(XwkCreateAccText(nullptr), nullptr);
+    auto text = [](const char *s) { return xwktest::Take(XwkCreateAccText(s)); };
+    EXPECT_EQ(text("Ctrl-O"), "Ctrl-O");
+    EXPECT_EQ(text("none"), "<null>");
+    EXPECT_EQ(text("None"), "None") << "only exactly \"none\" is nothing";
+    EXPECT_EQ(text(nullptr), "<null>");
 }

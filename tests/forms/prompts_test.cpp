@@ -5,52 +5,18 @@
 
 #include "boxdriver.h"
 
+// The prompt on screen is xwkParentWidget, the desk form that opened last.
 namespace {
 
+using boxdriver::action_button;
+using boxdriver::form_up;
 using boxdriver::Step;
-
-// The prompt on screen: the desk form that opened last.
-Widget prompt()
-{
-    return xwkParentWidget;
-}
-
-bool prompt_up()
-{
-    Widget form = prompt();
-    if (!form || !XtIsRealized(form) || !xwktest::FindWidget(form, "xwkActionArea"))
-        return false;
-    XWindowAttributes a;
-    return XGetWindowAttributes(XtDisplay(form), XtWindow(form), &a) && a.map_state == IsViewable;
-}
-
-// Once cond holds (the prompt is up, the typing has been handled), the action.
-void then(Step *step, std::function<bool()> cond, std::function<void()> action)
-{
-    step->ready = std::move(cond);
-    step->action = std::move(action);
-    step->done = false;
-    boxdriver::start(step);
-}
-
-void when_prompt_up(Step *step, std::function<void()> action)
-{
-    then(step, prompt_up, std::move(action));
-}
-
-Widget action_button(int n)
-{
-    Widget area = xwktest::FindWidget(prompt(), "xwkActionArea");
-    WidgetList children = nullptr;
-    Cardinal count = 0;
-    XtVaGetValues(area, XmNchildren, &children, XmNnumChildren, &count, NULL);
-    return (Cardinal)n <= count ? children[n - 1] : nullptr;
-}
+using boxdriver::when;
 
 std::vector<Widget> texts()
 {
     std::vector<Widget> out;
-    boxdriver::collect(prompt(), [](Widget w) { return XmIsText(w); }, &out);
+    boxdriver::collect(xwkParentWidget, [](Widget w) { return XmIsText(w); }, &out);
     return out;
 }
 
@@ -64,7 +30,7 @@ void type_into(Widget text, const char *what)
 void type_then_ok(Step *next, Widget text, const char *what, std::string shows)
 {
     type_into(text, what);
-    then(next, [text, shows] { return xwktest::TextOf(text) == shows; },
+    when(next, [text, shows] { return xwktest::TextOf(text) == shows; },
          [] { xwktest::ClickCenter(action_button(1)); });
 }
 
@@ -81,8 +47,8 @@ TEST_F(Prompt, OneLineTypedAndConfirmed)
     char buffer[32] = "old";
     int min_h = 0, max_h = 0, height = 0;  // WMShell keeps its size hints as int
     std::string field_name;
-    when_prompt_up(&step, [&] {
-        Widget shell = XtParent(prompt());
+    when(&step, form_up, [&] {
+        Widget shell = XtParent(xwkParentWidget);
         XtVaGetValues(shell, XtNminHeight, &min_h, XtNmaxHeight, &max_h, NULL);
         height = shell->core.height;
         Widget text = texts().at(0);
@@ -95,15 +61,15 @@ TEST_F(Prompt, OneLineTypedAndConfirmed)
     EXPECT_EQ(min_h, height) << "resized in width only";
     EXPECT_EQ(max_h, height);
 
-    when_prompt_up(&step, [] { xwktest::ClickCenter(action_button(2)); });
+    when(&step, form_up, [] { xwktest::ClickCenter(action_button(2)); });
     strcpy(buffer, "keep");
     EXPECT_EQ(inputa(nullptr, nullptr, "Name", buffer, 31), 0);
     EXPECT_STREQ(buffer, "keep");
 
     int decorations = 0;
-    when_prompt_up(&step, [&] {
-        XtVaGetValues(XtParent(prompt()), XmNmwmDecorations, &decorations, NULL);
-        xwktest::SendDeleteWindow(XtParent(prompt()));
+    when(&step, form_up, [&] {
+        XtVaGetValues(XtParent(xwkParentWidget), XmNmwmDecorations, &decorations, NULL);
+        xwktest::SendDeleteWindow(XtParent(xwkParentWidget));
     });
     EXPECT_EQ(inputa(xwkTopLevel, "Closing", "Name", buffer, 31), 0) << "close is Cancel";
     EXPECT_EQ(decorations, MWM_DECOR_ALL);
@@ -113,10 +79,10 @@ TEST_F(Prompt, HiddenEntryShowsStars)
 {
     char buffer[9] = "prefill";
     std::string shown;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         Widget text = texts().at(0);
         type_into(text, "secret");
-        then(&next, [text] { return xwktest::TextOf(text).size() == 6; }, [&shown, text] {
+        when(&next, [text] { return xwktest::TextOf(text).size() == 6; }, [&shown, text] {
             shown = xwktest::TextOf(text);
             xwktest::ClickCenter(action_button(1));
         });
@@ -126,20 +92,20 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     EXPECT_STREQ(buffer, "secret");
 
     // Deleting takes the hidden text back with the stars.
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         Widget text = texts().at(0);
         type_into(text, "abcd");
         xwktest::PressKey(XtDisplay(text), XK_BackSpace);
         xwktest::PressKey(XtDisplay(text), XK_BackSpace);
         xwktest::TypeText(XtDisplay(text), "x");
-        then(&next, [text] { return xwktest::TextOf(text) == "***"; },
+        when(&next, [text] { return xwktest::TextOf(text) == "***"; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputa(xwkTopLevel, nullptr, "Password", buffer, -8), 1);
     EXPECT_STREQ(buffer, "abx");
 
     // A paste of several characters is refused.
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         Widget text = texts().at(0);
         XmTextInsert(text, 0, (char *)"pasted");
         shown = xwktest::TextOf(text);
@@ -150,16 +116,16 @@ TEST_F(Prompt, HiddenEntryShowsStars)
     EXPECT_STREQ(buffer, "");
 }
 
-TEST_F(Prompt, MultiLineAndTwoFields)
+TEST_F(Prompt, MultiLineCheckBoxAndSeveralFields)
 {
     char notes[64] = "";
-    when_prompt_up(&step, [&] { type_then_ok(&next, texts().at(0), "one\ntwo", "one\ntwo"); });
+    when(&step, form_up, [&] { type_then_ok(&next, texts().at(0), "one\ntwo", "one\ntwo"); });
     EXPECT_EQ(inputb(xwkTopLevel, nullptr, "Notes", notes, 63, 30, 4), 1);
     EXPECT_STREQ(notes, "one\ntwo");
 
     char a[16] = "", b[16] = "";
     size_t fields = 0;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         std::vector<Widget> t = texts();
         fields = t.size();
         type_into(t.at(0), "first");
@@ -169,17 +135,14 @@ TEST_F(Prompt, MultiLineAndTwoFields)
     EXPECT_EQ(fields, 2u);
     EXPECT_STREQ(a, "first");
     EXPECT_STREQ(b, "second");
-}
 
-TEST_F(Prompt, CheckBoxAndThreeFields)
-{
     char name[16] = "n";
     Boolean flag = False;
-    when_prompt_up(&step, [&] {
-        Widget toggle = xwktest::FindWidget(prompt(), "xwkCheckBox");
+    when(&step, form_up, [&] {
+        Widget toggle = xwktest::FindWidget(xwkParentWidget, "xwkCheckBox");
         ASSERT_NE(toggle, nullptr);
         xwktest::ClickCenter(toggle);
-        then(&next, [toggle] { return XmToggleButtonGetState(toggle) == True; },
+        when(&next, [toggle] { return XmToggleButtonGetState(toggle) == True; },
              [] { xwktest::ClickCenter(action_button(1)); });
     });
     EXPECT_EQ(inputd(xwkTopLevel, "Check", "Name", name, 15, "Also this", &flag), 1);
@@ -188,7 +151,7 @@ TEST_F(Prompt, CheckBoxAndThreeFields)
 
     char f1[16] = "1", f2[16] = "2", f3[64] = "";
     Boolean wrap = False;
-    when_prompt_up(&step, [&] {
+    when(&step, form_up, [&] {
         std::vector<Widget> t = texts();
         ASSERT_EQ(t.size(), 3u);
         XtVaGetValues(t[2], XmNwordWrap, &wrap, NULL);
@@ -205,11 +168,10 @@ TEST_F(Prompt, CheckBoxAndThreeFields)
 
 TEST_F(Prompt, DestroyedParentEndsThePrompt)
 {
-    Widget shell = XtVaAppCreateShell("owner", "XwkTest", topLevelShellWidgetClass, xwkDisplay,
-                                      XtNwidth, 80, XtNheight, 40, NULL);
+    Widget shell = xwktest::Shell("owner", 80, 40);
     XtRealizeWidget(shell);
     char buffer[8] = "";
-    when_prompt_up(&step, [&] { XtDestroyWidget(shell); });
+    when(&step, form_up, [&] { XtDestroyWidget(shell); });
     EXPECT_EQ(inputa(shell, nullptr, "Gone", buffer, 7), 0);
     EXPECT_TRUE(step.done);
 }
@@ -219,31 +181,26 @@ TEST_F(Prompt, UserTextByMode)
     EXPECT_EQ(XwkGetUserText(5, nullptr, "x", "Label", "Title"), nullptr);
 
     std::string title, page, anchor;
-    when_prompt_up(&step, [&] {
-        title = xwktest::Get<char *>(XtParent(prompt()), XtNtitle);
+    when(&step, form_up, [&] {
+        title = xwktest::Get<char *>(XtParent(xwkParentWidget), XtNtitle);
         char *file = nullptr, *p = nullptr, *a = nullptr;
-        if (XwkGetHelpData(prompt(), &file, &p, &a)) {
+        if (XwkGetHelpData(xwkParentWidget, &file, &p, &a)) {
             page = p ? p : "";
             anchor = a ? a : "";
         }
         type_then_ok(&next, texts().at(0), "!", "start!");
     });
-    char *got = XwkGetUserText(1, xwkTopLevel, "start", "Find what", "Find");
-    ASSERT_NE(got, nullptr);
-    EXPECT_STREQ(got, "start!");
-    XtFree(got);
+    EXPECT_EQ(xwktest::Take(XwkGetUserText(1, xwkTopLevel, "start", "Find what", "Find")),
+              "start!");
     EXPECT_EQ(title, "Find");
     EXPECT_EQ(page, "Interface");
     EXPECT_EQ(anchor, "Prompt");
 
-    when_prompt_up(&step, [] { xwktest::ClickCenter(action_button(2)); });
+    when(&step, form_up, [] { xwktest::ClickCenter(action_button(2)); });
     EXPECT_EQ(XwkGetUserText(0, xwkTopLevel, "text", "Notes", "Own|page"), nullptr);
 
-    when_prompt_up(&step, [&] { type_then_ok(&next, texts().at(0), "pw", "**"); });
-    got = XwkGetUserText(1001, xwkTopLevel, nullptr, "Password", nullptr);
-    ASSERT_NE(got, nullptr);
-    EXPECT_STREQ(got, "pw");
-    XtFree(got);
+    when(&step, form_up, [&] { type_then_ok(&next, texts().at(0), "pw", "**"); });
+    EXPECT_EQ(xwktest::Take(XwkGetUserText(1001, xwkTopLevel, nullptr, "Password", nullptr)), "pw");
 }
 
 TEST_F(Prompt, VerifyCallbackFiltersTheFirstCharacter)

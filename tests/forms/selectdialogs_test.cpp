@@ -9,26 +9,18 @@ namespace {
 
 using boxdriver::Step;
 
+// The selection dialog's tree list, once the dialog stands on the screen.
 Widget list_up()
 {
-    Widget form = xwkParentWidget;
-    if (!form || !XtIsRealized(form) || !xwktest::FindWidget(form, "xwkActionArea"))
-        return nullptr;
-    Widget tree = xwktest::FindWidgetOfClass(form, xmPrjTreeWidgetClass);
-    if (!tree || !XtIsRealized(tree))
-        return nullptr;
-    XWindowAttributes a;
-    if (!XGetWindowAttributes(XtDisplay(tree), XtWindow(tree), &a) || a.map_state != IsViewable)
-        return nullptr;
-    return tree;
+    Widget tree = boxdriver::form_up()
+                      ? xwktest::FindWidgetOfClass(xwkParentWidget, xmPrjTreeWidgetClass)
+                      : nullptr;
+    return boxdriver::viewable(tree) ? tree : nullptr;
 }
 
 void when_up(Step *step, std::function<void(Widget)> action)
 {
-    step->ready = [] { return list_up() != nullptr; };
-    step->action = [action] { action(list_up()); };
-    step->done = false;
-    boxdriver::start(step);
+    boxdriver::when(step, [] { return list_up() != nullptr; }, [action] { action(list_up()); });
 }
 
 void click_row(Widget tree, int row, unsigned clicks = 1)
@@ -37,15 +29,6 @@ void click_row(Widget tree, int row, unsigned clicks = 1)
     int y = t.treeMarginHeight + 2 + row * t.rowHeight + t.rowHeight / 2;
     for (unsigned i = 0; i < clicks; i++)
         xwktest::Click(tree, 30, y);
-}
-
-Widget ok_button()
-{
-    Widget area = xwktest::FindWidget(xwkParentWidget, "xwkActionArea");
-    WidgetList children = nullptr;
-    Cardinal count = 0;
-    XtVaGetValues(area, XmNchildren, &children, XmNnumChildren, &count, NULL);
-    return count ? children[0] : nullptr;
 }
 
 class SelectDialogs : public ::testing::Test {
@@ -58,7 +41,7 @@ char *fruit[] = {(char *)"pear", (char *)"apple", (char *)"plum"};
 
 }  // namespace
 
-TEST_F(SelectDialogs, ItemByDoubleClickAndByKeys)
+TEST_F(SelectDialogs, ItemByDoubleClickByKeysOrNone)
 {
     // Sorted: apple, pear, plum; a double click on the second row picks pear.
     when_up(&step, [](Widget tree) { click_row(tree, 1, 2); });
@@ -68,11 +51,19 @@ TEST_F(SelectDialogs, ItemByDoubleClickAndByKeys)
         XSetInputFocus(XtDisplay(tree), XtWindow(XtParent(xwkParentWidget)), RevertToParent,
                        CurrentTime);
         XmProcessTraversal(tree, XmTRAVERSE_CURRENT);
-        xwktest::PressKey(XtDisplay(tree), XK_Down);
-        xwktest::PressKey(XtDisplay(tree), XK_Down);
-        xwktest::PressKey(XtDisplay(tree), XK_Return);
+        for (KeySym key : {XK_Down, XK_Down, XK_Return})
+            xwktest::PressKey(XtDisplay(tree), key);
     });
     EXPECT_EQ(XwkSelectItemDialog(xwkTopLevel, "Fruit", "Kind", fruit, 3, False), 3);
+
+    // No items give an empty list; Cancel gives 0.
+    int rows = -1;
+    when_up(&step, [&rows](Widget tree) {
+        rows = XmPrjTreeGetItemsCount(tree, nullptr);
+        xwktest::ClickCenter(boxdriver::action_button(2));
+    });
+    EXPECT_EQ(XwkSelectItemDialog(xwkTopLevel, "Fruit", "Kind", nullptr, 2, False), 0);
+    EXPECT_EQ(rows, 0);
 }
 
 TEST_F(SelectDialogs, ListWithSelectAllButtonAndCountInTitle)
@@ -81,19 +72,17 @@ TEST_F(SelectDialogs, ListWithSelectAllButtonAndCountInTitle)
     Step next;
     when_up(&step, [&](Widget tree) {
         title_before = XmPrjTreeGetTitleItemLabel(tree, 1);
-        // The title button deselects all; a Ctrl click picks apple.
+        // The title button deselects all; a click picks apple.
         Widget title = ((XmPrjTreeWidget)tree)->tree.titleWidget;
         xwktest::Click(title, 10, title->core.height / 2);
         xwktest::Pump(200);
         click_row(tree, 0);
         // The title counts in the dialog's own loop: OK once it shows one.
         long start = 0;
-        next.ready = [tree, &title_after, start]() mutable {
+        boxdriver::when(&next, [tree, &title_after, start]() mutable {
             title_after = XmPrjTreeGetTitleItemLabel(tree, 1);
             return title_after == "Kinds (1 selected)" || ++start > 300;
-        };
-        next.action = [] { xwktest::ClickCenter(ok_button()); };
-        boxdriver::start(&next);
+        }, [] { xwktest::ClickCenter(boxdriver::action_button(1)); });
     });
     XtPointer *list = (XtPointer *)fruit;
     int count = 3;
@@ -103,20 +92,4 @@ TEST_F(SelectDialogs, ListWithSelectAllButtonAndCountInTitle)
     ASSERT_EQ(count, 1);
     EXPECT_EQ((long)list[0], 1);
     XtFree((char *)list);
-}
-
-TEST_F(SelectDialogs, NoItemsGivesAnEmptyListAndCancelGivesZero)
-{
-    int rows = -1;
-    when_up(&step, [&rows](Widget tree) {
-        rows = XmPrjTreeGetItemsCount(tree, nullptr);
-        Widget area = xwktest::FindWidget(xwkParentWidget, "xwkActionArea");
-        WidgetList children = nullptr;
-        Cardinal count = 0;
-        XtVaGetValues(area, XmNchildren, &children, XmNnumChildren, &count, NULL);
-        if (count > 1)
-            xwktest::ClickCenter(children[1]);
-    });
-    EXPECT_EQ(XwkSelectItemDialog(xwkTopLevel, "Fruit", "Kind", nullptr, 2, False), 0);
-    EXPECT_EQ(rows, 0);
 }

@@ -7,23 +7,6 @@
 
 namespace {
 
-// Every free cell of the 8-bit screen's default map, taken by another client.
-struct FullMap {
-    Display *dpy = XOpenDisplay(xwktest::PseudoColorDisplayName().c_str());
-    FullMap()
-    {
-        Colormap map = DefaultColormap(dpy, DefaultScreen(dpy));
-        for (unsigned n = 256; n > 0;) {
-            std::vector<unsigned long> px(n);
-            if (XAllocColorCells(dpy, map, False, nullptr, 0, px.data(), n))
-                continue;
-            n /= 2;
-        }
-        XSync(dpy, False);
-    }
-    ~FullMap() { XCloseDisplay(dpy); }
-};
-
 // Steps run from a timer inside the dialog's own loop, one every 150 ms once
 // the picker is up, so each step sees what the input of the one before did.
 struct Script {
@@ -39,9 +22,8 @@ void Tick(XtPointer data, XtIntervalId *)
     if (!s->picker) {
         Widget found = xwktest::FindWidget(s->parent, "colorPicker");
         Widget grid = found ? xwktest::FindWidget(found, "palette") : nullptr;
-        XWindowAttributes a;
-        if (grid && XtIsRealized(grid) && XGetWindowAttributes(XtDisplay(grid), XtWindow(grid), &a) &&
-            a.map_state == IsViewable)
+        if (grid && XtIsRealized(grid) &&
+            xwktest::MapState(XtDisplay(grid), XtWindow(grid)) == IsViewable)
             s->picker = found;
         XtAppAddTimeOut(xwkApp, 50, Tick, s);
         return;
@@ -90,25 +72,19 @@ Rgb8 Shown(Widget picker)
     return {c.red >> 8, c.green >> 8, c.blue >> 8};
 }
 
-// Every pixel of the sample holds the colour, read back from the screen.
-void ExpectSample(Widget picker, Rgb8 want)
+// The colour the picker reports, and every pixel of its sample, read back
+// from the screen, in it.
+void ExpectColour(Widget picker, Rgb8 want)
 {
+    EXPECT_EQ(Shown(picker), want);
     Widget sample = Child(picker, "sample");
     xwktest::Capture shot(sample);
     ASSERT_TRUE(shot.ok());
     unsigned long pixel = shot.Pixel(shot.width() / 2, shot.height() / 2);
     EXPECT_EQ(shot.Count(pixel, 0, 0, shot.width(), shot.height()), shot.width() * shot.height());
-    XColor c = {};
-    c.pixel = pixel;
-    XQueryColor(XtDisplay(sample), sample->core.colormap, &c);
+    XColor c = xwktest::QueryColour(XtDisplay(sample), sample->core.colormap, pixel);
     EXPECT_EQ((Rgb8{c.red >> 8, c.green >> 8, c.blue >> 8}), want);
 }
-
-#define EXPECT_RGB(picker, R, G, B)                \
-    do {                                           \
-        EXPECT_EQ(Shown(picker), (Rgb8{R, G, B})); \
-        ExpectSample(picker, Rgb8{R, G, B});       \
-    } while (0)
 
 class ColorPickerDialog : public ::testing::TestWithParam<int> {
 protected:
@@ -126,24 +102,21 @@ protected:
 TEST_P(ColorPickerDialog, ClicksAndTypedValuesInEveryUnit)
 {
     Widget parent = Parent();
-    FullMap full;
-    XColor cell5 = {};
-    cell5.pixel = 5;
-    XQueryColor(XtDisplay(parent), parent->core.colormap, &cell5);
+    xwktest::FullPseudoColorMap full;
+    XColor cell5 = xwktest::QueryColour(XtDisplay(parent), parent->core.colormap, 5);
     // TrueColor shows a 6x6x6 cube first: cell 5 is pure blue.
     Rgb8 want5 = GetParam() == 0 ? Rgb8{0, 0, 255}
                                  : Rgb8{cell5.red >> 8, cell5.green >> 8, cell5.blue >> 8};
-    Script script{parent, {}};
-    script.steps = {
+    Script script{parent, {
         [&](Widget p) {
             EXPECT_EQ(ColorPickerGetUnits(p), XWK_COLOR_DECIMAL);
             EXPECT_EQ(FieldText(p, "redField"), "10");
             EXPECT_EQ(FieldText(p, "blueField"), "30");
-            EXPECT_RGB(p, 10, 20, 30);
+            ExpectColour(p, {10, 20, 30});
             xwktest::Click(Child(p, "palette"), 5 * XWK_COLOR_CELL + 5, 5);
         },
         [&](Widget p) {
-            EXPECT_RGB(p, want5.r, want5.g, want5.b);
+            ExpectColour(p, want5);
             xwktest::ClickCenter(Child(p, "percent"));
             TypeInto(p, "redField", "50");
         },
@@ -161,7 +134,7 @@ TEST_P(ColorPickerDialog, ClicksAndTypedValuesInEveryUnit)
             TypeInto(p, "blueField", "7");
         },
         [&](Widget p) {
-            EXPECT_RGB(p, 128, 192, 7);
+            ExpectColour(p, {128, 192, 7});
             // Not a number: the bell, and the value stays.
             TypeInto(p, "blueField", "x1");
         },
@@ -170,28 +143,23 @@ TEST_P(ColorPickerDialog, ClicksAndTypedValuesInEveryUnit)
             xwktest::Click(Child(p, "red"), 2 + 200, 10);
         },
         [&](Widget p) {
-            EXPECT_RGB(p, 200, 192, 7);
+            ExpectColour(p, {200, 192, 7});
             // A third of a turn of hue at the same saturation and value: green.
             TypeInto(p, "hueField", "85");
         },
         [&](Widget p) {
-            EXPECT_RGB(p, 7, 200, 7);
+            ExpectColour(p, {7, 200, 7});
             EXPECT_EQ(FieldText(p, "valueField"), "200");
             WidgetList buttons = nullptr;
             ASSERT_EQ(XwkGetActionButtons(XtParent(XtParent(XtParent(p))), &buttons), 3);
             xwktest::ClickCenter(buttons[0]);
         },
-    };
+    }};
     XtAppAddTimeOut(xwkApp, 50, Tick, &script);
-    XColor color = {};
-    color.red = 10 * 257;
-    color.green = 20 * 257;
-    color.blue = 30 * 257;
+    XColor color = xwktest::Rgb(10 * 257, 20 * 257, 30 * 257);
     ASSERT_TRUE(XwkColorPicker(parent, "Pick|colorpicker", nullptr, &color));
     EXPECT_EQ(script.next, script.steps.size());
-    EXPECT_EQ(color.red, 7 * 257);
-    EXPECT_EQ(color.green, 200 * 257);
-    EXPECT_EQ(color.blue, 7 * 257);
+    EXPECT_EQ((Rgb8{color.red / 257, color.green / 257, color.blue / 257}), (Rgb8{7, 200, 7}));
     if (GetParam() == 0) {
         EXPECT_EQ(color.pixel, 0x07C807UL);
     }
@@ -200,17 +168,13 @@ TEST_P(ColorPickerDialog, ClicksAndTypedValuesInEveryUnit)
 TEST_P(ColorPickerDialog, CancelLeavesTheColour)
 {
     Widget parent = Parent();
-    Script script{parent, {}};
-    script.steps = {
+    Script script{parent, {
         [&](Widget p) { xwktest::Click(Child(p, "green"), 2 + 255, 10); },
         [&](Widget p) {
             EXPECT_EQ(Shown(p).g, 255);
-            Widget shell = p;
-            while (!XtIsShell(shell))
-                shell = XtParent(shell);
-            xwktest::SendDeleteWindow(shell);
+            xwktest::SendDeleteWindow(XwkGetWMShell(p));
         },
-    };
+    }};
     XtAppAddTimeOut(xwkApp, 50, Tick, &script);
     XColor color = {};
     color.red = 0xFFFF;
@@ -235,10 +199,7 @@ TEST(ColorPickerWidget, InAnOwnWindowOnAWritablePalette)
     xwktest::Settle();
     EXPECT_EQ(ColorPickerGetUnits(shell), -1);
     EXPECT_FALSE(ColorPickerGetColor(shell, nullptr));
-    XColor c = {};
-    c.red = 0x1200;
-    c.green = 0xFF00;
-    c.blue = 0x3400;
+    XColor c = xwktest::Rgb(0x1200, 0xFF00, 0x3400);
     ColorPickerSetColor(picker, &c);
     ColorPickerSetUnits(picker, XWK_COLOR_HEX);
     ColorPickerSetUnits(picker, 7);
@@ -246,7 +207,7 @@ TEST(ColorPickerWidget, InAnOwnWindowOnAWritablePalette)
     EXPECT_EQ(ColorPickerGetUnits(picker), XWK_COLOR_HEX);
     EXPECT_EQ(FieldText(picker, "redField"), "12");
     EXPECT_EQ(FieldText(picker, "greenField"), "FF");
-    EXPECT_RGB(picker, 0x12, 0xFF, 0x34);
+    ExpectColour(picker, {0x12, 0xFF, 0x34});
     // The grid shows the palette's cells: cell 1 is the screen's white.
     xwktest::Click(Child(picker, "palette"), XWK_COLOR_CELL + 5, 5);
     xwktest::Settle();

@@ -6,19 +6,14 @@
 
 namespace {
 
-int x_errors;
-unsigned char last_error;
-
-int CountError(Display *, XErrorEvent *e)
-{
-    x_errors++;
-    last_error = e->error_code;
-    return 0;
-}
-
 struct Warning {
     std::string name, type, cls, text, param;
+    bool operator==(const Warning &) const = default;
 };
+std::ostream &operator<<(std::ostream &os, const Warning &w)
+{
+    return os << w.name << "/" << w.type << "/" << w.cls << ": " << w.text << " " << w.param;
+}
 std::vector<Warning> warnings;
 
 void RecordWarning(String name, String type, String cls, String text, String *params, Cardinal *n)
@@ -27,38 +22,6 @@ void RecordWarning(String name, String type, String cls, String text, String *pa
 }
 
 using xwktest::Rgb;
-
-// A second client takes every free cell of the PseudoColor screen's default
-// map as a writable cell and paints a grid of colours into them.
-class FullMap {
-public:
-    FullMap()
-    {
-        dpy_ = XOpenDisplay(xwktest::PseudoColorDisplayName().c_str());
-        map_ = DefaultColormap(dpy_, DefaultScreen(dpy_));
-        for (unsigned n = 256; n > 0;) {
-            std::vector<unsigned long> px(n);
-            if (XAllocColorCells(dpy_, map_, False, nullptr, 0, px.data(), n)) {
-                pixels_.insert(pixels_.end(), px.begin(), px.end());
-                continue;
-            }
-            n /= 2;
-        }
-        for (size_t i = 0; i < pixels_.size(); i++) {
-            XColor c = Rgb((unsigned short)((i % 16) * 0x1111), (unsigned short)((i / 16) * 0x1111), 0x8080);
-            c.pixel = pixels_[i];
-            XStoreColor(dpy_, map_, &c);
-        }
-        XSync(dpy_, False);
-    }
-    ~FullMap() { XCloseDisplay(dpy_); }
-    const std::vector<unsigned long> &pixels() const { return pixels_; }
-
-private:
-    Display *dpy_;
-    Colormap map_;
-    std::vector<unsigned long> pixels_;
-};
 
 Boolean CustomSelect(Display *, XrmValuePtr, Cardinal *, XrmValuePtr, XrmValuePtr to, XtPointer *)
 {
@@ -99,12 +62,16 @@ TEST(FindColor, FullPseudoColorMapGivesTheNearestCell)
     XColor free_one = Rgb(0x0101, 0x0202, 0x0303);
     EXPECT_TRUE(XwkFindColor(dpy, map, &free_one));
 
-    FullMap full;
-    ASSERT_GT(full.pixels().size(), 100u);
+    // Another client fills the map with a grid of colours.
+    xwktest::FullPseudoColorMap full;
+    ASSERT_GT(full.pixels.size(), 100u);
+    for (size_t i = 0; i < full.pixels.size(); i++)
+        full.Store(i, Rgb((unsigned short)((i % 16) * 0x1111), (unsigned short)((i / 16) * 0x1111),
+                          0x8080));
     // Grid entry 0x23 is (0x3333, 0x2222, 0x8080).
     XColor c = Rgb(0x3400, 0x2100, 0x7f00);
     EXPECT_FALSE(XwkFindColor(dpy, map, &c));
-    EXPECT_EQ(c.pixel, full.pixels()[0x23]);
+    EXPECT_EQ(c.pixel, full.pixels[0x23]);
     EXPECT_EQ(c.red, 0x3333);
     EXPECT_EQ(c.green, 0x2222);
     EXPECT_EQ(c.blue, 0x8080);
@@ -112,7 +79,7 @@ TEST(FindColor, FullPseudoColorMapGivesTheNearestCell)
     // An exact match stops the search at once.
     XColor exact = Rgb(0x5555, 0x1111, 0x8080);
     EXPECT_FALSE(XwkFindColor(dpy, map, &exact));
-    EXPECT_EQ(exact.pixel, full.pixels()[0x15]);
+    EXPECT_EQ(exact.pixel, full.pixels[0x15]);
 
     // Named colours: a fixed pixel or the nearest cell give 2.
     XColor named;
@@ -121,7 +88,7 @@ TEST(FindColor, FullPseudoColorMapGivesTheNearestCell)
     EXPECT_EQ(XwkAllocNamedColor(dpy, map, "XtDefaultForeground", &named), 2);
     EXPECT_EQ(named.pixel, BlackPixelOfScreen(XtScreen(shell)));
     EXPECT_EQ(XwkAllocNamedColor(dpy, map, "rgb:34/21/7f", &named), 2);
-    EXPECT_EQ(named.pixel, full.pixels()[0x23]);
+    EXPECT_EQ(named.pixel, full.pixels[0x23]);
     EXPECT_EQ(XwkAllocNamedColor(dpy, map, "no such colour", &named), 0);
     EXPECT_FALSE(XwkAllocXpmColor(dpy, map, (char *)"no such colour", &named));
     EXPECT_TRUE(XwkAllocXpmColor(dpy, map, (char *)"rgb:34/21/7f", &named));
@@ -130,13 +97,12 @@ TEST(FindColor, FullPseudoColorMapGivesTheNearestCell)
     Screen *screen = XtScreen(shell);
     XrmValue args[2] = {{sizeof(Screen *), (XPointer)&screen}, {sizeof(Colormap), (XPointer)&map}};
     Cardinal nargs = 2;
-    const char *text = "rgb:34/21/7f";
-    XrmValue from = {13, (XPointer)text};
+    XrmValue from = {13, (XPointer)"rgb:34/21/7f"};
     Pixel pixel = 0;
     XrmValue to = {sizeof(Pixel), (XPointer)&pixel};
     XtPointer closure = (XtPointer)1;
     EXPECT_TRUE(XwkCvtStringToPixel(dpy, args, &nargs, &from, &to, &closure));
-    EXPECT_EQ(pixel, full.pixels()[0x23]);
+    EXPECT_EQ(pixel, full.pixels[0x23]);
     EXPECT_EQ(closure, nullptr);
 }
 
@@ -170,12 +136,9 @@ TEST(Converters, PixelConverterWarnsAndFrees)
     warnings.clear();
     ConvertTo(shell, XmRPixel, "no-such-colour", &ok);
     EXPECT_FALSE(ok);
-    bool seen = false;
-    for (const Warning &w : warnings)
-        if (w.name == "badValue" && w.type == "cvtStringToPixel" && w.cls == "XwkError" &&
-            w.text == "Color name \"%s\" is not defined" && w.param == "no-such-colour")
-            seen = true;
-    EXPECT_TRUE(seen);
+    Warning bad = {"badValue", "cvtStringToPixel", "XwkError", "Color name \"%s\" is not defined",
+                   "no-such-colour"};
+    EXPECT_NE(std::find(warnings.begin(), warnings.end(), bad), warnings.end());
 
     warnings.clear();
     Cardinal none = 0;
@@ -184,13 +147,11 @@ TEST(Converters, PixelConverterWarnsAndFrees)
     XtPointer closure = nullptr;
     EXPECT_FALSE(XwkCvtStringToPixel(dpy, nullptr, &none, &from, &to, &closure));
     XwkCvtFreePixel(xwktest::App(), &to, nullptr, nullptr, &none);
-    ASSERT_EQ(warnings.size(), 2u);
-    EXPECT_EQ(warnings[0].name, "wrongParameters");
-    EXPECT_EQ(warnings[0].type, "cvtStringToPixel");
-    EXPECT_EQ(warnings[0].text, "String to pixel conversion needs screen and colormap arguments");
-    EXPECT_EQ(warnings[1].type, "freePixel");
-    EXPECT_EQ(warnings[1].cls, "XwkError");
-    EXPECT_EQ(warnings[1].text, "Freeing a pixel requires screen and colormap arguments");
+    EXPECT_EQ(warnings, (std::vector<Warning>{
+        {"wrongParameters", "cvtStringToPixel", "XwkError",
+         "String to pixel conversion needs screen and colormap arguments", ""},
+        {"wrongParameters", "freePixel", "XwkError",
+         "Freeing a pixel requires screen and colormap arguments", ""}}));
 
     // Storage too small: the size asked for comes back and the result is False.
     Screen *screen = XtScreen(shell);
@@ -213,18 +174,13 @@ TEST(Converters, PixelConverterWarnsAndFrees)
     XrmValue out = {sizeof(Pixel), (XPointer)&pixel};
     ASSERT_TRUE(XwkCvtStringToPixel(pdpy, pargs, &two, &blue, &out, &closure));
     EXPECT_EQ(closure, (XtPointer)pmap);
-    x_errors = 0;
-    XErrorHandler old = XSetErrorHandler(CountError);
+    xwktest::Warnings watch;
     XwkCvtFreePixel(xwktest::App(), &out, closure, pargs, &two);
-    XSync(pdpy, False);
-    EXPECT_EQ(x_errors, 0);
+    EXPECT_EQ(watch.XErrors(), 0);
     XwkCvtFreePixel(xwktest::App(), &out, nullptr, pargs, &two);
-    XSync(pdpy, False);
-    EXPECT_EQ(x_errors, 0);   // no closure: left alone
+    EXPECT_EQ(watch.XErrors(), 0);   // no closure: left alone
     XwkCvtFreePixel(xwktest::App(), &out, closure, pargs, &two);
-    XSync(pdpy, False);
-    EXPECT_EQ(x_errors, 1);   // freed already by the first call
-    XSetErrorHandler(old);
+    EXPECT_EQ(watch.XErrors(), 1);   // freed already by the first call
 
     XrmValue white = {20, (XPointer)"XtDefaultBackground"};
     closure = (XtPointer)1;

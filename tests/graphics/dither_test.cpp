@@ -108,8 +108,7 @@ TEST(PixmapToImage, PseudoColorPixmapsAreMappedThroughThePalette)
     Widget pseudo = xwktest::PseudoColorShell();
     Display *dpy = XtDisplay(pseudo);
     XwkPalette *palette = XwkPaletteCreate(pseudo);
-    XColor red = {};
-    red.red = 0xff00, red.green = 0x1000, red.blue = 0x2000;
+    XColor red = xwktest::Rgb(0xff00, 0x1000, 0x2000);
     static Pixel red_pixel;
     red_pixel = XwkPaletteAlloc(palette, &red);
     Pixmap pm = Paint(pseudo, 3, 2, [](int x, int) -> unsigned long {

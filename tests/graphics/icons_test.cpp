@@ -32,21 +32,6 @@ Widget ColouredLabel(Widget parent, Pixel background)
     return XtVaCreateManagedWidget("icons", xmLabelWidgetClass, parent, XmNbackground, background, NULL);
 }
 
-// The directory Xt searches for pixmaps, made before anything reads the path.
-xwktest::TempDir files;
-
-std::string TempDir()
-{
-    static bool made = mkdir((files.Path() + "/pixmaps").c_str(), 0700) == 0;
-    (void)made;
-    return files.Path();
-}
-
-void WriteFile(const std::string &path, const std::string &text)
-{
-    std::ofstream(path, std::ios::binary) << text;
-}
-
 const char *kFaceFile =
     "/* XPM */\n"
     "static char *face[] = {\n"
@@ -57,10 +42,22 @@ const char *kFaceFile =
     "\"xox\",\n"
     "\"oxo\"};\n";
 
-// Xt reads the search path once, at the first lookup: set it before anything.
-struct SearchPath {
-    SearchPath() { setenv("XFILESEARCHPATH", (TempDir() + "/%T/%N%S:" + TempDir() + "/%T/%N").c_str(), 1); }
-} search_path;
+// The directory Xt searches for pixmaps.  Xt reads the search path once, at
+// the first lookup: it is set before anything.
+struct PixmapDir {
+    xwktest::TempDir dir;
+    PixmapDir()
+    {
+        mkdir(dir.Path("pixmaps").c_str(), 0700);
+        std::string search = dir.Path("%T/%N%S:") + dir.Path("%T/%N");
+        setenv("XFILESEARCHPATH", search.c_str(), 1);
+    }
+    // Writes a file in the pixmaps folder and returns its path.
+    std::string Write(const std::string &name, const std::string &text) const
+    {
+        return dir.Write("pixmaps/" + name, text);
+    }
+} files;
 
 }  // namespace
 
@@ -75,7 +72,6 @@ TEST(Icons, NoneTakesTheBackgroundAndSymbolsTheWidgetColours)
     XwkIcon *icon = XwkIconCreateFromData(label, (char **)kFace);
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(icon->fileName, nullptr);
-    EXPECT_NE(icon->pixmap, 0u);
     EXPECT_NE(icon->mask, 0u);
     EXPECT_EQ(icon->composed, 0u);
     EXPECT_EQ(icon->attributes.width, 4u);
@@ -108,23 +104,22 @@ TEST(Icons, NoneTakesTheBackgroundAndSymbolsTheWidgetColours)
 TEST(Icons, OneRecordPerFile)
 {
     Widget shell = xwktest::StartApp();
-    std::string dir = TempDir();
-    WriteFile(dir + "/pixmaps/face.xpm", kFaceFile);
+    std::string face = files.Write("face.xpm", kFaceFile);
 
     XwkIcon *a = XwkIconCreateFromFile(shell, "face");
     ASSERT_NE(a, nullptr);
-    EXPECT_EQ(std::string(a->fileName), dir + "/pixmaps/face.xpm");
+    EXPECT_EQ(std::string(a->fileName), face);
     EXPECT_EQ(a->attributes.width, 3u);
     EXPECT_EQ(XwkIconCreateFromFile(shell, "face.xpm"), a);
-    EXPECT_EQ(XwkIconCreateFromFile(shell, (dir + "/pixmaps/face.xpm").c_str()), a);
+    EXPECT_EQ(XwkIconCreateFromFile(shell, face.c_str()), a);
 
     EXPECT_EQ(XwkIconCreateFromFile(shell, "missing"), nullptr);
-    EXPECT_EQ(XwkIconCreateFromFile(shell, (dir + "/pixmaps/missing.xpm").c_str()), nullptr);
+    EXPECT_EQ(XwkIconCreateFromFile(shell, files.dir.Path("pixmaps/missing.xpm").c_str()), nullptr);
     EXPECT_EQ(XwkIconCreateFromFile(shell, "face"), a);
 
     // One row high, with a hot spot.
-    WriteFile(dir + "/pixmaps/row.xpm",
-              "/* XPM */\nstatic char *row[] = {\n\"3 1 2 1 2 0\",\n\"x c #0000ff\",\n\"o c #ffffff\",\n\"xox\"};\n");
+    files.Write("row.xpm", "/* XPM */\nstatic char *row[] = {\n\"3 1 2 1 2 0\",\n"
+                           "\"x c #0000ff\",\n\"o c #ffffff\",\n\"xox\"};\n");
     XwkIcon *row = XwkIconCreateFromFile(shell, "row");
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->attributes.width, 3u);
@@ -175,17 +170,15 @@ TEST(Icons, BadDataGivesNothingAndNoXError)
     EXPECT_EQ(XwkIconCreateFromData(shell, nullptr), nullptr);
     EXPECT_EQ(XwkIconCreateFromData(nullptr, (char **)kPlain), nullptr);
 
-    std::string dir = TempDir();
-    std::vector<std::string> files = {
+    std::vector<std::string> texts = {
         "/* XPM */\nstatic char *x[] = {\n\"3 1 2 1\",\n\"x c red\",\n",         // truncated
         "/* XPM */\nstatic char *x[] = {\"60000 60000 1 1\",\"x c red\",\"x\"};\n",
         std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16),
         "/* XPM */\nstatic char *x[] = {\"2 2 5 1\",\"x c red\",\"xx\",\"xx\"};\n",
         "",
     };
-    for (size_t i = 0; i < files.size(); i++) {
-        std::string path = dir + "/bad" + std::to_string(i) + ".xpm";
-        WriteFile(path, files[i]);
+    for (size_t i = 0; i < texts.size(); i++) {
+        std::string path = files.Write("bad" + std::to_string(i) + ".xpm", texts[i]);
         EXPECT_EQ(XwkIconCreateFromFile(shell, path.c_str()), nullptr) << "file " << i;
     }
     EXPECT_EQ(watch.XErrors(), 0);
@@ -205,16 +198,11 @@ TEST(Icons, FreeingTheListSurvivesPixmapsTheServerDropped)
     xwktest::Warnings watch;
     XwkIconFreeIconsList();
     EXPECT_EQ(watch.XErrors(), 0);
-    // The extra pixmap went with its icon.
-    Window root;
-    int x, y;
-    unsigned w, h, bw, d;
-    EXPECT_EQ(XGetGeometry(dpy, extra, &root, &x, &y, &w, &h, &bw, &d), 0);
+    XFreePixmap(dpy, extra);
+    EXPECT_EQ(watch.XErrors(), 1) << "the extra pixmap went with its icon";
 
     // The list starts again.
-    std::string dir = TempDir();
-    WriteFile(dir + "/pixmaps/face.xpm", kFaceFile);
-    XwkIcon *c = XwkIconCreateFromFile(shell, (dir + "/pixmaps/face.xpm").c_str());
+    XwkIcon *c = XwkIconCreateFromFile(shell, files.Write("face.xpm", kFaceFile).c_str());
     ASSERT_NE(c, nullptr);
     XwkIconFreeIconsList();
 }
@@ -223,48 +211,25 @@ TEST(Icons, PseudoColorIconOnAFullMapTakesNearestCells)
 {
     Widget pseudo = xwktest::PseudoColorShell();
     Display *dpy = XtDisplay(pseudo);
-    Colormap map = DefaultColormapOfScreen(XtScreen(pseudo));
-    Display *other = XOpenDisplay(xwktest::PseudoColorDisplayName().c_str());
-    std::vector<unsigned long> taken;
-    for (unsigned n = 256; n > 0;) {
-        std::vector<unsigned long> px(n);
-        if (XAllocColorCells(other, map, False, nullptr, 0, px.data(), n)) {
-            taken.insert(taken.end(), px.begin(), px.end());
-            continue;
-        }
-        n /= 2;
-    }
-    ASSERT_FALSE(taken.empty());
-    for (unsigned long p : taken) {
-        XColor c = {};
-        c.pixel = p;
-        c.red = 0x1010, c.green = 0x2020, c.blue = 0x3030;
-        c.flags = DoRed | DoGreen | DoBlue;
-        XStoreColor(other, map, &c);
-    }
-    XColor green = {};
-    green.pixel = taken[0];
-    green.red = 0x1212, green.green = 0xf0f0, green.blue = 0x3434;
-    green.flags = DoRed | DoGreen | DoBlue;
-    XStoreColor(other, map, &green);
-    XSync(other, False);
+    // Every cell taken by another client and dark, one of them near green.
+    xwktest::FullPseudoColorMap full;
+    ASSERT_FALSE(full.pixels.empty());
+    for (size_t i = 1; i < full.pixels.size(); i++)
+        full.Store(i, xwktest::Rgb(0x1010, 0x2020, 0x3030));
+    full.Store(0, xwktest::Rgb(0x1212, 0xf0f0, 0x3434));
 
     std::string text = kFaceFile;
     text.replace(text.find("#00ff00"), 7, "#12f034");
-    WriteFile(TempDir() + "/pixmaps/near.xpm", text);
+    files.Write("near.xpm", text);
     xwktest::Warnings watch;
     XwkIcon *icon = XwkIconCreateFromFile(pseudo, "near");
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(icon->attributes.depth, 8u);
     xwktest::Capture pic(dpy, icon->pixmap, 0, 0, 3, 2);
-    XColor got = {};
-    got.pixel = pic.Pixel(0, 0);
-    XQueryColor(dpy, map, &got);
-    EXPECT_EQ(pic.Pixel(0, 0), taken[0]) << std::hex << got.red << " " << got.green << " " << got.blue << " taken " << std::dec << taken.size();
+    EXPECT_EQ(pic.Pixel(0, 0), full.pixels[0]);
     EXPECT_EQ(pic.Pixel(1, 0), pseudo->core.background_pixel);
     EXPECT_EQ(watch.XErrors(), 0);
     XwkIconFree(pseudo, icon);
-    XCloseDisplay(other);
 }
 
 TEST(DragIcons, FromAnIconOrEmpty)
@@ -275,28 +240,23 @@ TEST(DragIcons, FromAnIconOrEmpty)
     Widget drag = XwkCreateDragIconWidget(shell, icon);
     ASSERT_NE(drag, nullptr);
     EXPECT_STREQ(XtName(drag), "dragIcon");
-    Pixmap pixmap = 0, mask = 0;
-    Dimension w = 0, h = 0;
-    Position hx = -1, hy = -1;
-    XtVaGetValues(drag, XmNpixmap, &pixmap, XmNmask, &mask, XmNwidth, &w, XmNheight, &h, XmNhotX, &hx,
-                  XmNhotY, &hy, NULL);
-    EXPECT_EQ(pixmap, icon->pixmap);
-    EXPECT_EQ(mask, icon->mask);
-    EXPECT_EQ(w, 4);
-    EXPECT_EQ(h, 2);
-    EXPECT_EQ(hx, 1);   // the hot spot "1 0" of the values line
-    EXPECT_EQ(hy, 0);
+    using xwktest::Get;
+    EXPECT_EQ(Get<Pixmap>(drag, XmNpixmap), icon->pixmap);
+    EXPECT_EQ(Get<Pixmap>(drag, XmNmask), icon->mask);
+    EXPECT_EQ(Get<Dimension>(drag, XmNwidth), 4);
+    EXPECT_EQ(Get<Dimension>(drag, XmNheight), 2);
+    EXPECT_EQ(Get<Position>(drag, XmNhotX), 1);   // the hot spot "1 0" of the values line
+    EXPECT_EQ(Get<Position>(drag, XmNhotY), 0);
 
     Widget empty = XwkCreateDragIconWidget(shell, nullptr);
     ASSERT_NE(empty, nullptr);
-    Cardinal depth = 0;
-    XtVaGetValues(empty, XmNwidth, &w, XmNheight, &h, XmNdepth, &depth, XmNpixmap, &pixmap, NULL);
-    EXPECT_EQ(w, 1);
-    EXPECT_EQ(h, 1);
-    EXPECT_EQ(depth, 1u);
+    EXPECT_EQ(Get<Dimension>(empty, XmNwidth), 1);
+    EXPECT_EQ(Get<Dimension>(empty, XmNheight), 1);
+    EXPECT_EQ(Get<Cardinal>(empty, XmNdepth), 1u);
+    Pixmap pixmap = Get<Pixmap>(empty, XmNpixmap);
     EXPECT_NE(pixmap, 0u);
     Widget second = XwkCreateDragIconWidget(shell, nullptr);
-    EXPECT_EQ(xwktest::Get<Pixmap>(second, XmNpixmap), pixmap);
+    EXPECT_EQ(Get<Pixmap>(second, XmNpixmap), pixmap);
     XtDestroyWidget(drag);
     XtDestroyWidget(empty);
     XtDestroyWidget(second);
@@ -333,23 +293,19 @@ TEST(ScrollBars, ColouredWithTheSelectColour)
     Pixel fg, top, bottom, select;
     XmGetColors(XtScreen(sw), sw->core.colormap, 0x884422, &fg, &top, &bottom, &select);
     XwkSetScrollbarColor(vsb, 0x884422);
-    Pixel bg = 0, trough = 0;
-    XtVaGetValues(vsb, XmNbackground, &bg, XmNtroughColor, &trough, NULL);
-    EXPECT_EQ(bg, 0x884422UL);
-    EXPECT_EQ(trough, select);
+    EXPECT_EQ(xwktest::PixelOf(vsb, XmNbackground), 0x884422UL);
+    EXPECT_EQ(xwktest::PixelOf(vsb, XmNtroughColor), select);
 
     Widget label = ColouredLabel(shell, 0x123456);
     XwkSetScrollbarColor(label, 0x884422);
-    XtVaGetValues(label, XmNbackground, &bg, NULL);
-    EXPECT_EQ(bg, 0x123456UL);
+    EXPECT_EQ(xwktest::PixelOf(label, XmNbackground), 0x123456UL);
 
     XtVaSetValues(sw, XmNbackground, 0x224488, NULL);
     XwkResetScrollBarsColor(sw);
-    XtVaGetValues(vsb, XmNbackground, &bg, NULL);
-    EXPECT_EQ(bg, 0x224488UL);
-    if (hsb) {
-        XtVaGetValues(hsb, XmNbackground, &bg, NULL);
-        EXPECT_EQ(bg, 0x224488UL);
+    for (Widget bar : {vsb, hsb}) {
+        if (bar) {
+            EXPECT_EQ(xwktest::PixelOf(bar, XmNbackground), 0x224488UL);
+        }
     }
     XtDestroyWidget(sw);
     XtDestroyWidget(label);

@@ -165,21 +165,19 @@ std::vector<RGB> Cut(const std::vector<RGB> &pixels, int colors, std::vector<uns
 
 TEST(ImageRecord, KindFollowsMapSize)
 {
-    XwkImage *rgb = XwkImageNew(4, 3);
-    EXPECT_EQ(rgb->bytesPerPixel, 3);
-    EXPECT_EQ(rgb->cmapSize, 0);
-    EXPECT_EQ(rgb->cmap, nullptr);
-    ASSERT_NE(rgb->data, nullptr);
-    XwkImageDelete(rgb);
-
-    XwkImage *small = XwkImageNewCmap(4, 3, 256);
-    EXPECT_EQ(small->bytesPerPixel, 1);
-    ASSERT_NE(small->cmap, nullptr);
-    XwkImageDelete(small);
-
-    XwkImage *large = XwkImageNewCmap(4, 3, 257);
-    EXPECT_EQ(large->bytesPerPixel, 2);
-    XwkImageDelete(large);
+    struct {
+        XwkImage *image;
+        int map_size, bytes_per_pixel;
+    } cases[] = {
+        {XwkImageNew(4, 3), 0, 3}, {XwkImageNewCmap(4, 3, 256), 256, 1},
+        {XwkImageNewCmap(4, 3, 257), 257, 2}};
+    for (auto &c : cases) {
+        EXPECT_EQ(c.image->cmapSize, c.map_size);
+        EXPECT_EQ(c.image->cmap != nullptr, c.map_size > 0);
+        EXPECT_EQ(c.image->bytesPerPixel, c.bytes_per_pixel);
+        EXPECT_NE(c.image->data, nullptr);
+        XwkImageDelete(c.image);
+    }
 
     XwkImage *empty = XwkImageNew(0, 7);
     EXPECT_EQ(empty->data, nullptr);
@@ -209,36 +207,56 @@ TEST(ImageRecord, ToRGBExpandsAMappedImageAndLeavesAnRGBOneAlone)
     XwkImageDelete(mapped);
 }
 
-TEST(Compress, ExactPathKeepsColoursInOrderOfFirstAppearance)
+// Maps and indexes worked out by hand.
+TEST(Compress, SmallImagesGiveTheMapsWorkedOutByHand)
 {
-    std::vector<RGB> px = {{9, 9, 9}, {1, 2, 3}, {9, 9, 9}, {200, 100, 50}, {1, 2, 3}, {7, 7, 7}};
-    XwkImage *image = MakeRGB(3, 2, px);
-    XwkImage *out = XwkImageCompress(image, 4);  // four colours, a limit of four: all kept
-    ASSERT_NE(out, nullptr);
-    EXPECT_TRUE(out->compressed);
-    ASSERT_EQ(out->cmapSize, 4);
-    EXPECT_EQ(out->bytesPerPixel, 1);
-    RGB order[] = {{9, 9, 9}, {1, 2, 3}, {200, 100, 50}, {7, 7, 7}};
-    for (int i = 0; i < 4; i++) {
-        EXPECT_EQ(MapEntry(out, i), order[i]) << i;
+    std::vector<RGB> blues;  // four blues with counts 4, 1, 1, 4
+    for (int b : {0, 0, 0, 0, 80, 160, 240, 240, 240, 240})
+        blues.push_back({0, 0, (unsigned char)b});
+    const std::vector<RGB> three = {{0, 0, 0}, {255, 255, 255}, {8, 16, 24}};
+    // Plain mean of the 5-bit slots shifted up: (0 + 248 + 8) / 3 etc.
+    const RGB mean = {(0 + 248 + 8) / 3, (0 + 248 + 16) / 3, (0 + 248 + 24) / 3};
+    struct Case {
+        const char *name;
+        std::vector<RGB> pixels;
+        int limit;
+        std::vector<RGB> map;
+        std::vector<unsigned> indexes;
+    } cases[] = {
+        {"four colours, a limit of four: all kept, in order of first appearance",
+         {{9, 9, 9}, {1, 2, 3}, {9, 9, 9}, {200, 100, 50}, {1, 2, 3}, {7, 7, 7}}, 4,
+         {{9, 9, 9}, {1, 2, 3}, {200, 100, 50}, {7, 7, 7}}, {0, 1, 0, 2, 1, 3}},
+        {"no colours asked: one entry", three, 0, {mean}, {0, 0, 0}},
+        {"one colour asked: one entry", three, 1, {mean}, {0, 0, 0}},
+        // The first box's sum leaves out the first colour: 6, so half is 3 and
+        // the split falls after the first colour.  Counting every colour (10,
+        // half 5) would split after the second.
+        {"the box sum leaves out its first colour", blues, 2,
+         {{0, 0, 0}, {0, 0, (80 + 160 + 240) / 3}}, {0, 0, 0, 0, 1, 1, 1, 1, 1, 1}},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.name);
+        XwkImage *out = XwkImageCompress(MakeRGB((int)c.pixels.size(), 1, c.pixels), c.limit);
+        ASSERT_NE(out, nullptr);
+        EXPECT_TRUE(out->compressed);
+        EXPECT_EQ(out->bytesPerPixel, 1);
+        ASSERT_EQ(out->cmapSize, (int)c.map.size());
+        for (int i = 0; i < out->cmapSize; i++)
+            EXPECT_EQ(MapEntry(out, i), c.map[i]) << i;
+        for (size_t i = 0; i < c.indexes.size(); i++)
+            EXPECT_EQ(IndexAt(out, i), c.indexes[i]) << i;
+        XwkImageDelete(out);
     }
-    unsigned want[] = {0, 1, 0, 2, 1, 3};
-    for (int i = 0; i < 6; i++)
-        EXPECT_EQ(IndexAt(out, i), want[i]) << i;
-    XwkImageDelete(out);
 }
 
-TEST(Compress, AMapBelowTheLimitIsReturnedUntouched)
+TEST(Compress, AMapBelowTheLimitIsUntouchedAndAtTheLimitRecompressed)
 {
-    XwkImage *mapped = XwkImageNewCmap(2, 2, 5);
-    mapped->compressed = 0;
-    EXPECT_EQ(XwkImageCompress(mapped, 6), mapped);
-    EXPECT_EQ(mapped->compressed, 0);
-    XwkImageDelete(mapped);
-}
+    XwkImage *small = XwkImageNewCmap(2, 2, 5);
+    small->compressed = 0;
+    EXPECT_EQ(XwkImageCompress(small, 6), small);
+    EXPECT_EQ(small->compressed, 0);
+    XwkImageDelete(small);
 
-TEST(Compress, AMapAtTheLimitIsRecompressedFromItsColours)
-{
     XwkImage *mapped = XwkImageNewCmap(2, 1, 3);
     unsigned char cmap[] = {1, 1, 1, 2, 2, 2, 3, 3, 3};
     memcpy(mapped->cmap, cmap, 9);
@@ -260,25 +278,8 @@ TEST(Compress, MoreThan256ColoursGiveTwoByteIndexes)
     ASSERT_EQ(out->cmapSize, 300);
     EXPECT_EQ(out->bytesPerPixel, 2);
     EXPECT_EQ(IndexAt(out, 299), 299u);
-    RGB last = MapEntry(out, 299);
-    EXPECT_EQ(last.r, 299 & 0xFF);
-    EXPECT_EQ(last.g, 1);
+    EXPECT_EQ(MapEntry(out, 299), (RGB{299 & 0xFF, 1, 0}));
     XwkImageDelete(out);
-}
-
-TEST(Compress, ZeroOrOneColourGivesOneEntry)
-{
-    for (int colors : {0, 1}) {
-        std::vector<RGB> px = {{0, 0, 0}, {255, 255, 255}, {8, 16, 24}};
-        XwkImage *out = XwkImageCompress(MakeRGB(3, 1, px), colors);
-        ASSERT_EQ(out->cmapSize, 1) << colors;
-        // Plain mean of the 5-bit slots shifted up: (0 + 248 + 8) / 3 etc.
-        EXPECT_EQ(MapEntry(out, 0),
-                  (RGB{(0 + 248 + 8) / 3, (0 + 248 + 16) / 3, (0 + 248 + 24) / 3}));
-        for (int i = 0; i < 3; i++)
-            EXPECT_EQ(IndexAt(out, i), 0u);
-        XwkImageDelete(out);
-    }
 }
 
 TEST(Compress, ZeroSizedImagesTakeTheExactPath)
@@ -290,27 +291,6 @@ TEST(Compress, ZeroSizedImagesTakeTheExactPath)
     XwkImageDelete(out);
     out = XwkImageCompress(XwkImageNew(5, 0), 0);
     ASSERT_NE(out, nullptr);
-    XwkImageDelete(out);
-}
-
-// Four blues with counts 4, 1, 1, 4.  The first box's sum leaves out the
-// first colour: 6, so half is 3 and the split falls after the first colour.
-// Counting every colour (10, half 5) would split after the second.
-TEST(Compress, TheBoxSumLeavesOutItsFirstColour)
-{
-    std::vector<RGB> px;
-    auto add = [&](unsigned char b, int n) { for (int i = 0; i < n; i++) px.push_back({0, 0, b}); };
-    add(0, 4);
-    add(80, 1);
-    add(160, 1);
-    add(240, 4);
-    XwkImage *out = XwkImageCompress(MakeRGB(10, 1, px), 2);
-    ASSERT_EQ(out->cmapSize, 2);
-    RGB first = MapEntry(out, 0), second = MapEntry(out, 1);
-    EXPECT_EQ(first.b, 0);
-    EXPECT_EQ(second.b, (80 + 160 + 240) / 3);
-    EXPECT_EQ(IndexAt(out, 0), 0u);
-    EXPECT_EQ(IndexAt(out, 4), 1u);
     XwkImageDelete(out);
 }
 

@@ -3,16 +3,6 @@
 
 namespace {
 
-int x_errors;
-unsigned char last_error_code;
-
-int CountError(Display *, XErrorEvent *e)
-{
-    x_errors++;
-    last_error_code = e->error_code;
-    return 0;
-}
-
 using xwktest::Rgb;
 
 XwkPaletteCell *FirstFree(XwkPalette *p)
@@ -30,6 +20,20 @@ int CountFree(XwkPalette *p)
         n += !p->cells[i].inUse;
     return n;
 }
+
+// A palette with a colormap of its own on the 8-bit PseudoColor screen.
+class PseudoColorPalette : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        p = XwkPaletteCreate(shell);
+        ASSERT_NE(p, nullptr);
+    }
+    void TearDown() override { XwkPaletteDelete(p); }
+    Widget shell = xwktest::PseudoColorShell();
+    Display *dpy = XtDisplay(shell);
+    XwkPalette *p = nullptr;
+};
 
 }  // namespace
 
@@ -85,13 +89,9 @@ TEST(TrueColorPalette, ArithmeticWithoutCells)
     XFreeColormap(XtDisplay(shell), map);
 }
 
-TEST(PseudoColorPalette, OwnColormapReservesBlackWhiteAndOneCell)
+TEST_F(PseudoColorPalette, OwnColormapReservesBlackWhiteAndOneCell)
 {
-    Widget shell = xwktest::PseudoColorShell();
-    Display *dpy = XtDisplay(shell);
     Screen *screen = XtScreen(shell);
-    XwkPalette *p = XwkPaletteCreate(shell);
-    ASSERT_NE(p, nullptr);
     EXPECT_TRUE(p->usesCells);
     EXPECT_FALSE(p->readOnly);
     EXPECT_FALSE(p->shared);
@@ -110,23 +110,16 @@ TEST(PseudoColorPalette, OwnColormapReservesBlackWhiteAndOneCell)
         EXPECT_TRUE(i == black || i == white) << "cell " << i << " comes before the kept one";
 
     // The new colormap holds the default map's colours.
-    XColor white_cell = {};
-    white_cell.pixel = white;
-    XQueryColor(dpy, p->colormap, &white_cell);
+    XColor white_cell = xwktest::QueryColour(dpy, p->colormap, white);
     EXPECT_EQ(white_cell.red & 0xff00, 0xff00);
     XColor *looked = XwkPaletteLookup(p, white);
     ASSERT_NE(looked, nullptr);
     EXPECT_EQ(looked->red, 0xff00);
     EXPECT_EQ(XwkPaletteLookup(p, 300), nullptr);
-    XwkPaletteDelete(p);
 }
 
-TEST(PseudoColorPalette, AllocationTakesFreeCellsThenTheNearest)
+TEST_F(PseudoColorPalette, AllocationTakesFreeCellsThenTheNearest)
 {
-    Widget shell = xwktest::PseudoColorShell();
-    Display *dpy = XtDisplay(shell);
-    XwkPalette *p = XwkPaletteCreate(shell);
-    ASSERT_NE(p, nullptr);
 
     XwkPaletteCell *free_cell = FirstFree(p);
     ASSERT_NE(free_cell, nullptr);
@@ -136,9 +129,7 @@ TEST(PseudoColorPalette, AllocationTakesFreeCellsThenTheNearest)
     EXPECT_EQ(got, expected);
     EXPECT_EQ(p->freeCells, 252);
     EXPECT_EQ(p->lastCell, nullptr);
-    XColor server = {};
-    server.pixel = got;
-    XQueryColor(dpy, p->colormap, &server);
+    XColor server = xwktest::QueryColour(dpy, p->colormap, got);
     EXPECT_EQ(server.red & 0xff00, 0x4000);
     EXPECT_EQ(server.blue & 0xff00, 0xc000);
 
@@ -165,13 +156,10 @@ TEST(PseudoColorPalette, AllocationTakesFreeCellsThenTheNearest)
     EXPECT_EQ(p->freeCells, 0);
     XColor near_fill = Rgb(0x1900, 0x0900, 0x2200);   // closest to fill #1: (0x1800, 0x0800, 0x2200)
     EXPECT_EQ(XwkPaletteAlloc(p, &near_fill), taken[1]);
-    XwkPaletteDelete(p);
 }
 
-TEST(PseudoColorPalette, UnmaskedColoursAreNotFoundAgain)
+TEST_F(PseudoColorPalette, UnmaskedColoursAreNotFoundAgain)
 {
-    Widget shell = xwktest::PseudoColorShell();
-    XwkPalette *p = XwkPaletteCreate(shell);
     // (0x1234 + 0x5678 + 0x9abc) & 0x7f is not 0: the cell goes to a bucket
     // that searches, which use masked colours, never visit.
     XColor a = Rgb(0x1234, 0x5678, 0x9abc);
@@ -190,22 +178,16 @@ TEST(PseudoColorPalette, UnmaskedColoursAreNotFoundAgain)
     EXPECT_EQ(XwkPaletteAlloc(p, &m1), XwkPaletteAlloc(p, &m2));
     EXPECT_EQ(XwkPaletteLookupColor(p, &probe, &pixel), 1);
     EXPECT_EQ(pixel, m1.pixel);
-    XwkPaletteDelete(p);
 }
 
-TEST(PseudoColorPalette, SetPixelIsReadBackFromTheServer)
+TEST_F(PseudoColorPalette, SetPixelIsReadBackFromTheServer)
 {
-    Widget shell = xwktest::PseudoColorShell();
-    Display *dpy = XtDisplay(shell);
-    XwkPalette *p = XwkPaletteCreate(shell);
     Pixel pixel = FirstFree(p)->color.pixel;
     XColor c = Rgb(0x1234, 0xabcd, 0x00ff);
     EXPECT_EQ(XwkPaletteSetPixel(p, pixel, &c), 1);
     EXPECT_EQ(c.pixel, pixel);
     EXPECT_TRUE(p->cells[pixel].invalid);
-    XColor server = {};
-    server.pixel = pixel;
-    XQueryColor(dpy, p->colormap, &server);
+    XColor server = xwktest::QueryColour(dpy, p->colormap, pixel);
     XColor *looked = XwkPaletteLookup(p, pixel);
     ASSERT_NE(looked, nullptr);
     EXPECT_FALSE(p->cells[pixel].invalid);
@@ -216,13 +198,10 @@ TEST(PseudoColorPalette, SetPixelIsReadBackFromTheServer)
 
     XwkPaletteSetInvalid(p, pixel);
     EXPECT_TRUE(p->cells[pixel].invalid);
-    XwkPaletteDelete(p);
 }
 
-TEST(PseudoColorPalette, AllocNClaimsPresentColoursBeforeFreeCells)
+TEST_F(PseudoColorPalette, AllocNClaimsPresentColoursBeforeFreeCells)
 {
-    Widget shell = xwktest::PseudoColorShell();
-    XwkPalette *p = XwkPaletteCreate(shell);
     // Put a colour into the first free cell without taking it.
     XwkPaletteCell *f = FirstFree(p);
     Pixel present = f->color.pixel;
@@ -251,10 +230,9 @@ TEST(PseudoColorPalette, AllocNClaimsPresentColoursBeforeFreeCells)
     EXPECT_EQ(out, unused);
     EXPECT_NE(XwkPaletteGetUnused(p), unused);
     EXPECT_EQ(XwkPaletteGetUnused(p), FirstFree(p)->color.pixel);
-    XwkPaletteDelete(p);
 }
 
-TEST(PseudoColorPalette, TheDefaultPaletteIsSharedAndNeverStores)
+TEST(DefaultPseudoColorPalette, IsSharedAndNeverStores)
 {
     Widget shell = xwktest::PseudoColorShell();
     Display *dpy = XtDisplay(shell);
@@ -273,32 +251,20 @@ TEST(PseudoColorPalette, TheDefaultPaletteIsSharedAndNeverStores)
     EXPECT_EQ(XwkPaletteFindDpy(dpy, DefaultColormapOfScreen(screen)), p);
 
     // Taking a cell of the shared map writes nothing to the server.
-    x_errors = 0;
-    XErrorHandler old = XSetErrorHandler(CountError);
+    xwktest::Warnings watch;
     XColor fresh = Rgb(0x0100, 0x0200, 0x0300);
     XwkPaletteAlloc(p, &fresh);
-    XSync(dpy, False);
-    XSetErrorHandler(old);
-    EXPECT_EQ(x_errors, 0);
+    EXPECT_EQ(watch.XErrors(), 0);
 }
 
-TEST(PseudoColorPalette, DeleteLeavesTheColormap)
+TEST_F(PseudoColorPalette, DeleteLeavesTheColormap)
 {
-    Widget shell = xwktest::PseudoColorShell();
-    Display *dpy = XtDisplay(shell);
-    XwkPalette *p = XwkPaletteCreate(shell);
     Colormap map = p->colormap;
     XwkPaletteDelete(p);
+    p = nullptr;
     EXPECT_EQ(XwkPaletteFindDpy(dpy, map), nullptr);
-    x_errors = 0;
-    XErrorHandler old = XSetErrorHandler(CountError);
-    XColor c = {};
-    c.pixel = 3;
-    XQueryColor(dpy, map, &c);
-    XSync(dpy, False);
-    EXPECT_EQ(x_errors, 0);
+    xwktest::Warnings watch;
+    xwktest::QueryColour(dpy, map, 3);
     XFreeColormap(dpy, map);
-    XSync(dpy, False);
-    EXPECT_EQ(x_errors, 0);
-    XSetErrorHandler(old);
+    EXPECT_EQ(watch.XErrors(), 0);
 }

@@ -99,12 +99,14 @@ std::string box_of_help(Widget w)
     return text;
 }
 
+// A help installation in a directory of its own, C_SMELD naming it while it
+// stands: the server and one help file, or nothing.
 struct HelpDir {
     xwktest::TempDir dir;
-    std::string path = dir.Path();
 
     explicit HelpDir(bool with_server)
     {
+        setenv("C_SMELD", dir.Path().c_str(), 1);
         if (!with_server)
             return;
         EXPECT_EQ(symlink(XWK_HELP_BUILD_DIR "/c-smeld_hs", dir.Path("c-smeld_hs").c_str()), 0);
@@ -117,13 +119,11 @@ TEST(HelpClient, WithoutServerOrHelpFileTheUserIsTold)
 {
     Widget w = XtVaCreateManagedWidget("nohelp", xmPushButtonWidgetClass, row(), NULL);
     HelpDir empty(false);
-    setenv("C_SMELD", empty.path.c_str(), 1);
     XwkSetHelpData(w, "anything.help", "page", "");
     EXPECT_EQ(box_of_help(w), "Error: Help system is not available!|");
     EXPECT_EQ(xwkHelpPID, 0);
 
     HelpDir installed(true);
-    setenv("C_SMELD", installed.path.c_str(), 1);
     XwkSetHelpData(w, "missing.help", "page", "");
     EXPECT_EQ(box_of_help(w), "Error: Help data is not available!|");
     EXPECT_EQ(xwkHelpPID, 0);
@@ -169,7 +169,6 @@ void end_server(int pid)
 TEST(HelpClient, TheServerIsStartedUsedAndStartedAgain)
 {
     HelpDir installed(true);
-    setenv("C_SMELD", installed.path.c_str(), 1);
     Widget form = XtVaCreateManagedWidget("helped", xmFormWidgetClass, row(), NULL);
     Widget first = XtVaCreateManagedWidget("first", xmPushButtonWidgetClass, form, NULL);
     Widget second = XtVaCreateManagedWidget("second", xmPushButtonWidgetClass, form,
@@ -179,13 +178,17 @@ TEST(HelpClient, TheServerIsStartedUsedAndStartedAgain)
     Display *dpy = XtDisplay(form);
     XwkSetHelpData(form, nullptr, "one", nullptr);
     XwkSetHelpData(second, nullptr, "two", "end");
+    auto published = [&](int id) {
+        return xwktest::PumpUntil(
+            [&] { return XwkGetHelpPIDProperty(form, "_SMELD_HELP_PID") == id; });
+    };
 
     xwkHelpPID = 0;
     ASSERT_TRUE(XwkShowHelp(first));
     int pid = xwkHelpPID;
     ASSERT_GT(pid, 0);
     EXPECT_TRUE(shows(dpy, "Help - Page one")) << "the help data on the command line";
-    EXPECT_TRUE(xwktest::PumpUntil([&] { return XwkGetHelpPIDProperty(form, "_SMELD_HELP_PID") == pid; }));
+    EXPECT_TRUE(published(pid));
 
     struct Step {
         Widget asking;
@@ -213,7 +216,7 @@ TEST(HelpClient, TheServerIsStartedUsedAndStartedAgain)
         EXPECT_NE(xwkHelpPID, pid) << "a dead server is started anew";
         pid = xwkHelpPID;
         EXPECT_TRUE(shows(dpy, "Help - Page one"));
-        EXPECT_TRUE(xwktest::PumpUntil([&] { return XwkGetHelpPIDProperty(form, "_SMELD_HELP_PID") == pid; }));
+        EXPECT_TRUE(published(pid));
     }
     end_server(pid);
 

@@ -6,6 +6,8 @@
 
 #include "xwktest.h"
 
+#include <sstream>
+
 namespace peers {
 
 // One winfo_peer process; stdin closed ends it.
@@ -45,10 +47,8 @@ public:
             close(in_);
         if (out_ >= 0)
             close(out_);
-        if (pid_ > 0 && !Reaped(2000)) {
-            kill(pid_, SIGKILL);
-            waitpid(pid_, nullptr, 0);
-        }
+        if (pid_ > 0 && !Reaped(2000))
+            Kill();
     }
     Peer(const Peer &) = delete;
     Peer &operator=(const Peer &) = delete;
@@ -75,18 +75,12 @@ public:
     // Window ids that follow "ready" on its first line.
     std::vector<Window> Ready()
     {
+        std::istringstream in(Line());
+        std::string word;
         std::vector<Window> ids;
-        std::string line = Line();
-        if (line.rfind("ready", 0) != 0)
-            return ids;
-        for (char *p = line.data() + 5; *p;) {
-            char *end;
-            unsigned long v = strtoul(p, &end, 10);
-            if (end == p)
-                break;
-            ids.push_back(v);
-            p = end;
-        }
+        if (in >> word && word == "ready")
+            for (Window id; in >> id;)
+                ids.push_back(id);
         return ids;
     }
     void Kill()

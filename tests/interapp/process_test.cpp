@@ -17,14 +17,6 @@ Widget make_button(const char *name)
     return b;
 }
 
-std::string found_path(const char *name)
-{
-    char *path = XwkFindExecPath(name, nullptr);
-    std::string s = path ? path : "";
-    free(path);
-    return s;
-}
-
 bool reaped(int pid)
 {
     return waitpid(pid, nullptr, WNOHANG) < 0 && errno == ECHILD;
@@ -73,16 +65,25 @@ void run_command(Widget w, const char *command, Started *run, bool box)
 TEST(RunProcess, TheStatusIsReadInTheMessageBox)
 {
     Widget button = make_button("run");
-    std::string sh = found_path("sh");
-    ASSERT_FALSE(sh.empty());
+    char *found = XwkFindExecPath("sh", nullptr);
+    ASSERT_NE(found, nullptr);
+    std::string sh = found;
+    free(found);
     std::string window = std::to_string(XtWindow(button));
+    char *environment[] = {(char *)"PATH=/usr/bin:/bin", (char *)"XWK_TEST=merged", nullptr};
     struct Case {
         const char *command;
         std::string text;  // empty: no box
+        char **environment = nullptr;  // the application's, merged in
     } cases[] = {
         {"sh -c 'echo x$_XWK_PARENT_WINDOW; exit 127'",
          "Can't execute `" + sh + "':\nx" + window + "|"},
+        {"sh -c 'echo $XWK_TEST:$_XWK_PARENT_WINDOW; exit 127'",
+         "Can't execute `" + sh + "':\nmerged:" + window + "|", environment},
         {"sh -c 'exit 127'", "Can't execute `" + sh + "'.|"},
+        // Only the last chunk of the output is reported.
+        {"sh -c 'yes | head -c 20000; sleep 0.2; echo tail; exit 127'",
+         "Can't execute `" + sh + "':\ntail|"},
         {"/nonexistent/program", "Can't execute `/nonexistent/program':\nNo such file or directory|"},
         {"sh -c 'exit 13'", "Can't execute `" + sh + "':\nPermission denied|"},
         {"sh -c 'exit 5'", "`" + sh + "' exited:\nInput/output error|"},
@@ -91,7 +92,9 @@ TEST(RunProcess, TheStatusIsReadInTheMessageBox)
     };
     for (const Case &c : cases) {
         Started run;
+        xwkEnviron = c.environment;
         run_command(button, c.command, &run, !c.text.empty());
+        xwkEnviron = nullptr;
         EXPECT_EQ(run.done_widget, button) << c.command;
         EXPECT_EQ(run.done_path, c.command[0] == '/' ? "/nonexistent/program" : sh);
         EXPECT_EQ(run.text, c.text) << c.command;
@@ -99,28 +102,6 @@ TEST(RunProcess, TheStatusIsReadInTheMessageBox)
             EXPECT_EQ(run.title, "Error") << c.command;
         }
     }
-}
-
-TEST(RunProcess, TheApplicationsEnvironmentIsMergedIn)
-{
-    Widget button = make_button("environment");
-    char *environment[] = {(char *)"PATH=/usr/bin:/bin", (char *)"XWK_TEST=merged", nullptr};
-    xwkEnviron = environment;
-    Started run;
-    run_command(button, "sh -c 'echo $XWK_TEST:$_XWK_PARENT_WINDOW; exit 127'", &run, true);
-    xwkEnviron = nullptr;
-    EXPECT_NE(run.text.find(":\nmerged:" + std::to_string(XtWindow(button)) + "|"),
-              std::string::npos)
-        << run.text;
-}
-
-TEST(RunProcess, OnlyTheLastChunkOfOutputIsReported)
-{
-    Widget button = make_button("chunks");
-    Started run;
-    run_command(button, "sh -c 'yes | head -c 20000; sleep 0.2; echo tail; exit 127'",
-                &run, true);
-    EXPECT_NE(run.text.find(":\ntail|"), std::string::npos) << run.text.substr(0, 80);
 }
 
 TEST(RunProcess, AWidgetDestroyedMeanwhileGetsNoBox)

@@ -15,6 +15,7 @@ namespace {
 
 using peers::Peer;
 using peers::Table;
+using xwktest::MapState;
 
 int Key() { return (int)getpid(); }
 
@@ -25,20 +26,6 @@ void ForwardRootEvent(Widget, XtPointer, XEvent *event)
 {
     for (Widget w : displays)
         XwkProcessWindowsInfo(w, Key(), event);
-}
-
-int MapState(Display *dpy, Window w)
-{
-    XWindowAttributes a;
-    XGetWindowAttributes(dpy, w, &a);
-    return a.map_state;
-}
-
-std::string Hex8(unsigned long v)
-{
-    char buf[16];
-    snprintf(buf, sizeof buf, "%8.8lx", v);
-    return buf;
 }
 
 // A shell with a menu bar whose cascade shows the windows as a menu, and a
@@ -77,28 +64,24 @@ struct Display_ {
     {
         return cascade_button ? xwktest::Get<Widget>(cascade_button, XmNsubMenuId) : nullptr;
     }
-    // A pane's managed entries with their labels; a cascade shows as "title>".
+    // A pane's managed entries with their labels: "-" for a separator,
+    // "title>" for a cascade.
     std::vector<std::pair<std::string, Widget>> Items(Widget pane) const
     {
         std::vector<std::pair<std::string, Widget>> out;
-        if (!pane)
-            return out;
-        CompositeWidget c = (CompositeWidget)pane;
-        for (Cardinal i = 0; i < c->composite.num_children; i++) {
-            Widget child = c->composite.children[i];
+        for (Cardinal i = 0; pane && i < ((CompositeWidget)pane)->composite.num_children; i++) {
+            Widget child = ((CompositeWidget)pane)->composite.children[i];
             if (child->core.being_destroyed || !XtIsManaged(child))
                 continue;
-            if (!XmIsPushButton(child) && !XmIsCascadeButton(child)) {
-                out.emplace_back("-", child);
-                continue;
+            std::string label = "-";
+            if (XmIsPushButton(child) || XmIsCascadeButton(child)) {
+                XmString s = xwktest::Get<XmString>(child, XmNlabelString);
+                label = xwktest::Take((char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT,
+                                                              XmCHARSET_TEXT, nullptr, 0,
+                                                              XmOUTPUT_ALL));
+                XmStringFree(s);
             }
-            XmString s = xwktest::Get<XmString>(child, XmNlabelString);
-            out.emplace_back(xwktest::Take((char *)XmStringUnparse(s, nullptr, XmCHARSET_TEXT,
-                                                                   XmCHARSET_TEXT, nullptr, 0,
-                                                                   XmOUTPUT_ALL)) +
-                                 (XmIsCascadeButton(child) ? ">" : ""),
-                             child);
-            XmStringFree(s);
+            out.emplace_back(label + (XmIsCascadeButton(child) ? ">" : ""), child);
         }
         return out;
     }
@@ -147,33 +130,41 @@ protected:
 TEST_F(Windows, WireFormatOfPublishRetitleAndRemove)
 {
     const int key = Key();
-    const std::string me = Hex8((unsigned long)getpid());
+    // One record as it stands in the property: "title|window,parent,pid;".
+    auto rec = [](std::string title, unsigned long window, unsigned long parent) {
+        char fields[40];
+        snprintf(fields, sizeof fields, "|%8.8lx,%8.8lx,%8.8lx;", window, parent,
+                 (unsigned long)getpid());
+        return title + fields;
+    };
+    std::string longer = rec("Longer title", 0x10, 0);
     struct Step {
         const char *what;
         std::function<void()> act;
         std::string text;
     } steps[] = {
-        {"empty table", [&] { XwkAddWindowProperty(app, key, "A", 0x10, 0); XwkDeleteWindowProperty(app, key, 0x10); },
+        {"empty table",
+         [&] {
+             XwkAddWindowProperty(app, key, "A", 0x10, 0);
+             XwkDeleteWindowProperty(app, key, 0x10);
+         },
          "00000;"},
         {"first record", [&] { XwkAddWindowProperty(app, key, "A", 0x10, 0); },
-         "00001;A|00000010,00000000," + me + ";"},
+         "00001;" + rec("A", 0x10, 0)},
         {"second record", [&] { XwkAddWindowProperty(app, key, "B;b", 0x20, 0x10); },
-         "00002;A|00000010,00000000," + me + ";B;b|00000020,00000010," + me + ";"},
+         "00002;" + rec("A", 0x10, 0) + rec("B;b", 0x20, 0x10)},
         {"retitle in place", [&] { XwkAddWindowProperty(app, key, "Longer title", 0x10, 0); },
-         "00002;Longer title|00000010,00000000," + me + ";B;b|00000020,00000010," + me + ";"},
+         "00002;" + longer + rec("B;b", 0x20, 0x10)},
         {"same window, other parent", [&] { XwkAddWindowProperty(app, key, "C", 0x20, 0); },
-         "00003;Longer title|00000010,00000000," + me + ";B;b|00000020,00000010," + me +
-             ";C|00000020,00000000," + me + ";"},
+         "00003;" + longer + rec("B;b", 0x20, 0x10) + rec("C", 0x20, 0)},
         {"removal takes the first", [&] { XwkDeleteWindowProperty(app, key, 0x20); },
-         "00002;Longer title|00000010,00000000," + me + ";C|00000020,00000000," + me + ";"},
+         "00002;" + longer + rec("C", 0x20, 0)},
         {"removal of the last cuts", [&] { XwkDeleteWindowProperty(app, key, 0x20); },
-         "00001;Longer title|00000010,00000000," + me + ";"},
-        {"unknown window", [&] { XwkDeleteWindowProperty(app, key, 0x99); },
-         "00001;Longer title|00000010,00000000," + me + ";"},
+         "00001;" + longer},
+        {"unknown window", [&] { XwkDeleteWindowProperty(app, key, 0x99); }, "00001;" + longer},
         {"a long new title is cut, its fields whole",
          [&] { XwkAddWindowProperty(app, key, std::string(1200, 'x').c_str(), 0x30, 0); },
-         "00002;Longer title|00000010,00000000," + me + ";" + std::string(995, 'x') +
-             "|00000030,00000000," + me + ";"},
+         "00002;" + longer + rec(std::string(995, 'x'), 0x30, 0)},
     };
     for (auto &s : steps) {
         s.act();
@@ -248,10 +239,7 @@ TEST_F(Windows, PeersPublishAtOnceAndEveryoneSeesTheWholeTable)
     auto shows_table = [&](const Display_ &view) {
         std::vector<std::string> rows = view.Rows();
         std::set<std::string> shown(rows.begin(), rows.end());
-        for (auto &t : titles)
-            if (!shown.count(t))
-                return false;
-        return true;
+        return std::includes(shown.begin(), shown.end(), titles.begin(), titles.end());
     };
     ASSERT_TRUE(xwktest::PumpUntil([&] { return shows_table(d); }));
 
@@ -349,7 +337,8 @@ TEST_F(Windows, KilledPeerStaysUntilARaiseMeetsIt)
     EXPECT_EQ(d.Rows().size(), 3u);
 
     // The control panel acting on the dead child removes it for everyone.
-    XmPrjTreeNode child = XmPrjTreeGetNextNode(d.tree, XmPrjTreeGetNextNode(d.tree, XmPrjTreeGetFirstNode(d.tree)));
+    XmPrjTreeNode child = XmPrjTreeGetFirstNode(d.tree);
+    child = XmPrjTreeGetNextNode(d.tree, XmPrjTreeGetNextNode(d.tree, child));
     ASSERT_STREQ(XmPrjTreeGetNameItem(d.tree, child), "Doomed-child");
     XmPrjTreeSetNode(d.tree, child);
     XwkProcessControlPanel(d.tree, XWK_PANEL_RAISE);
@@ -391,7 +380,9 @@ TEST_F(Windows, ParentHidesAndShowsItsChildApplication)
                            "_SMELD_PARENT_WINDOW=" + std::to_string(parent)});
     std::vector<Window> ids = child.Ready();
     ASSERT_EQ(ids.size(), 2u);
-    auto both = [&](int s) { return MapState(dpy(), ids[0]) == s && MapState(dpy(), ids[1]) == s; };
+    auto both = [&](int s) {
+        return MapState(dpy(), ids[0]) == s && MapState(dpy(), ids[1]) == s;
+    };
     ASSERT_TRUE(xwktest::PumpUntil([&] { return both(IsViewable); }));
     Atom vis = XInternAtom(dpy(), "_SMELD_VISIBILITY", False);
     auto ask = [&](unsigned long from, long wanted) {

@@ -26,12 +26,7 @@ protected:
         ASSERT_TRUE(xwktest::WaitManaged(popup));
     }
     static Display *dpy() { return XtDisplay(app); }
-    static int MapState(Widget shell)
-    {
-        XWindowAttributes a;
-        XGetWindowAttributes(dpy(), XtWindow(shell), &a);
-        return a.map_state;
-    }
+    static int MapState(Widget shell) { return xwktest::MapState(dpy(), XtWindow(shell)); }
     static bool Becomes(Widget shell, int wm_state, int map_state)
     {
         return xwktest::PumpUntil([&] {

@@ -549,4 +549,44 @@ std::string TempDir::Read(const std::string &name) const
     return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
+FullPseudoColorMap::FullPseudoColorMap() : dpy_(XOpenDisplay(PseudoColorDisplayName().c_str()))
+{
+    Colormap map = DefaultColormap(dpy_, DefaultScreen(dpy_));
+    for (unsigned n = 256; n > 0;) {
+        std::vector<unsigned long> px(n);
+        if (XAllocColorCells(dpy_, map, False, nullptr, 0, px.data(), n)) {
+            pixels.insert(pixels.end(), px.begin(), px.end());
+            continue;
+        }
+        n /= 2;
+    }
+    XSync(dpy_, False);
+}
+
+FullPseudoColorMap::~FullPseudoColorMap()
+{
+    XCloseDisplay(dpy_);
+}
+
+void FullPseudoColorMap::Store(size_t i, XColor c)
+{
+    c.pixel = pixels[i];
+    XStoreColor(dpy_, DefaultColormap(dpy_, DefaultScreen(dpy_)), &c);
+    XSync(dpy_, False);
+}
+
+XColor QueryColour(Display *dpy, Colormap map, unsigned long pixel)
+{
+    XColor c = {};
+    c.pixel = pixel;
+    XQueryColor(dpy, map, &c);
+    return c;
+}
+
+int MapState(Display *dpy, Window w)
+{
+    XWindowAttributes a;
+    return XGetWindowAttributes(dpy, w, &a) ? a.map_state : -1;
+}
+
 }  // namespace xwktest

@@ -221,6 +221,23 @@ template <class T> T Get(Widget w, const char *resource)
     return value;
 }
 
+// Another client holding every free cell of the 8-bit screen's default map; Store paints one.
+class FullPseudoColorMap {
+public:
+    FullPseudoColorMap();
+    ~FullPseudoColorMap();
+    FullPseudoColorMap(const FullPseudoColorMap &) = delete;
+    FullPseudoColorMap &operator=(const FullPseudoColorMap &) = delete;
+    void Store(size_t i, XColor c);
+    std::vector<unsigned long> pixels;
+private:
+    Display *dpy_;
+};
+// The colour of a cell of the colormap, as the server reads it back.
+XColor QueryColour(Display *dpy, Colormap map, unsigned long pixel);
+// The map state of a window (IsUnmapped, IsUnviewable, IsViewable), -1 for no such window.
+int MapState(Display *dpy, Window w);
+
 // A search procedure of lists and trees: 0 (found) when the data word is arg.
 inline int SameWord(XtPointer data, XtPointer arg)
 {
