@@ -4,21 +4,11 @@
 #include <Xm/DialogS.h>
 #include <Xm/LabelG.h>
 
+#include <chrono>
+
 namespace {
 
 std::vector<int> calls;
-
-XEvent client_message(Widget w, long data)
-{
-    XEvent ev = {};
-    ev.xclient.type = ClientMessage;
-    ev.xclient.display = XtDisplay(w);
-    ev.xclient.window = XtWindow(w);
-    ev.xclient.format = 32;
-    ev.xclient.data.l[0] = data;
-    return ev;
-}
-
 const int kDataOffset = (int)offsetof(XClientMessageEvent, data);
 
 void record(Widget, XtPointer closure, XEvent *)
@@ -32,110 +22,113 @@ void remove_self(Widget w, XtPointer closure, XEvent *)
     XwkRemoveEventHandler(w, 7, ClientMessage, kDataOffset, remove_self, closure);
 }
 
-Widget next_victim_widget;
-void remove_other(Widget, XtPointer closure, XEvent *)
+// Removes the filter (record, 1) of its widget.
+void remove_other(Widget w, XtPointer closure, XEvent *)
 {
     calls.push_back((int)(long)closure);
-    XwkRemoveEventHandler(next_victim_widget, 7, ClientMessage, kDataOffset, record, (XtPointer)1L);
+    XwkRemoveEventHandler(w, 7, ClientMessage, kDataOffset, record, (XtPointer)1L);
 }
 
-Widget make_widget(const char *name)
-{
+// Filters on a realized form, which goes at the end of the test.
+struct EventHandlers : ::testing::Test {
     Widget shell = xwktest::StartApp();
-    Widget w = XtVaCreateManagedWidget(name, xmFormWidgetClass, shell, XmNwidth, 50, XmNheight, 50,
-                                       NULL);
-    XtRealizeWidget(shell);
-    return w;
-}
+    Widget w = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, XmNwidth, 50,
+                                       XmNheight, 50, NULL);
+    void SetUp() override
+    {
+        XtRealizeWidget(shell);
+        calls.clear();
+    }
+    void TearDown() override
+    {
+        if (w)
+            XtDestroyWidget(w);
+        xwktest::Settle();
+    }
+    // A filter on client messages whose word at offset (the first data word) is value.
+    XwkEventHandlerRec *Add(XwkEventHandlerProc proc, long closure, unsigned value = 7,
+                            int offset = kDataOffset)
+    {
+        return XwkAddEventHandler(w, value, ClientMessage, offset, proc, (XtPointer)closure);
+    }
+    XEvent Message(long data)
+    {
+        XEvent ev = {};
+        ev.xclient.type = ClientMessage;
+        ev.xclient.display = XtDisplay(w);
+        ev.xclient.window = XtWindow(w);
+        ev.xclient.format = 32;
+        ev.xclient.data.l[0] = data;
+        return ev;
+    }
+    // The closures of the filters that run on a message with this first data
+    // word, retyped as type.
+    std::vector<int> Run(long data, int type = ClientMessage)
+    {
+        XEvent ev = Message(data);
+        ev.type = type;
+        calls.clear();
+        XwkRunEventHandler(&ev);
+        return calls;
+    }
+};
 
 }  // namespace
 
-TEST(EventHandlers, MatchByTypeAndWordAtOffset)
+TEST_F(EventHandlers, MatchByTypeAndWordAtOffset)
 {
-    Widget w = make_widget("match");
-    calls.clear();
-    ASSERT_NE(XwkAddEventHandler(w, 7, ClientMessage, kDataOffset, record, (XtPointer)1L), nullptr);
-    XEvent ev = client_message(w, 7);
-    XwkRunEventHandler(&ev);
-    ev = client_message(w, 8);
-    XwkRunEventHandler(&ev);
-    ev.type = KeyPress;
-    XwkRunEventHandler(&ev);
-    EXPECT_EQ(calls, std::vector<int>({1}));
+    ASSERT_NE(Add(record, 1), nullptr);
+    EXPECT_EQ(Run(7), std::vector<int>({1}));
+    EXPECT_TRUE(Run(8).empty());
+    EXPECT_TRUE(Run(7, KeyPress).empty());
     // Out-of-range offsets never match and never read outside the event.
-    ASSERT_NE(XwkAddEventHandler(w, 0, ClientMessage, (int)sizeof(XEvent), record, (XtPointer)2L),
-              nullptr);
-    ASSERT_NE(XwkAddEventHandler(w, 0, ClientMessage, -4, record, (XtPointer)3L), nullptr);
-    calls.clear();
-    ev = client_message(w, 7);
-    XwkRunEventHandler(&ev);
-    EXPECT_EQ(calls, std::vector<int>({1}));
+    ASSERT_NE(Add(record, 2, 0, (int)sizeof(XEvent)), nullptr);
+    ASSERT_NE(Add(record, 3, 0, -4), nullptr);
+    EXPECT_EQ(Run(7), std::vector<int>({1}));
+    XEvent ev = Message(7);
     XtDestroyWidget(w);
+    w = nullptr;
     xwktest::Settle();
     calls.clear();
     XwkRunEventHandler(&ev);
     EXPECT_TRUE(calls.empty()) << "a dead widget's filters are gone";
 }
 
-TEST(EventHandlers, DuplicateGivesTheSameRecordAndOneCall)
+TEST_F(EventHandlers, DuplicateGivesTheSameRecordAndOneCall)
 {
-    Widget w = make_widget("dup");
-    calls.clear();
-    XwkEventHandlerRec *a = XwkAddEventHandler(w, 7, ClientMessage, kDataOffset, record, (XtPointer)5L);
-    XwkEventHandlerRec *b = XwkAddEventHandler(w, 7, ClientMessage, kDataOffset, record, (XtPointer)5L);
-    EXPECT_EQ(a, b);
-    XEvent ev = client_message(w, 7);
-    XwkRunEventHandler(&ev);
-    EXPECT_EQ(calls, std::vector<int>({5}));
-    XwkRemoveEventHandler(w, 7, ClientMessage, kDataOffset, record, (XtPointer)5L);
-    calls.clear();
-    XwkRunEventHandler(&ev);
-    EXPECT_TRUE(calls.empty());
+    EXPECT_EQ(Add(record, 5), Add(record, 5));
+    EXPECT_EQ(Run(7), std::vector<int>({5}));
     // Removed by hand, the widget's death finds nothing to remove.
-    XtDestroyWidget(w);
-    xwktest::Settle();
+    XwkRemoveEventHandler(w, 7, ClientMessage, kDataOffset, record, (XtPointer)5L);
+    EXPECT_TRUE(Run(7).empty());
 }
 
-TEST(EventHandlers, RemovalDuringTheWalk)
+TEST_F(EventHandlers, RemovalDuringTheWalk)
 {
-    Widget w = make_widget("walk");
-    calls.clear();
     // Newest first: 3 (removes itself), 2 (removes the record of 1), 1.
-    XwkAddEventHandler(w, 7, ClientMessage, kDataOffset, record, (XtPointer)1L);
-    next_victim_widget = w;
-    XwkAddEventHandler(w, 7, ClientMessage, kDataOffset, remove_other, (XtPointer)2L);
-    XwkAddEventHandler(w, 7, ClientMessage, kDataOffset, remove_self, (XtPointer)3L);
-    XEvent ev = client_message(w, 7);
-    XwkRunEventHandler(&ev);
-    EXPECT_EQ(calls, std::vector<int>({3, 2}));
-    calls.clear();
-    XwkRunEventHandler(&ev);
-    EXPECT_EQ(calls, std::vector<int>({2}));
-    XtDestroyWidget(w);
-    xwktest::Settle();
+    Add(record, 1);
+    Add(remove_other, 2);
+    Add(remove_self, 3);
+    EXPECT_EQ(Run(7), std::vector<int>({3, 2}));
+    EXPECT_EQ(Run(7), std::vector<int>({2}));
 }
 
-TEST(EventHandlers, OnlyRealWidgets)
+TEST_F(EventHandlers, OnlyRealWidgets)
 {
-    Widget w = make_widget("gadgets");
     Widget gadget = XmCreateLabelGadget(w, (char *)"g", nullptr, 0);
     EXPECT_EQ(XwkAddEventHandler(gadget, 0, KeyPress, 0, record, nullptr), nullptr);
     EXPECT_EQ(XwkAddEventHandler(nullptr, 0, KeyPress, 0, record, nullptr), nullptr);
     XwkRemoveEventHandler(nullptr, 0, KeyPress, 0, record, nullptr);
     XwkRunEventHandler(nullptr);
-    XtDestroyWidget(w);
 }
 
-TEST(EventHandlers, RunOnTheEventPathBeforeDispatch)
+TEST_F(EventHandlers, RunOnTheEventPathBeforeDispatch)
 {
-    Widget w = make_widget("path");
-    calls.clear();
-    XwkAddEventHandler(w, 42, ClientMessage, kDataOffset, record, (XtPointer)9L);
-    XEvent ev = client_message(w, 42);
+    Add(record, 9, 42);
+    XEvent ev = Message(42);
     XSendEvent(XtDisplay(w), XtWindow(w), False, NoEventMask, &ev);
     EXPECT_TRUE(xwktest::PumpUntil([] { return !calls.empty(); }));
     EXPECT_EQ(calls, std::vector<int>({9}));
-    XtDestroyWidget(w);
 }
 
 TEST(MainLoop, ReturnsAtOnceWithTheExitFlag)
@@ -146,7 +139,6 @@ TEST(MainLoop, ReturnsAtOnceWithTheExitFlag)
     XwkAppExitFlag = False;
     XtAppSetExitFlag(xwkApp);
     XwkAppMainLoop(xwkApp);
-    SUCCEED();
 }
 
 TEST(Shells, WalksStopAtTheTopWithoutAMatch)
@@ -205,9 +197,8 @@ TEST(Shells, TransientChildIsCentredAndClamped)
     XwkSetTransientFor(parent, wide);
     EXPECT_EQ(wide->core.x, 0) << "100 - 150 clamps to 0";
     EXPECT_EQ(wide->core.y, 0);
-    XtDestroyWidget(parent);
-    XtDestroyWidget(child);
-    XtDestroyWidget(wide);
+    for (Widget w : {parent, child, wide})
+        XtDestroyWidget(w);
 }
 
 TEST(Shells, ForceUpdateWaitsUntilTheShellIsUp)
@@ -241,16 +232,14 @@ TEST(Shells, ForceUpdateGivesUpOnAWindowManagerThatNeverMaps)
     Widget dialog = XmCreateFormDialog(app, (char *)"unmapped", nullptr, 0);
     XtVaSetValues(dialog, XmNwidth, 60, XmNheight, 30, NULL);
     XtManageChild(dialog);
-    timespec start, end;
-    clock_gettime(CLOCK_MONOTONIC, &start);
+    auto start = std::chrono::steady_clock::now();
     ForceUpdate(dialog);
-    clock_gettime(CLOCK_MONOTONIC, &end);
-    long waited = (end.tv_sec - start.tv_sec) * 1000 + (end.tv_nsec - start.tv_nsec) / 1000000;
+    auto waited = std::chrono::steady_clock::now() - start;
     XWindowAttributes a;
     ASSERT_TRUE(XGetWindowAttributes(XtDisplay(app), XtWindow(XtParent(dialog)), &a));
     EXPECT_EQ(a.map_state, IsUnmapped) << "the request went to the manager";
-    EXPECT_GE(waited, 2500) << "it waited for the manager";
-    EXPECT_LT(waited, 6000) << "and gave up after about 3 seconds";
+    EXPECT_GE(waited, std::chrono::milliseconds(2500)) << "it waited for the manager";
+    EXPECT_LT(waited, std::chrono::seconds(6)) << "and gave up after about 3 seconds";
     // The server was not left grabbed: the manager's connection still works.
     XWindowAttributes root;
     EXPECT_TRUE(XGetWindowAttributes(manager, DefaultRootWindow(manager), &root));

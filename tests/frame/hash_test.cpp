@@ -5,6 +5,25 @@ namespace {
 
 using xwktest::V;
 using xwktest::W;
+using Values = std::vector<intptr_t>;
+
+// A table of the size with the (key, value) entries added in order.
+XwkHashTable *Table(int size, std::initializer_list<std::pair<int, int>> entries)
+{
+    XwkHashTable *table = XwkAllocHashTable(size, nullptr, nullptr);
+    for (auto [key, value] : entries)
+        XwkAddHashEntry(table, W(key), W(value));
+    return table;
+}
+
+// The value each key finds first, 0 for none.
+Values Finds(XwkHashTable *table, std::initializer_list<intptr_t> keys)
+{
+    Values out;
+    for (intptr_t key : keys)
+        out.push_back(V(XwkGetHashEntryIterate(table, W(key), nullptr)));
+    return out;
+}
 
 TEST(HashTable, SizesFollowTheSeries)
 {
@@ -30,29 +49,23 @@ TEST(HashTable, SizesFollowTheSeries)
 
 TEST(HashTable, EqualKeysGiveTheNewestFirst)
 {
-    XwkHashTable *table = XwkAllocHashTable(10, nullptr, nullptr);
-    XwkAddHashEntry(table, W(5), W(50));
-    XwkAddHashEntry(table, W(22), W(220));  // same bucket as 5
-    XwkAddHashEntry(table, W(5), W(51));
-    XwkAddHashEntry(table, W(5), W(52));
+    XwkHashTable *table = Table(10, {{5, 50}, {22, 220}, {5, 51}, {5, 52}});  // 22: 5's bucket
     EXPECT_EQ(XwkHashTableCount(table), 4u);
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(5), nullptr)), 52);
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(22), nullptr)), 220);
-    EXPECT_EQ(XwkGetHashEntryIterate(table, W(6), nullptr), nullptr);
+    EXPECT_EQ(Finds(table, {5, 22, 6}), (Values{52, 220, 0}));
 
     XtPointer it = nullptr;
-    std::vector<intptr_t> values;
+    Values values;
     while (XtPointer v = XwkGetHashEntryIterate(table, W(5), &it)) {
         values.push_back(V(v));
         EXPECT_NE(it, nullptr);
     }
-    EXPECT_EQ(values, (std::vector<intptr_t>{52, 51, 50}));
+    EXPECT_EQ(values, (Values{52, 51, 50}));
     EXPECT_EQ(it, nullptr);  // cleared at the end: the next call starts over
     EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(5), &it)), 52);
 
     // Removal takes only the first match.
     EXPECT_EQ(XwkRemoveHashEntry(table, W(5)), W(5));
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(5), nullptr)), 51);
+    EXPECT_EQ(Finds(table, {5}), Values{51});
     EXPECT_EQ(XwkHashTableCount(table), 3u);
 
     // A value of 0 looks like an absent key.
@@ -104,31 +117,27 @@ TEST(HashTable, CustomProceduresAndRemovalGiveTheStoredKey)
 
 TEST(HashTable, RemoveAtTheIterator)
 {
-    XwkHashTable *table = XwkAllocHashTable(17, nullptr, nullptr);
-    for (int v = 1; v <= 4; v++)
-        XwkAddHashEntry(table, W(7), W(v));
-    XwkAddHashEntry(table, W(24), W(99));  // same chain, other key
+    XwkHashTable *table = Table(17, {{7, 1}, {7, 2}, {7, 3}, {7, 4}, {24, 99}});  // one chain
 
     // Remove the even values while walking the key: the walk goes on.
     XtPointer it = nullptr;
-    std::vector<intptr_t> seen;
+    Values seen;
     while (XtPointer v = XwkGetHashEntryIterate(table, W(7), &it)) {
         seen.push_back(V(v));
         if (V(v) % 2 == 0) {
             EXPECT_EQ(XwkRemoveHashIterator(table, &it), W(7));
         }
     }
-    EXPECT_EQ(seen, (std::vector<intptr_t>{4, 3, 2, 1}));
+    EXPECT_EQ(seen, (Values{4, 3, 2, 1}));
     EXPECT_EQ(XwkHashTableCount(table), 3u);
     seen.clear();
     while (XtPointer v = XwkGetHashEntryIterate(table, W(7), &it))
         seen.push_back(V(v));
-    EXPECT_EQ(seen, (std::vector<intptr_t>{3, 1}));
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(24), nullptr)), 99);
+    EXPECT_EQ(seen, (Values{3, 1}));
+    EXPECT_EQ(Finds(table, {24}), Values{99});
 
     // An entry of another table is not in this one's chain.
-    XwkHashTable *other = XwkAllocHashTable(17, nullptr, nullptr);
-    XwkAddHashEntry(other, W(7), W(5));
+    XwkHashTable *other = Table(17, {{7, 5}});
     it = nullptr;
     XwkGetHashEntryIterate(other, W(7), &it);
     EXPECT_EQ(XwkRemoveHashIterator(table, &it), nullptr);
@@ -151,9 +160,8 @@ XtPointer EntryOf(XwkHashTable *table, XtPointer key)
 
 TEST(HashTable, EntriesComeFromOneSharedPool)
 {
-    XwkHashTable *a = XwkAllocHashTable(17, nullptr, nullptr);
+    XwkHashTable *a = Table(17, {{1, 10}});
     XwkHashTable *b = XwkAllocHashTable(8209, nullptr, nullptr);
-    XwkAddHashEntry(a, W(1), W(10));
     XtPointer entry = EntryOf(a, W(1));
     XwkRemoveHashEntry(a, W(1));
     // The entry given back is the next one handed out, to any table.
@@ -192,56 +200,38 @@ TEST(HashTable, EntriesComeFromOneSharedPool)
 
 TEST(HashTable, ResizeGrowsOnly)
 {
-    XwkHashTable *table = XwkAllocHashTable(100, nullptr, nullptr);
-    XwkAddHashEntry(table, W(1), W(1));
+    XwkHashTable *table = Table(100, {{1, 1}});
     for (auto [wish, size] : {std::pair{20, 131u}, {131, 131u}, {132, 257u}}) {
         XwkResizeHashTable(table, wish);
         EXPECT_EQ(XwkHashTableSize(table), size) << wish;
     }
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(1), nullptr)), 1);
+    EXPECT_EQ(Finds(table, {1}), Values{1});
     XwkResizeHashTable(nullptr, 1000);
     XwkFreeHashTable(table);
 }
 
-TEST(HashTable, ResizeMovesEntriesToTheTailOfTheirNewChain)
+TEST(HashTable, ResizeMovesEntriesToTheTailOfTheirNewChainAndLosesSome)
 {
-    XwkHashTable *table = XwkAllocHashTable(17, nullptr, nullptr);
-    // In bucket 0 of 17, head first: 17 (moves to 17 of 31), 0 (stays).
-    XwkAddHashEntry(table, W(0), W(100));
-    XwkAddHashEntry(table, W(17), W(117));
+    // In bucket 0 of 17, head first: 17 (moves to 17 of 31), 0 (stays);
     // 48 sits in bucket 14 of 17 and goes to bucket 17 of 31 as well.
-    XwkAddHashEntry(table, W(48), W(148));
+    XwkHashTable *table = Table(17, {{0, 100}, {17, 117}, {48, 148}});
     XwkResizeHashTable(table, 31);
     EXPECT_EQ(XwkHashTableSize(table), 31u);
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(0), nullptr)), 100);
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(17), nullptr)), 117);
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(48), nullptr)), 148);
+    EXPECT_EQ(Finds(table, {0, 17, 48}), (Values{100, 117, 148}));
     // Bucket 17 holds 17 (moved first, from bucket 0), then 48.
-    ASSERT_NE(table->buckets[17], nullptr);
-    EXPECT_EQ(table->buckets[17]->key, W(17));
-    ASSERT_NE(table->buckets[17]->next, nullptr);
-    EXPECT_EQ(table->buckets[17]->next->key, W(48));
-    EXPECT_EQ(table->buckets[17]->next->next, nullptr);
+    Values chain;
+    for (XwkHashEntry *e = table->buckets[17]; e; e = e->next)
+        chain.push_back(V(e->key));
+    EXPECT_EQ(chain, (Values{17, 48}));
     EXPECT_EQ(XwkHashTableCount(table), 3u);
     XwkFreeHashTable(table);
-}
 
-TEST(HashTable, ResizeLosesAnEntryThatStaysInFrontOfOneThatMoves)
-{
-    XwkHashTable *table = XwkAllocHashTable(17, nullptr, nullptr);
-    // Bucket 0 of 17, head first: 0 (stays), 17 (moves).
-    XwkAddHashEntry(table, W(17), W(117));
-    XwkAddHashEntry(table, W(0), W(100));
-    // Bucket 1 of 17, head first: 1 (stays), 18 (moves), 528 (stays).
-    XwkAddHashEntry(table, W(528), W(135));
-    XwkAddHashEntry(table, W(18), W(118));
-    XwkAddHashEntry(table, W(1), W(101));
+    // An entry that stays in front of one that moves is lost. Head first,
+    // bucket 0 of 17: 0 (stays), 17 (moves); bucket 1: 1 (stays), 18 (moves),
+    // 528 (stays).
+    table = Table(17, {{17, 117}, {0, 100}, {528, 135}, {18, 118}, {1, 101}});
     XwkResizeHashTable(table, 18);
-    EXPECT_EQ(XwkGetHashEntryIterate(table, W(0), nullptr), nullptr);
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(17), nullptr)), 117);
-    EXPECT_EQ(XwkGetHashEntryIterate(table, W(1), nullptr), nullptr);
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(18), nullptr)), 118);
-    EXPECT_EQ(V(XwkGetHashEntryIterate(table, W(528), nullptr)), 135);
+    EXPECT_EQ(Finds(table, {0, 17, 1, 18, 528}), (Values{0, 117, 0, 118, 135}));
     EXPECT_EQ(table->buckets[1]->key, W(528));
     EXPECT_EQ(XwkHashTableCount(table), 5u);
     EXPECT_EQ(XwkRemoveHashEntry(table, W(0)), nullptr);
@@ -250,7 +240,7 @@ TEST(HashTable, ResizeLosesAnEntryThatStaysInFrontOfOneThatMoves)
 
 Boolean Collect(XtPointer key, XtPointer value, XtPointer closure)
 {
-    auto *seen = static_cast<std::vector<intptr_t> *>(closure);
+    auto *seen = static_cast<Values *>(closure);
     seen->push_back(V(key));
     return V(value) == 7;
 }
@@ -263,19 +253,14 @@ Boolean RemoveEach(XtPointer key, XtPointer, XtPointer closure)
 
 TEST(HashTable, MapWalksBucketsUpwardAndStopsOnTrue)
 {
-    XwkHashTable *table = XwkAllocHashTable(17, nullptr, nullptr);
-    XwkAddHashEntry(table, W(3), W(1));
-    XwkAddHashEntry(table, W(1), W(1));
-    XwkAddHashEntry(table, W(18), W(1));  // bucket 1, ahead of 1
-    XwkAddHashEntry(table, W(5), W(7));
-    XwkAddHashEntry(table, W(16), W(1));
-    std::vector<intptr_t> seen;
+    XwkHashTable *table = Table(17, {{3, 1}, {1, 1}, {18, 1}, {5, 7}, {16, 1}});  // 18 ahead of 1
+    Values seen;
     EXPECT_EQ(V(XwkMapHashTable(table, Collect, &seen)), 7);
-    EXPECT_EQ(seen, (std::vector<intptr_t>{18, 1, 3, 5}));
+    EXPECT_EQ(seen, (Values{18, 1, 3, 5}));
     XwkRemoveHashEntry(table, W(5));
     seen.clear();
     EXPECT_EQ(XwkMapHashTable(table, Collect, &seen), nullptr);
-    EXPECT_EQ(seen, (std::vector<intptr_t>{18, 1, 3, 16}));
+    EXPECT_EQ(seen, (Values{18, 1, 3, 16}));
 
     // The procedure may remove the entry it is given.
     EXPECT_EQ(XwkMapHashTable(table, RemoveEach, table), nullptr);
@@ -348,11 +333,8 @@ TEST(HashTree, EqualKeysBothStayAndRemoveGoesByPointer)
 {
     HashTree *table = HashCreate(CompareRec, nullptr, 1);
     Rec mid{10}, low{5}, high{15}, first{10}, second{10};
-    HashAdd(table, 0, &mid);
-    HashAdd(table, 0, &low);
-    HashAdd(table, 0, &high);
-    HashAdd(table, 0, &first);
-    HashAdd(table, 0, &second);
+    for (Rec *r : {&mid, &low, &high, &first, &second})
+        HashAdd(table, 0, r);
     Rec probe{10};
     EXPECT_EQ(HashFind(table, 0, &probe), &second);
     EXPECT_EQ(CheckLinks(&table->buckets[0]), 5);
@@ -382,10 +364,7 @@ TEST(HashTree, RemoveHangsTheRightBranchBelowTheLeft)
 {
     HashTree *table = HashCreate(CompareRec, nullptr, 1);
     // Larger keys to the left: 50 has left 70 (60, 80) and right 30 (20, 40).
-    int keys[] = {50, 70, 30, 60, 80, 20, 40, 65, 35};
-    std::vector<Rec> recs;
-    for (int k : keys)
-        recs.push_back(Rec{k});
+    std::vector<Rec> recs = {{50}, {70}, {30}, {60}, {80}, {20}, {40}, {65}, {35}};
     for (Rec &r : recs)
         HashAdd(table, 0, &r);
     EXPECT_EQ(HashRemove(table, 0, &recs[0]), 1);

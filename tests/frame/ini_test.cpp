@@ -2,7 +2,6 @@
 // temporary copies, so that a test sees whether they are cleaned up.
 #include "xwktest.h"
 
-#include <dirent.h>
 #include <sys/resource.h>
 
 namespace {
@@ -11,39 +10,16 @@ class Ini : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        char tmpl[] = "/tmp/xwkiniXXXXXX";
-        ASSERT_NE(mkdtemp(tmpl), nullptr);
-        dir_ = tmpl;
-        tmpdir_ = dir_ + "/tmp";
-        ASSERT_EQ(mkdir(tmpdir_.c_str(), 0700), 0);
-        setenv("TMPDIR", tmpdir_.c_str(), 1);
-        file_ = dir_ + "/settings.ini";
+        ASSERT_EQ(mkdir(tmp_.Path("tmp").c_str(), 0700), 0);
+        setenv("TMPDIR", tmp_.Path("tmp").c_str(), 1);
     }
     void TearDown() override
     {
-        EXPECT_EQ(TempEntries(), 0) << "a temporary copy was left behind";
-        std::string cmd = "rm -rf '" + dir_ + "'";
-        ASSERT_EQ(system(cmd.c_str()), 0);
+        std::filesystem::directory_iterator copies(tmp_.Path("tmp"));
+        EXPECT_EQ(std::distance(begin(copies), end(copies)), 0) << "a temporary copy is left";
     }
-    void Put(const std::string &text)
-    {
-        std::ofstream(file_, std::ios::binary) << text;
-    }
-    std::string Get()
-    {
-        std::ifstream in(file_, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
-    int TempEntries()
-    {
-        int n = 0;
-        DIR *d = opendir(tmpdir_.c_str());
-        if (!d) return -1;
-        while (struct dirent *e = readdir(d))
-            if (std::strcmp(e->d_name, ".") && std::strcmp(e->d_name, "..")) n++;
-        closedir(d);
-        return n;
-    }
+    void Put(const std::string &text) { tmp_.Write("settings.ini", text); }
+    std::string Get() { return tmp_.Read("settings.ini"); }
     int Write(const char *section, std::vector<const char *> keys, std::vector<const char *> values)
     {
         return XwkWriteIni(file_.c_str(), section, const_cast<char **>(keys.data()),
@@ -62,15 +38,13 @@ protected:
             free(keys[i]);
             free(values[i]);
         }
-        if (count == 0) {
-            EXPECT_EQ(keys, nullptr);
-            EXPECT_EQ(values, nullptr);
-        }
+        EXPECT_TRUE(count > 0 || (!keys && !values)) << "no entries, no arrays";
         free(keys);
         free(values);
         return s;
     }
-    std::string dir_, tmpdir_, file_;
+    xwktest::TempDir tmp_;
+    std::string dir_ = tmp_.Path(), file_ = tmp_.Path("settings.ini");
 };
 
 TEST_F(Ini, ReadCleansKeysAndValues)
@@ -104,22 +78,15 @@ TEST_F(Ini, ReadCountIsASignedByte)
     std::string text = "[s]\n";
     for (int i = 0; i < 256; i++) text += "k" + std::to_string(i) + "=v\n";
     Put(text);
-    char **keys, **values;
-    int count;
-    EXPECT_EQ(XwkReadIni(file_.c_str(), "s", &keys, &values, &count), 0);
-    EXPECT_EQ(count, 256);
-    EXPECT_STREQ(keys[255], "k255");
-    for (int i = 0; i < count; i++) {
-        free(keys[i]);
-        free(values[i]);
-    }
-    free(keys);
-    free(values);
+    int r = -1;
+    std::string entries = Read("s", &r);
+    EXPECT_EQ(r, 0);
+    EXPECT_EQ(std::count(entries.begin(), entries.end(), '\n'), 256);
+    EXPECT_EQ(entries.substr(entries.size() - 7), "k255|v\n");
 
     text = "[s]\n";
     for (int i = 0; i < 200; i++) text += "k=v\n";
     Put(text);
-    int r = 0;
     Read("s", &r);
     EXPECT_EQ(r, -56);
 }
@@ -148,11 +115,8 @@ TEST_F(Ini, WriteCreatesAppendsAndReplaces)
     EXPECT_EQ(Write("s", {"a", "", "b"}, {"1", "lost", nullptr}), 1);
     EXPECT_EQ(Get(), "[s]\na = 1\nb = \n");
     EXPECT_EQ(Read("s"), "a|1\nb|\n");
-    struct Case {
-        const char *before;
-        std::vector<const char *> keys, values;
-        const char *after;
-    } cases[] = {
+    struct Case { const char *before; std::vector<const char *> keys, values; const char *after; }
+    cases[] = {
         // A missing section is appended.
         {"[x]\nk=v\n", {"a"}, {"1"}, "[x]\nk=v\n\n[s]\na = 1\n"},
         // Keys replace by prefix, the rest stays.
@@ -177,10 +141,8 @@ TEST_F(Ini, WriteCreatesAppendsAndReplaces)
 
 TEST_F(Ini, WriteRejectsIncompleteCalls)
 {
-    const char *key = "a";
-    const char *value = "1";
-    char **keys = const_cast<char **>(&key);
-    char **values = const_cast<char **>(&value);
+    char key[] = "a", value[] = "1";
+    char *keys[] = {key}, *values[] = {value};
     EXPECT_EQ(XwkWriteIni(file_.c_str(), nullptr, keys, values, 1), 0);
     EXPECT_EQ(XwkWriteIni(file_.c_str(), "s", nullptr, values, 1), 0);
     EXPECT_EQ(XwkWriteIni(file_.c_str(), "s", keys, nullptr, 1), 0);
@@ -189,9 +151,7 @@ TEST_F(Ini, WriteRejectsIncompleteCalls)
     EXPECT_NE(access(file_.c_str(), F_OK), 0);
     EXPECT_EQ(XwkWriteIni(dir_.c_str(), "s", keys, values, 1), 0);
     EXPECT_EQ(XwkWriteIni((dir_ + "/none/x.ini").c_str(), "s", keys, values, 1), 0);
-    struct stat st;
-    ASSERT_EQ(stat(dir_.c_str(), &st), 0);
-    EXPECT_TRUE(S_ISDIR(st.st_mode));
+    EXPECT_TRUE(std::filesystem::is_directory(dir_));
 }
 
 TEST_F(Ini, WriteThroughNulBytes)

@@ -5,61 +5,38 @@
 
 namespace {
 
-std::string Cvt(const char *text, int mode)
+TEST(Stpcvt, ModeBits)
 {
-    std::string s(text);
-    char *r = stpcvt(s.data(), mode);
-    EXPECT_EQ(r, s.data());
-    return std::string(r);
-}
-
-TEST(Stpcvt, WhiteSpaceBits)
-{
-    EXPECT_EQ(Cvt(" a b ", 0x01), "ab");
-    EXPECT_EQ(Cvt(" a b ", 0x06), "a b");
-    EXPECT_EQ(Cvt("a   b", 0x08), "a b");
-    EXPECT_EQ(Cvt(" \t a \n b \t", 0x02), "a \n b \t");
-    EXPECT_EQ(Cvt(" \t a \n b \t", 0x04), " \t a \n b");
-    EXPECT_EQ(Cvt("  a \t\n b  ", 0x08), " a b ");
-    EXPECT_EQ(Cvt("  a \t\n b  ", 0x0E), "a b");
-    // Reduction is ignored when all white space goes.
-    EXPECT_EQ(Cvt("a   b c", 0x09), "abc");
-    EXPECT_EQ(Cvt("   ", 0x04), "");
-    EXPECT_EQ(Cvt("   ", 0x08), " ");
-    EXPECT_EQ(Cvt("", 0x1FF), "");
-}
-
-TEST(Stpcvt, QuotedTextStays)
-{
-    EXPECT_EQ(Cvt(" x = \"a  B\"  'c  d' ", 0x1E | 0x20), "X = \"a  B\" 'c  d'");
-    EXPECT_EQ(Cvt("a \"b c\" d", 0x11), "a\"b c\"d");
-    // Without the bit, quotes are ordinary characters.
-    EXPECT_EQ(Cvt("a \"b c\" d", 0x01), "a\"bc\"d");
-    // A single quote does not end a double-quoted text.
-    EXPECT_EQ(Cvt("\"it's  x\"  y", 0x18), "\"it's  x\" y");
-    // An unterminated quote runs to the end, its blanks included.
-    EXPECT_EQ(Cvt("a 'b  ", 0x1C), "a 'b  ");
-}
-
-TEST(Stpcvt, CaseMapping)
-{
-    EXPECT_EQ(Cvt("aBz09_", 0x20), "ABZ09_");
-    EXPECT_EQ(Cvt("aBz09_", 0x40), "abz09_");
-    std::string lower = "\xA0\xAF\xE0\xEF\x80\x90\xF0\x7F";
-    EXPECT_EQ(Cvt(lower.c_str(), 0x20), std::string("\x80\x8F\x90\x9F\x80\x90\xF0\x7F"));
-    std::string upper = "\x80\x8F\x90\x9F\xA0\xE0\xF1";
-    EXPECT_EQ(Cvt(upper.c_str(), 0x40), std::string("\xA0\xAF\xE0\xEF\xA0\xE0\xF1"));
-}
-
-TEST(Stpcvt, ControlAndIdentifierBits)
-{
-    EXPECT_EQ(Cvt("a\x01" "b\x7F" "c\td", 0x80), "abc\td");
-    // A removed control character does not split a run of white space.
-    EXPECT_EQ(Cvt("a \x02 b", 0x88), "a b");
-    EXPECT_EQ(Cvt("a b\tc!d@e$(f){g}[h].,~/-+i:j", 0x100), "a_b_c_d_e$(f){g}[h].,~/-+i_j");
-    // Trailing white space is cut even when it would become '_'.
-    EXPECT_EQ(Cvt(" a b  ", 0x10E), "a_b");
-    EXPECT_EQ(Cvt("x 'a b!' y", 0x110), "x_'a b!'_y");
+    struct Case { std::string text; int mode; std::string want; } cases[] = {
+        // White space: remove all, leading, trailing, reduce runs to one blank.
+        {" a b ", 0x01, "ab"}, {" a b ", 0x06, "a b"}, {"a   b", 0x08, "a b"},
+        {" \t a \n b \t", 0x02, "a \n b \t"}, {" \t a \n b \t", 0x04, " \t a \n b"},
+        {"  a \t\n b  ", 0x08, " a b "}, {"  a \t\n b  ", 0x0E, "a b"},
+        // Reduction is ignored when all white space goes.
+        {"a   b c", 0x09, "abc"}, {"   ", 0x04, ""}, {"   ", 0x08, " "}, {"", 0x1FF, ""},
+        // Quoted text stays; without the bit quotes are ordinary characters.
+        {" x = \"a  B\"  'c  d' ", 0x3E, "X = \"a  B\" 'c  d'"},
+        {"a \"b c\" d", 0x11, "a\"b c\"d"}, {"a \"b c\" d", 0x01, "a\"bc\"d"},
+        // A single quote does not end a double-quoted text.
+        {"\"it's  x\"  y", 0x18, "\"it's  x\" y"},
+        // An unterminated quote runs to the end, its blanks included.
+        {"a 'b  ", 0x1C, "a 'b  "},
+        // Case, Latin-1 letters included.
+        {"aBz09_", 0x20, "ABZ09_"}, {"aBz09_", 0x40, "abz09_"},
+        {"\xA0\xAF\xE0\xEF\x80\x90\xF0\x7F", 0x20, "\x80\x8F\x90\x9F\x80\x90\xF0\x7F"},
+        {"\x80\x8F\x90\x9F\xA0\xE0\xF1", 0x40, "\xA0\xAF\xE0\xEF\xA0\xE0\xF1"},
+        // Control characters go; a removed one does not split a run of blanks.
+        {"a\x01" "b\x7F" "c\td", 0x80, "abc\td"}, {"a \x02 b", 0x88, "a b"},
+        // Identifiers; trailing white space is cut even when it would become '_'.
+        {"a b\tc!d@e$(f){g}[h].,~/-+i:j", 0x100, "a_b_c_d_e$(f){g}[h].,~/-+i_j"},
+        {" a b  ", 0x10E, "a_b"}, {"x 'a b!' y", 0x110, "x_'a b!'_y"},
+        {std::string(500000, ' ') + "x" + std::string(548575, ' '), 0x06, "x"},
+    };
+    for (const Case &c : cases) {
+        std::string text = c.text;
+        EXPECT_EQ(stpcvt(text.data(), c.mode), text.data());
+        EXPECT_EQ(std::string(text.c_str()), c.want) << c.text.substr(0, 20) << " " << c.mode;
+    }
 }
 
 TEST(Stpcvt, NullAndByReference)
@@ -71,13 +48,6 @@ TEST(Stpcvt, NullAndByReference)
     EXPECT_STREQ(text, "p q");
     EXPECT_EQ(stpcvt_(text, nullptr), nullptr);
     EXPECT_EQ(stpcvt_(nullptr, &mode), nullptr);
-}
-
-TEST(Stpcvt, HugeInput)
-{
-    std::string s(1 << 20, ' ');
-    s[500000] = 'x';
-    EXPECT_EQ(Cvt(s.c_str(), 0x06), "x");
 }
 
 TEST(Strings, SearchAndTranslate)
@@ -110,59 +80,38 @@ TEST(Strings, Stptabfy)
     EXPECT_EQ(stptabfy(nullptr, 4), nullptr);
 }
 
-TEST(Strings, StpexpanExpandsAndResumes)
+TEST(Strings, StpexpanExpandsBoundsAndResumes)
 {
-    char out[64];
-    EXPECT_EQ(stpexpan(out, "a\tb", 4, sizeof out), nullptr);
-    EXPECT_STREQ(out, "a   b");
-    EXPECT_EQ(stpexpan(out, "ab\ncd\tx", 4, sizeof out), nullptr);
-    EXPECT_STREQ(out, "ab\ncd  x");
-    EXPECT_EQ(stpexpan(out, "a\tb", 0, sizeof out), nullptr);
-    EXPECT_STREQ(out, "a\tb");
-
-    // A tab that does not fit is left for the next call.
-    const char *in = "ab\tcd";
-    char small[5];
-    const char *rest = stpexpan(small, in, 4, 4);
-    EXPECT_STREQ(small, "ab");
-    EXPECT_EQ(rest, in + 2);
-    rest = stpexpan(out, rest, 4, sizeof out);
-    EXPECT_STREQ(out, "    cd");
-    EXPECT_EQ(rest, nullptr);
-    EXPECT_EQ(stpexpan(small, in, 4, sizeof small), in + 3);
-    EXPECT_STREQ(small, "ab  ");
-
-    const char *text = "abcdef";
-    EXPECT_EQ(stpexpan(small, text, 8, sizeof small), text + 4);
-    EXPECT_STREQ(small, "abcd");
-    EXPECT_EQ(stpexpan(small, "abcd", 8, sizeof small), nullptr);
-    EXPECT_STREQ(small, "abcd");
-    EXPECT_EQ(stpexpan(small, text, 8, 1), text);
-    EXPECT_STREQ(small, "");
-    EXPECT_EQ(stpexpan(nullptr, text, 8, 4), nullptr);
-}
-
-TEST(Strings, StpexpanBoundsHugeInput)
-{
-    std::string in(100000, '\t');
-    std::vector<char> out(1001, 'Z');
-    const char *rest = stpexpan(out.data(), in.c_str(), 8, 1000);
-    EXPECT_EQ(std::strlen(out.data()), 992u);
-    EXPECT_EQ(rest, in.c_str() + 124);
-    EXPECT_EQ(out[1000], 'Z');
+    // Input, tab width, buffer size; the text written and the offset of the
+    // input left over (-1: none).
+    struct Case { std::string in; int width, size; std::string out; long rest; } cases[] = {
+        {"a\tb", 4, 64, "a   b", -1}, {"ab\ncd\tx", 4, 64, "ab\ncd  x", -1},
+        {"a\tb", 0, 64, "a\tb", -1},
+        // A tab that does not fit is left for the next call.
+        {"ab\tcd", 4, 4, "ab", 2}, {"\tcd", 4, 64, "    cd", -1}, {"ab\tcd", 4, 5, "ab  ", 3},
+        {"abcdef", 8, 5, "abcd", 4}, {"abcd", 8, 5, "abcd", -1}, {"abcdef", 8, 1, "", 0},
+        {std::string(100000, '\t'), 8, 1000, std::string(992, ' '), 124},
+    };
+    for (const Case &c : cases) {
+        std::vector<char> out(c.size + 1, 'Z');
+        const char *rest = stpexpan(out.data(), c.in.c_str(), c.width, c.size);
+        EXPECT_EQ(std::string(out.data(), strnlen(out.data(), c.size)), c.out) << c.in.substr(0, 9);
+        EXPECT_EQ(rest ? rest - c.in.c_str() : -1, c.rest) << c.in.substr(0, 9);
+        EXPECT_EQ(out[c.size], 'Z') << "written past the bound: " << c.in.substr(0, 9);
+    }
+    EXPECT_EQ(stpexpan(nullptr, "abcdef", 8, 4), nullptr);
 }
 
 TEST(Strings, Stpjust)
 {
     char out[16];
-    EXPECT_STREQ(stpjust(out, "ab", '-', 6, 0), "--ab--");
-    EXPECT_STREQ(stpjust(out, "ab", '-', 6, 1), "----ab");
-    EXPECT_STREQ(stpjust(out, "ab", '-', 6, 2), "ab----");
-    EXPECT_STREQ(stpjust(out, "ab", '-', 5, 0), "-ab--");
-    EXPECT_STREQ(stpjust(out, "abcdefg", '-', 4, 0), "bcde");
-    EXPECT_STREQ(stpjust(out, "abcdefg", '-', 4, 1), "defg");
-    EXPECT_STREQ(stpjust(out, "abcdefg", '-', 4, 7), "abcd");
-    EXPECT_STREQ(stpjust(out, "abc", '-', -3, 0), "");
+    struct Case { const char *text; int width, mode; const char *want; } cases[] = {
+        {"ab", 6, 0, "--ab--"}, {"ab", 6, 1, "----ab"}, {"ab", 6, 2, "ab----"},
+        {"ab", 5, 0, "-ab--"}, {"abcdefg", 4, 0, "bcde"}, {"abcdefg", 4, 1, "defg"},
+        {"abcdefg", 4, 7, "abcd"}, {"abc", -3, 0, ""},
+    };
+    for (const Case &c : cases)
+        EXPECT_STREQ(stpjust(out, c.text, '-', c.width, c.mode), c.want) << c.text << c.mode;
 
     char same[16] = "xy";
     EXPECT_STREQ(stpjust(same, same, '.', 6, 1), "....xy");
@@ -175,8 +124,7 @@ TEST(Strings, Stpjust)
 
     // Only width + 1 bytes are written, however long the input.
     std::string huge(1 << 16, 'q');
-    char guarded[8];
-    std::memset(guarded, 'G', sizeof guarded);
+    char guarded[8] = "GGGGGGG";
     stpjust(guarded, huge.c_str(), ' ', 5, 0);
     EXPECT_STREQ(guarded, "qqqqq");
     EXPECT_EQ(guarded[6], 'G');
@@ -186,12 +134,10 @@ TEST(Strings, StrSepAndConcat)
 {
     char text[] = "a,b;;c";
     char *p = text;
-    EXPECT_STREQ(XwkStrSep(&p, ",;"), "a");
-    EXPECT_STREQ(XwkStrSep(&p, ",;"), "b");
-    EXPECT_STREQ(XwkStrSep(&p, ",;"), "");
-    EXPECT_STREQ(XwkStrSep(&p, ",;"), "c");
-    EXPECT_EQ(p, nullptr);
-    EXPECT_EQ(XwkStrSep(&p, ","), nullptr);
+    std::vector<std::string> fields;
+    while (char *field = XwkStrSep(&p, ",;"))
+        fields.push_back(field);
+    EXPECT_EQ(fields, (std::vector<std::string>{"a", "b", "", "c"}));
     EXPECT_EQ(XwkStrSep(nullptr, ","), nullptr);
 
     char *s = concat(nullptr, "ab");
@@ -207,10 +153,8 @@ TEST(Strings, SortStrings)
     char a[] = "pear", b[] = "apple", c[] = "Zebra", d[] = "apple2";
     char *list[] = {a, b, c, d};
     XwkSortStrings(list, 4);
-    EXPECT_STREQ(list[0], "Zebra");
-    EXPECT_STREQ(list[1], "apple");
-    EXPECT_STREQ(list[2], "apple2");
-    EXPECT_STREQ(list[3], "pear");
+    EXPECT_EQ(std::vector<std::string>(list, list + 4),
+              (std::vector<std::string>{"Zebra", "apple", "apple2", "pear"}));
     XwkSortStrings(nullptr, 3);
 }
 
@@ -287,17 +231,10 @@ TEST(Lists, ExtractString)
     char text[] = "  a = 1 , junk, b=\"x, y\" ,c= \"q\",d=\\\"e,f=\"g";
     char **keys, **values;
     int n = XwkExtractString(text, &keys, &values);
-    ASSERT_EQ(n, 5);
-    EXPECT_STREQ(keys[0], "a");
-    EXPECT_STREQ(values[0], " 1");
-    EXPECT_STREQ(keys[1], "b");
-    EXPECT_STREQ(values[1], "x, y");
-    EXPECT_STREQ(keys[2], "c");
-    EXPECT_STREQ(values[2], " \"q\"");
-    EXPECT_STREQ(keys[3], "d");
-    EXPECT_STREQ(values[3], "\\\"e");
-    EXPECT_STREQ(keys[4], "f");
-    EXPECT_STREQ(values[4], "\"g");
+    std::string pairs;
+    for (int i = 0; i < n; i++)
+        pairs += std::string(keys[i]) + "|" + values[i] + "\n";
+    EXPECT_EQ(pairs, "a| 1\nb|x, y\nc| \"q\"\nd|\\\"e\nf|\"g\n");
     EXPECT_GE(keys[0], text);
     EXPECT_LT(keys[0], text + sizeof text);
     XtFree(reinterpret_cast<char *>(keys));
@@ -318,14 +255,9 @@ TEST(Lists, MergeStrings)
     char *add[] = {n1, n2, n3, n4, nullptr};
     char **m = XwkMergeStrings(old, add, '=');
     ASSERT_NE(m, nullptr);
-    // "PATH" is compared over its own length, so it takes "PATHX=".
-    EXPECT_EQ(m[0], o1);
-    EXPECT_EQ(m[1], n1);
-    EXPECT_EQ(m[2], n2);
-    // Appended entries are not compared: both NEW stay.
-    EXPECT_EQ(m[3], n3);
-    EXPECT_EQ(m[4], n4);
-    EXPECT_EQ(m[5], nullptr);
+    // "PATH" is compared over its own length, so it takes "PATHX=";
+    // appended entries are not compared: both NEW stay.
+    EXPECT_EQ(std::vector<char *>(m, m + 6), (std::vector<char *>{o1, n1, n2, n3, n4, nullptr}));
     XtFree(reinterpret_cast<char *>(m));
 
     m = XwkMergeStrings(nullptr, add, '=');
@@ -344,9 +276,7 @@ TEST(Lists, ConvertStringToStringTable)
     int count = -1;
     char **t = XwkConvertStringToStringTable("a:b\\:c::d:", ':', &count);
     ASSERT_EQ(count, 3);
-    EXPECT_STREQ(t[0], "a");
-    EXPECT_STREQ(t[1], "b\\:c");
-    EXPECT_STREQ(t[2], "d");
+    EXPECT_EQ(std::vector<std::string>(t, t + 3), (std::vector<std::string>{"a", "b\\:c", "d"}));
     EXPECT_EQ(t[3], nullptr);
     for (int i = 0; i < count; i++) XtFree(t[i]);
     XtFree(reinterpret_cast<char *>(t));

@@ -3,6 +3,7 @@
 
 namespace {
 
+using xwktest::SameWord;
 using xwktest::V;
 using xwktest::W;
 
@@ -106,7 +107,6 @@ TEST(Trees, LinkAtTheEndOfAFreshTreeMatchesARenumbering)
     t_enumerate(tree);
     XwkTreeNode *root = t_tlink(tree, nullptr, W(2));
     EXPECT_EQ(tree->root, root);
-    EXPECT_EQ(root->id, 0u);
     t_tlink(tree, root, W(3));
     XwkTreeNode *b = t_tlink(tree, root, W(4));
     t_tlink(tree, b, W(5));
@@ -147,17 +147,12 @@ TEST(Trees, FindAndCreep)
     EXPECT_EQ(s.n2->id, 4u);
 }
 
-int MatchWord(XtPointer data, XtPointer arg)
-{
-    return V(data) == V(arg) ? 0 : 1;
-}
-
 std::vector<intptr_t> seen;
 
 int RecordAndMatch(XtPointer data, XtPointer arg)
 {
     seen.push_back(V(data));
-    return MatchWord(data, arg);
+    return SameWord(data, arg);
 }
 
 TEST(Trees, UserFindAndUserLink)
@@ -166,21 +161,20 @@ TEST(Trees, UserFindAndUserLink)
     seen.clear();
     EXPECT_EQ(t_userfind(s.tree, RecordAndMatch, W(2)), s.n2);
     EXPECT_EQ(seen, (std::vector<intptr_t>{0, 1, 11, 12, 2}));
-    EXPECT_EQ(t_userfind(s.tree, MatchWord, W(99)), nullptr);
-    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, s.n1, MatchWord, W(21)), nullptr);
-    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, s.n2, MatchWord, W(21)), s.n21);
-    EXPECT_EQ(t_usercreep(2, s.root, MatchWord, W(0)), nullptr);  // other kinds do nothing
+    EXPECT_EQ(t_userfind(s.tree, SameWord, W(99)), nullptr);
+    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, s.n1, SameWord, W(21)), nullptr);
+    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, s.n2, SameWord, W(21)), s.n21);
+    EXPECT_EQ(t_usercreep(2, s.root, SameWord, W(0)), nullptr);  // other kinds do nothing
 
-    XwkTreeNode *n = t_usertlink(s.tree, MatchWord, W(11), W(111));
-    ASSERT_NE(n, nullptr);
-    EXPECT_EQ(n->parent, s.n11);
-    EXPECT_EQ(n->level, 3u);
-    EXPECT_EQ(t_usertlink(s.tree, MatchWord, W(99), W(5)), nullptr);
+    XwkTreeNode *n = t_usertlink(s.tree, SameWord, W(11), W(111));
+    EXPECT_EQ(Shape(s.n11), "11(2,2)[111(3,3)]");
+    EXPECT_EQ(s.n11->first_child, n);
+    EXPECT_EQ(t_usertlink(s.tree, SameWord, W(99), W(5)), nullptr);
     EXPECT_EQ(s.tree->count, 7u);
 
     // An empty tree cannot be filled this way.
     XwkTree *empty = t_create(XWK_TREE_PREORDER, nullptr, nullptr);
-    EXPECT_EQ(t_usertlink(empty, MatchWord, W(0), W(1)), nullptr);
+    EXPECT_EQ(t_usertlink(empty, SameWord, W(0), W(1)), nullptr);
     EXPECT_EQ(empty->count, 0u);
     t_destroy(empty);
 
@@ -188,7 +182,7 @@ TEST(Trees, UserFindAndUserLink)
     t_tlink(s.tree, s.root, W(3));
     s.n2->id = 77;
     s.tree->flags |= XWK_TREE_STALE;
-    t_userfind(s.tree, MatchWord, W(0));
+    t_userfind(s.tree, SameWord, W(0));
     EXPECT_FALSE(Stale(s.tree));
     EXPECT_EQ(s.n2->id, 5u);
 }
@@ -196,21 +190,19 @@ TEST(Trees, UserFindAndUserLink)
 TEST(Trees, NextAndSubtreeMembership)
 {
     Sample s;
-    EXPECT_EQ(t_next(s.n11), s.n12);
-    EXPECT_EQ(t_next(s.n12), s.n2);
-    EXPECT_EQ(t_next(s.n1), s.n2);
-    EXPECT_EQ(t_next(s.n21), nullptr);
-    EXPECT_EQ(t_next(s.root), nullptr);
+    // A node and its successor in preorder past its subtree.
+    const std::pair<XwkTreeNode *, XwkTreeNode *> next[] = {
+        {s.n11, s.n12}, {s.n12, s.n2}, {s.n1, s.n2}, {s.n21, nullptr}, {s.root, nullptr}};
+    for (auto [node, after] : next)
+        EXPECT_EQ(t_next(node), after) << V(node->data);
     EXPECT_EQ(t_next(nullptr), nullptr);
 
-    EXPECT_TRUE(t_belong_to_subtree(s.n12, s.n1));
-    EXPECT_TRUE(t_belong_to_subtree(s.n21, s.root));
-    EXPECT_FALSE(t_belong_to_subtree(s.n1, s.n1));
-    EXPECT_FALSE(t_belong_to_subtree(s.n2, s.n1));
-    EXPECT_FALSE(t_belong_to_subtree(s.n1, s.n11));
-    EXPECT_TRUE(t_belong_to_subtree(s.n21, s.n2));
-    EXPECT_FALSE(t_belong_to_subtree(nullptr, s.n2));
-    EXPECT_FALSE(t_belong_to_subtree(s.n2, nullptr));
+    // A node, a subtree's root, whether the node is below it.
+    const std::tuple<XwkTreeNode *, XwkTreeNode *, bool> below[] = {
+        {s.n12, s.n1, true}, {s.n21, s.root, true}, {s.n1, s.n1, false}, {s.n2, s.n1, false},
+        {s.n1, s.n11, false}, {s.n21, s.n2, true}, {nullptr, s.n2, false}, {s.n2, nullptr, false}};
+    for (auto [node, top, want] : below)
+        EXPECT_EQ(t_belong_to_subtree(node, top), want);
 }
 
 TEST(Trees, ReparentMovesAndRenumbers)
@@ -342,6 +334,14 @@ void Visit(XwkTreeNode *, XtPointer data, XtPointer arg)
     static_cast<std::vector<intptr_t> *>(arg)->push_back(V(data));
 }
 
+// The data words in the order t_tour visits them.
+std::vector<intptr_t> Tour(int kind, XwkTreeNode *node, XwkTreeTourProc visit = Visit)
+{
+    std::vector<intptr_t> order;
+    t_tour(kind, node, visit, &order);
+    return order;
+}
+
 // Hangs a new first child under 1 while 1 is visited: the child list was
 // taken before, so the new child is not visited.
 XwkTree *tourTree;
@@ -364,17 +364,13 @@ void GrowWhileVisiting(XwkTreeNode *node, XtPointer data, XtPointer arg)
 TEST(Trees, TourIsPreorderAndTakesTheFirstChildBeforeTheVisit)
 {
     Sample s;
-    std::vector<intptr_t> order;
-    t_tour(7, s.root, Visit, &order);  // the kind is not looked at
-    EXPECT_EQ(order, (std::vector<intptr_t>{0, 1, 11, 12, 2, 21}));
-    order.clear();
-    t_tour(XWK_TREE_PREORDER, s.n1, Visit, &order);
-    EXPECT_EQ(order, (std::vector<intptr_t>{1, 11, 12}));
-    order.clear();
+    // The kind is not looked at.
+    EXPECT_EQ(Tour(7, s.root), (std::vector<intptr_t>{0, 1, 11, 12, 2, 21}));
+    EXPECT_EQ(Tour(XWK_TREE_PREORDER, s.n1), (std::vector<intptr_t>{1, 11, 12}));
     tourTree = s.tree;
-    t_tour(XWK_TREE_PREORDER, s.root, GrowWhileVisiting, &order);
-    EXPECT_EQ(order, (std::vector<intptr_t>{0, 1, 11, 12, 2, 21}));
-    t_tour(XWK_TREE_PREORDER, nullptr, Visit, &order);
+    EXPECT_EQ(Tour(XWK_TREE_PREORDER, s.root, GrowWhileVisiting),
+              (std::vector<intptr_t>{0, 1, 11, 12, 2, 21}));
+    EXPECT_TRUE(Tour(XWK_TREE_PREORDER, nullptr).empty());
 }
 
 TEST(Trees, LabelAndEnumerate)
@@ -405,7 +401,7 @@ TEST(Trees, LabelAndEnumerate)
     other->flags |= XWK_TREE_STALE;
     EXPECT_EQ(t_find(other, 1), nullptr);
     EXPECT_EQ(c->id, 7u);
-    EXPECT_EQ(t_userfind(other, MatchWord, W(1)), nullptr);
+    EXPECT_EQ(t_userfind(other, SameWord, W(1)), nullptr);
     t_destroy(other);
 }
 
@@ -418,10 +414,8 @@ TEST(Trees, DeepAndWideTreesNeedNoStack)
         node = t_tlink(tree, node, W(i));
     EXPECT_EQ(t_find(tree, n - 1), node);
     EXPECT_EQ(tree->depth, n);
-    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, tree->root, MatchWord, W(n - 1)), node);
-    std::vector<intptr_t> order;
-    t_tour(XWK_TREE_PREORDER, tree->root, Visit, &order);
-    EXPECT_EQ(order.size(), n);
+    EXPECT_EQ(t_usercreep(XWK_TREE_PREORDER, tree->root, SameWord, W(n - 1)), node);
+    EXPECT_EQ(Tour(XWK_TREE_PREORDER, tree->root).size(), n);
     XwkTreeNode *wide = t_tlink(tree, tree->root, W(-1));
     for (unsigned i = 0; i < 1000; i++)
         t_tlink(tree, wide, W(i));

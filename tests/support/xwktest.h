@@ -238,6 +238,12 @@ XColor QueryColour(Display *dpy, Colormap map, unsigned long pixel);
 // The map state of a window (IsUnmapped, IsUnviewable, IsViewable), -1 for no such window.
 int MapState(Display *dpy, Window w);
 
+// A search procedure of lists and trees: 0 (found) when the data word is arg.
+inline int SameWord(XtPointer data, XtPointer arg)
+{
+    return V(data) == V(arg) ? 0 : 1;
+}
+
 }  // namespace xwktest
 
 namespace xwktest {

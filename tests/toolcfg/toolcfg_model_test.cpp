@@ -14,7 +14,10 @@ using xwktest::Take;
 struct Model : ::testing::Test {
     IDECfgTool *tool = SampleTool();
     void TearDown() override { IDECfgFreeTool(tool); }
-    std::string Options(IDECfgTool *t = nullptr) { return Take(IDECfgGetToolOptions(t ? t : tool)); }
+    std::string Options(IDECfgTool *t = nullptr)
+    {
+        return Take(IDECfgGetToolOptions(t ? t : tool));
+    }
     std::string Parse(const char *text)
     {
         IDECfgStringToTool(text, tool);
@@ -28,21 +31,14 @@ struct Model : ::testing::Test {
 
 TEST_F(Model, OptionTextRoundTripsForEveryKind)
 {
-    struct Case {
-        const char *text, *canonical;
-    } cases[] = {
-        {"", "<null>"},
-        {"-O2 -Wall -g", "-O2 -Wall -g"},
-        {"-g   -Wall -O1", "-O1 -Wall -g"},
-        {"-Wextra -pedantic -Wall", "-Wall -Wextra -pedantic"},
-        {"-std=c11 -O0", "-O0 -std=c11"},
+    // The text and the options it gives: in item order, the rest behind.
+    struct Case { const char *text, *canonical; } cases[] = {
+        {"", "<null>"}, {"-O2 -Wall -g", "-O2 -Wall -g"}, {"-g   -Wall -O1", "-O1 -Wall -g"},
+        {"-Wextra -pedantic -Wall", "-Wall -Wextra -pedantic"}, {"-std=c11 -O0", "-O0 -std=c11"},
         {"-Ia -I/usr/include -DX=1 -DY", "-Ia -I/usr/include -DX=1 -DY"},
-        {"-I\"my dir\" -Ib", "-I\"my dir\" -Ib"},
-        {"-lpthread -lm", "-lm -lpthread"},
-        {"-oout.o --jobs=4", "-oout.o --jobs=4"},
-        {"CC=gcc -g FOO=bar", "-g CC=gcc FOO=bar"},
-        {"--unknown -O2 x", "-O2 --unknown x"},
-        {"-Wallx -gg", "-Wallx -gg"},
+        {"-I\"my dir\" -Ib", "-I\"my dir\" -Ib"}, {"-lpthread -lm", "-lm -lpthread"},
+        {"-oout.o --jobs=4", "-oout.o --jobs=4"}, {"CC=gcc -g FOO=bar", "-g CC=gcc FOO=bar"},
+        {"--unknown -O2 x", "-O2 --unknown x"}, {"-Wallx -gg", "-Wallx -gg"},
     };
     for (const Case &c : cases) {
         IDECfgUpdateSettings(tool, 16);  // prefixed lists keep states the text does not name
@@ -173,8 +169,9 @@ TEST_F(Model, ClonesShareMasterStringsAndOwnTheirStates)
     EXPECT_EQ(clone->divisions[0]->tool, clone);
     EXPECT_EQ(clone->divisions[0]->items[4], nullptr);
     auto *mine = (IDECfgListItem *)clone->divisions[0]->items[0];
-    EXPECT_NE(mine, (IDECfgListItem *)tool->divisions[0]->items[0]);
-    EXPECT_EQ(mine->options[0]->label, ((IDECfgListItem *)tool->divisions[0]->items[0])->options[0]->label);
+    auto *its = (IDECfgListItem *)tool->divisions[0]->items[0];
+    EXPECT_NE(mine, its);
+    EXPECT_EQ(mine->options[0]->label, its->options[0]->label);
     EXPECT_NE(clone->exec, tool->exec);
     EXPECT_EQ(Options(clone), "-O2 -Ia --extra");
     IDECfgStringToTool("-g", clone);
@@ -247,13 +244,10 @@ TEST_F(Model, MacroTable)
     Parse("-O2 -Ia -g --x");
     char **names = nullptr, **values = nullptr;
     int n = IDECfgGetMacrosesForTool(tool, &names, &values);
-    const char *want[][2] = {{"cc", "/usr/bin/cc"},
-                             {"CC", "/usr/bin/cc"},
+    const char *want[][2] = {{"cc", "/usr/bin/cc"}, {"CC", "/usr/bin/cc"},
                              {"CFLAGS", "$(CODEFLAGS) $(PATHFLAGS) -O2 -g -Ia --x"},
-                             {"CODEFLAGS", "-O2 -g"},
-                             {"PATHFLAGS", "-Ia"},
-                             {"LD", "ld"},
-                             {"NOVALUE", nullptr}};
+                             {"CODEFLAGS", "-O2 -g"}, {"PATHFLAGS", "-Ia"},
+                             {"LD", "ld"}, {"NOVALUE", nullptr}};
     ASSERT_EQ(n, 7);
     for (int i = 0; i < n; i++) {
         EXPECT_STREQ(names[i], want[i][0]);
