@@ -104,6 +104,12 @@ TEST(TreeClicks, SelectAndDoubleClick)
     l.ClickRow(5);
     l.ClickRow(3);
     EXPECT_EQ(Count("defaultActionCallback"), 1);
+    // In single selection a Ctrl press only takes the focus.
+    calls.clear();
+    l.ClickRow(6, ControlMask);
+    EXPECT_EQ(l.Current(), l.rows[3]);
+    EXPECT_EQ(Count("activateCallback"), 0);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     // Below the last row: no node.
     calls.clear();
     XmPrjTreeDeleteChildren(l.tree, nullptr);
@@ -159,17 +165,26 @@ TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
         }
     }
     EXPECT_GE(Count("multipleSelectionCallback"), 1);
-}
-
-TEST(TreeClicks, CtrlPressInSingleSelectionOnlyTakesFocus)
-{
-    Live l(false);
-    l.ClickRow(2);
+    // Select all tells of every row, those already selected as well.
     calls.clear();
-    l.ClickRow(5, ControlMask);
-    EXPECT_EQ(l.Current(), l.rows[2]);
-    EXPECT_EQ(Count("activateCallback"), 0);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    XmPrjTreeSelectAllItems(l.tree);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 40);
+    EXPECT_EQ(Count("multipleSelectionCallback"), 40);
+    EXPECT_EQ(Of("multipleSelectionCallback"),
+              Seen(XmCR_MULTIPLE_SELECT, XmTREE_PART_ROW, Last("multipleSelectionCallback").node));
+    EXPECT_EQ(Last("multipleSelectionCallback").cellType, XmCELL_NONE);
+    EXPECT_TRUE(Last("multipleSelectionCallback").selected);
+    // A Shift range from the current row spreads its state, one call a row
+    // but the current one's.
+    PastMultiClick(l.tree);
+    l.ClickRow(2);
+    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    calls.clear();
+    l.ClickRow(5, ShiftMask);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 4);
+    EXPECT_EQ(Count("multipleSelectionCallback"), 3);
+    EXPECT_EQ(Of("selectionChanged"),
+              Seen(XmCR_ACTIVATE, Last("selectionChanged").part, l.rows[5]));
 }
 
 TEST(TreeKeys, ArrowsPagesAndEnds)
@@ -220,6 +235,22 @@ TEST(TreeKeys, ArrowsPagesAndEnds)
               Seen(XmCR_TREE_SELECTION_CHANGED, XmTREE_PART_ROW, Last("selectionChanged").node));
     EXPECT_EQ(Last("selectionChanged").cellType, XmCELL_NONE);
     EXPECT_EQ(Last("selectionChanged").clientData, (XtPointer)6);
+    // Without Ctrl, Right, End and Home move sideways in a label too long
+    // for the list.
+    XmPrjTreeAddSimpleItem(l.tree, "a label far too long for the width of this list, and more",
+                           nullptr);
+    XmPrjTreePart &t = Part(l.tree);
+    EXPECT_EQ(t.xOrigin, 0);
+    l.Key(XK_Right);
+    EXPECT_EQ(t.xOrigin, t.fontWidth);
+    l.Key(XK_End);
+    int end = t.xOrigin;
+    EXPECT_GT(end, (int)t.fontWidth);
+    l.Key(XK_Right);
+    EXPECT_EQ(t.xOrigin, end);
+    l.Key(XK_Home);
+    EXPECT_EQ(t.xOrigin, 0);
+    EXPECT_EQ(l.Current(), l.rows[5]);
 }
 
 TEST(TreeKeys, SlamKeysOpenAndClose)
@@ -412,26 +443,6 @@ TEST(TreeKeys, OpeningALeafLetsTheApplicationFillIt)
     EXPECT_EQ(Part(l.tree).visibleList->count, 5);
 }
 
-TEST(TreeKeys, SidewaysInALongList)
-{
-    Live l(false, XmSINGLE_SELECT, 5);
-    XmPrjTreeAddSimpleItem(l.tree,
-                           "a label far too long for the width of this small list, and then some",
-                           nullptr);
-    l.ClickRow(0);
-    EXPECT_EQ(Part(l.tree).xOrigin, 0);
-    l.Key(XK_Right);
-    EXPECT_EQ(Part(l.tree).xOrigin, Part(l.tree).fontWidth);
-    l.Key(XK_End);
-    int end = Part(l.tree).xOrigin;
-    EXPECT_GT(end, (int)Part(l.tree).fontWidth);
-    l.Key(XK_Right);
-    EXPECT_EQ(Part(l.tree).xOrigin, end);
-    l.Key(XK_Home);
-    EXPECT_EQ(Part(l.tree).xOrigin, 0);
-    EXPECT_EQ(l.Current(), l.rows[0]);
-}
-
 TEST(TreePointer, DraggingBelowTheWindowScrolls)
 {
     Live l(false, XmSINGLE_SELECT, 60);
@@ -605,33 +616,6 @@ TEST(TreeCallbacks, NodesOfAnotherListAreLeftAlone)
               XmPrjTreeGetNodeNumber(l.tree, current) + 1);
 }
 
-TEST(TreeSelection, SelectAllCountsEveryRowAndShiftSpreadsTheState)
-{
-    Live l(false, XmMULTIPLE_SELECT, 12);
-    l.ClickRow(1);
-    l.ClickRow(4, ControlMask);
-    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 2);
-    calls.clear();
-    // Rows already selected count as well: the count starts again from 0.
-    XmPrjTreeSelectAllItems(l.tree);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 12);
-    EXPECT_EQ(Count("multipleSelectionCallback"), 12);
-    EXPECT_EQ(Of("multipleSelectionCallback"),
-              Seen(XmCR_MULTIPLE_SELECT, XmTREE_PART_ROW, Last("multipleSelectionCallback").node));
-    EXPECT_EQ(Last("multipleSelectionCallback").cellType, XmCELL_NONE);
-    EXPECT_TRUE(Last("multipleSelectionCallback").selected);
-    // A Shift range from the current row spreads its state, the current row apart.
-    PastMultiClick(l.tree);
-    l.ClickRow(2);
-    ASSERT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
-    calls.clear();
-    l.ClickRow(5, ShiftMask);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 4);
-    EXPECT_EQ(Count("multipleSelectionCallback"), 3);
-    EXPECT_EQ(Of("selectionChanged"),
-              Seen(XmCR_ACTIVATE, Last("selectionChanged").part, l.rows[5]));
-}
-
 TEST(TreeSelection, DeselectAllRepaintsTheClones)
 {
     Widget shell = xwktest::Shell("views", 300, 200);
@@ -758,28 +742,22 @@ TEST(TreePointer, CtrlDragBelowTheWindowTogglesAsItScrolls)
 // Last in the file: it leaves the keyboard focus to a window that goes.
 TEST(TreeTraversal, TabAndShiftTabMoveBetweenGroups)
 {
+    // Two lists, then a group of buttons: three tab groups.
     Widget shell = xwktest::Shell("tabs", 300, 240);
-    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
-    Widget tree = XmCreateScrolledTreeList(form, (String) "list", nullptr, 0);
-    XtVaSetValues(XtParent(tree), XmNtopAttachment, XmATTACH_FORM, XmNleftAttachment,
-                  XmATTACH_FORM, XmNrightAttachment, XmATTACH_FORM, XmNheight, 120, NULL);
+    Widget box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
+    Widget tree = treetest::Create(box, "list", {{XmNvisibleLines, 5}});
+    Widget second = treetest::Create(box, "second", {{XmNvisibleLines, 2}});
     for (int i = 0; i < 5; i++)
         XmPrjTreeAddSimpleItem(tree, (char *)"row", nullptr);
-    // A second list, then a group of buttons: three tab groups.
-    Widget second = XmCreateScrolledTreeList(form, (String) "second", nullptr, 0);
-    XtVaSetValues(XtParent(second), XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget,
-                  XtParent(tree), XmNleftAttachment, XmATTACH_FORM, XmNheight, 60, NULL);
     XmPrjTreeAddSimpleItem(second, (char *)"other", nullptr);
     XtManageChild(second);
-    Widget group = XtVaCreateManagedWidget("group", xmFormWidgetClass, form, XmNtopAttachment,
-                                           XmATTACH_WIDGET, XmNtopWidget, XtParent(second),
-                                           XmNleftAttachment, XmATTACH_FORM, NULL);
+    Widget group = XtVaCreateManagedWidget("group", xmFormWidgetClass, box, NULL);
     XtVaCreateManagedWidget("button", xmPushButtonWidgetClass, group, NULL);
     xwktest::Show(tree, shell, 0);
     XSetInputFocus(XtDisplay(shell), XtWindow(shell), RevertToParent, CurrentTime);
     xwktest::Pump(100);
     xwktest::Click(tree, 40, 10);
-    ASSERT_TRUE(xwktest::PumpUntil([&] { return ((XmPrjTreeWidget)tree)->tree.hasFocus; }));
+    ASSERT_TRUE(xwktest::PumpUntil([&] { return Part(tree).hasFocus; }));
     xwktest::PressKey(XtDisplay(tree), XK_Tab);
     xwktest::PumpUntil([&] { return XmGetFocusWidget(tree) != tree; });
     EXPECT_EQ(XmGetFocusWidget(tree), second);
