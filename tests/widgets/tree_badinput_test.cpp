@@ -118,7 +118,6 @@ int CallEverything(Widget w, XmPrjTreeNode node)
     XmPrjTreeShadowHighlight(w);
     XmPrjTreeShadowUnhighlight(w);
     XmPrjTreeSetEditable(w, False);
-    XmPrjTreeSetEditable(w, True);
     XmPrjTreeDeleteItems(w, &node, 1);
     note(XmPrjTreeDeleteChildren(w, node) > 0);
     XmPrjTreeDeleteItem(w, node);
@@ -128,16 +127,12 @@ int CallEverything(Widget w, XmPrjTreeNode node)
 
 TEST(TreeBadInput, OtherWidgetsAndNoWidgetAreIgnored)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("bad", topLevelShellWidgetClass, app, XtNwidth, 200,
-                                        XtNheight, 150, NULL);
-    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
-    Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, form, NULL);
-    Widget tree = XmCreateTreeList(form, (String) "tree", nullptr, 0);
-    XtVaSetValues(tree, XmNcanSlam, True, XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, label,
-                  XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
-                  XmNrightAttachment, XmATTACH_FORM, NULL);
-    xwktest::Show(tree, shell, 0);
+    // A manager and a primitive of other classes beside the list.
+    treetest::Window win({{XmNcanSlam, True}}, 200, 150, false, "tree");
+    Widget form = XtVaCreateWidget("form", xmFormWidgetClass, win.shell, NULL);
+    Widget label = XtVaCreateWidget("label", xmLabelWidgetClass, form, NULL);
+    Widget tree = win.tree;
+    win.Up(0);
 
     XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, (XtPointer)7,
                                          XmSLAM_OPEN, nullptr, nullptr, nullptr);
@@ -171,7 +166,6 @@ TEST(TreeBadInput, OtherWidgetsAndNoWidgetAreIgnored)
     xwktest::Settle();
     EXPECT_EQ(Rows(tree), 2);
     EXPECT_EQ(XmPrjTreeGetParent(tree, child), top);
-    XtDestroyWidget(shell);
 }
 
 }  // namespace

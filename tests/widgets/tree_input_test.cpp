@@ -25,21 +25,16 @@ void Record(Widget, XtPointer closure, XtPointer call)
 
 int Count(const std::string &list)
 {
-    int n = 0;
-    for (auto &c : calls)
-        n += c.list == list;
-    return n;
+    return (int)std::count_if(calls.begin(), calls.end(), [&](auto &c) { return c.list == list; });
 }
 
 // The data of the last call on the list; reason -1 if there was none.
 const XmPrjTreeCallbackStruct &Last(const std::string &list)
 {
     static XmPrjTreeCallbackStruct none;
-    for (auto it = calls.rbegin(); it != calls.rend(); ++it)
-        if (it->list == list)
-            return it->data;
     none.reason = -1;
-    return none;
+    auto it = std::find_if(calls.rbegin(), calls.rend(), [&](auto &c) { return c.list == list; });
+    return it == calls.rend() ? none : it->data;
 }
 
 // Reason, part and node of the last call on the list.
