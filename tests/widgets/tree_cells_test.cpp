@@ -38,10 +38,7 @@ struct Sheet {
         return XtVaCreateManagedWidget(name, wc, form, XmNtopAttachment, XmATTACH_WIDGET,
                                        XmNtopWidget, XtParent(tree), NULL);
     }
-    XmPrjTreeNode Add(const char *label)
-    {
-        return AddRow(tree, nullptr, label, XmSLAM_UNDEFINED);
-    }
+    XmPrjTreeNode Add(const char *label) { return AddRow(tree, nullptr, label, XmSLAM_UNDEFINED); }
     void Up()
     {
         xwktest::Show(tree, shell, 200);
@@ -79,30 +76,22 @@ TEST(TreeCells, SpreadsheetTypingAndMoving)
     EXPECT_TRUE(XtIsManaged(s.Editor()));
     xwktest::TypeText(XtDisplay(s.tree), "X");
     xwktest::Pump(100);
-    s.Key(XK_Return);
-    EXPECT_EQ(s.Column(), 1);
-    s.Key(XK_Tab);
-    EXPECT_EQ(s.Column(), 2);
+    // Keys, and the row (0 a, 1 b) and column of the active cell after each.
+    struct Step { KeySym key; unsigned mods; int row, column; } steps[] = {
+        {XK_Return, 0, 0, 1}, {XK_Tab, 0, 0, 2},
+        // Right at the end of the text moves on, Left inside it stays.
+        {XK_Right, 0, 0, 3}, {XK_Left, 0, 0, 3}, {XK_Home, 0, 0, 3}, {XK_Left, 0, 0, 2},
+        {XK_Down, 0, 1, 2},
+        // Tab at the row's end goes on in the next row; Shift+Tab back.
+        {XK_Tab, 0, 1, 3}, {XK_Tab, 0, 1, 3}, {XK_Up, 0, 0, 3}, {XK_Tab, ShiftMask, 0, 2},
+    };
+    XmPrjTreeNode rows[] = {a, b};
+    for (const Step &st : steps) {
+        s.Key(st.key, st.mods);
+        EXPECT_EQ(s.Node(), rows[st.row]) << XKeysymToString(st.key);
+        EXPECT_EQ(s.Column(), st.column) << XKeysymToString(st.key);
+    }
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, a, 1), "a1X");
-    // Right at the end of the text moves on, Left inside it stays.
-    s.Key(XK_Right);
-    EXPECT_EQ(s.Column(), 3);
-    s.Key(XK_Left);
-    EXPECT_EQ(s.Column(), 3);
-    s.Key(XK_Home);
-    s.Key(XK_Left);
-    EXPECT_EQ(s.Column(), 2);
-    s.Key(XK_Down);
-    EXPECT_EQ(s.Node(), b);
-    EXPECT_EQ(s.Column(), 2);
-    // Tab at the row's end goes on in the next row; Shift+Tab back.
-    s.Key(XK_Tab);
-    s.Key(XK_Tab);
-    EXPECT_EQ(s.Column(), 3);
-    s.Key(XK_Up);
-    EXPECT_EQ(s.Node(), a);
-    s.Key(XK_Tab, ShiftMask);
-    EXPECT_EQ(s.Column(), 2);
     // A click on a cell activates it, and the editor shows its text.
     s.ClickCell(b, 3);
     EXPECT_EQ(s.Node(), b);
