@@ -192,22 +192,20 @@ TEST(TreeKeys, ArrowsPagesAndEnds)
     // Up on the first row scrolls to the top and raises nothing.
     EXPECT_EQ(l.Current(), l.rows[0]);
     EXPECT_EQ(Count("selectionChanged"), 0);
-    l.Key(XK_Down);
-    EXPECT_EQ(l.Current(), l.rows[1]);
-    EXPECT_EQ(Of("selectionChanged"),
-              Seen(XmCR_SINGLE_SELECT, XmTREE_PART_ROW, Last("selectionChanged").node));
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
     int page = Part(l.tree).visibleRows;
     ASSERT_GT(page, 2);
-    l.Key(XK_Next);
-    EXPECT_GT(Part(l.tree).topRow, 0);
-    EXPECT_EQ(XmPrjTreeGetNodeNumber(l.tree, l.Current()) - 1, page);
-    l.Key(XK_End, ControlMask);
-    EXPECT_EQ(l.Current(), l.rows.back());
-    EXPECT_EQ(Part(l.tree).topRow, 40 - page);
-    l.Key(XK_Home, ControlMask);
-    EXPECT_EQ(l.Current(), l.rows[0]);
-    EXPECT_EQ(Part(l.tree).topRow, 0);
+    // Keys, and the current row and the top row after each.
+    struct Step { KeySym key; unsigned mods; int current, top; } steps[] = {
+        {XK_Down, 0, 1, 0}, {XK_Next, 0, page, page - 1},
+        {XK_End, ControlMask, 39, 40 - page}, {XK_Home, ControlMask, 0, 0},
+    };
+    for (const Step &st : steps) {
+        l.Key(st.key, st.mods);
+        EXPECT_EQ(l.Current(), l.rows[st.current]) << XKeysymToString(st.key);
+        EXPECT_EQ(Part(l.tree).topRow, st.top) << XKeysymToString(st.key);
+        EXPECT_EQ(Of("selectionChanged"), Seen(XmCR_SINGLE_SELECT, XmTREE_PART_ROW, l.Current()));
+        EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), 1);
+    }
     // The drop mark on the half shown last row brings it in whole.
     XmPrjTreeSetTopItem(l.tree, l.rows[39 - page]);
     ASSERT_EQ(Part(l.tree).topRow, 39 - page);
