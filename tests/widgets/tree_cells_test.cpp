@@ -355,9 +355,6 @@ TEST(TreeCells, ClonesStayInStep)
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(clone, Nth(clone, 10), 2), "changed");
     XmPrjTreeSetTitleItemWidth(clone, 1, 90);
     EXPECT_EQ(XmPrjTreeGetTitleItemWidth(mother, 1), 90);
-    // hPad set on the clone is the mother's.
-    XtVaSetValues(clone, XmNhPad, 5, NULL);
-    EXPECT_EQ(Part(mother).hPad, 5);
 }
 
 int drags = 0;
