@@ -201,14 +201,12 @@ TEST(TreeCells, BlankCellStaysActive)
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 2), " ");
 }
 
-const char *dot4[] = {"4 4 1 1", "x c #FF0000", "xxxx", "xxxx", "xxxx", "xxxx"};
-
 TEST(TreeCells, CellOperations)
 {
     Sheet s(XmTABLE_LIST, XmCELL_LABEL);
     XmPrjTreeNode a = s.Add("a1|a2|a3");
     XmPrjTreeNode b = s.Add("b1|b2|b3");
-    XwkIcon *icon = XwkIconCreateFromData(s.tree, (char **)dot4);
+    XwkIcon *icon = xwktest::SolidIcon(s.tree, 4, 4, "#FF0000");
     ASSERT_NE(icon, nullptr);
     // An icon only in an icon cell.
     EXPECT_EQ(XmPrjTreeSetColumnIcon(s.tree, a, 2, icon), 0);
@@ -355,6 +353,16 @@ TEST(TreeCells, ClonesStayInStep)
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(clone, Nth(clone, 10), 2), "changed");
     XmPrjTreeSetTitleItemWidth(clone, 1, 90);
     EXPECT_EQ(XmPrjTreeGetTitleItemWidth(mother, 1), 90);
+    // The clone shows a selection made through the mother once it repaints,
+    // and repaints by itself when the mother deselects all.
+    XtVaSetValues(mother, XmNselectionPolicy, XmMULTIPLE_SELECT, NULL);
+    XmPrjTreeSelectAllItems(mother);
+    XClearArea(XtDisplay(clone), XtWindow(clone), 0, 0, 0, 0, True);
+    ASSERT_EQ(treetest::RowFill(clone, 1), Part(clone).inactiveBackground);
+    XmPrjTreeDeselectAllItems(mother);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(mother), 0);
+    EXPECT_EQ(treetest::RowFill(clone, 1), xwktest::PixelOf(clone, XmNbackground));
+    EXPECT_EQ(treetest::RowFill(mother, 1), xwktest::PixelOf(clone, XmNbackground));
 }
 
 int drags = 0;
