@@ -255,40 +255,38 @@ TEST(TreeKeys, SlamKeysOpenAndClose)
     Live l(true, XmSINGLE_SELECT, 3);
     XmPrjTreeNode a1 = AddRow(l.tree, l.rows[0], "a1");
     XmPrjTreeNode a11 = AddRow(l.tree, a1, "a11");
-    XwkList *shown = Part(l.tree).visibleList;
-    auto order = [&] {
-        std::vector<XmPrjTreeNode> nodes;
-        for (XwkListNode *e = shown->first; e; e = e->next)
-            nodes.push_back((XmPrjTreeNode)e->data);
-        return nodes;
+    XmPrjTreeNode *r = l.rows.data();
+    // Keys, and the current row and the rows shown after each.
+    using Rows = std::vector<XmPrjTreeNode>;
+    struct Step { KeySym key; unsigned mods; XmPrjTreeNode current; Rows shown; };
+    const Step steps[] = {
+        {XK_space, 0, r[0], {r[0], a1, r[1], r[2]}},
+        {XK_Down, 0, a1, {r[0], a1, r[1], r[2]}},
+        {XK_Down, ControlMask, a1, {r[0], a1, a11, r[1], r[2]}},
+        // Ctrl-Up closes the open row; again, it climbs to the parent and
+        // closes that.
+        {XK_Up, ControlMask, a1, {r[0], a1, r[1], r[2]}},
+        {XK_Up, ControlMask, r[0], {r[0], r[1], r[2]}},
+        {XK_Down, ControlMask, r[0], {r[0], a1, r[1], r[2]}},
     };
-    EXPECT_EQ(shown->count, 3);
     l.ClickRow(0);
-    l.Key(XK_space);
-    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[0]), XmSLAM_OPEN);
-    EXPECT_EQ(shown->count, 4);
-    l.Key(XK_Down);
-    EXPECT_EQ(l.Current(), a1);
-    l.Key(XK_Down, ControlMask);
-    EXPECT_EQ(order(), (std::vector<XmPrjTreeNode>{l.rows[0], a1, a11, l.rows[1], l.rows[2]}));
-    // The opened branch is on the screen: five rows, the fifth label drawn,
-    // and nothing below it.
+    for (const Step &st : steps) {
+        SCOPED_TRACE(XKeysymToString(st.key));
+        l.Key(st.key, st.mods);
+        EXPECT_EQ(l.Current(), st.current);
+        Rows shown;
+        for (XwkListNode *e = Part(l.tree).visibleList->first; e; e = e->next)
+            shown.push_back((XmPrjTreeNode)e->data);
+        EXPECT_EQ(shown, st.shown);
+    }
+    // The opened branch is on the screen: four rows, the fourth label
+    // drawn, and nothing below it.
     xwktest::Settle();
     xwktest::Capture c(l.tree);
     Pixel fg = xwktest::PixelOf(l.tree, XmNforeground);
     int rh = Part(l.tree).rowHeight;
-    EXPECT_GT(c.Count(fg, 0, l.RowTop(4), l.tree->core.width, rh), 0);
-    EXPECT_EQ(c.Count(fg, 4, l.RowTop(5), l.tree->core.width - 8, rh), 0);
-    // Ctrl-Up closes the open row; again, it climbs to the parent and
-    // closes that.
-    l.Key(XK_Up, ControlMask);
-    EXPECT_EQ(XmPrjTreeGetState(l.tree, a1), XmSLAM_CLOSE);
-    EXPECT_EQ(order(), (std::vector<XmPrjTreeNode>{l.rows[0], a1, l.rows[1], l.rows[2]}));
-    EXPECT_EQ(l.Current(), a1);
-    l.Key(XK_Up, ControlMask);
-    EXPECT_EQ(l.Current(), l.rows[0]);
-    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[0]), XmSLAM_CLOSE);
-    EXPECT_EQ(shown->count, 3);
+    EXPECT_GT(c.Count(fg, 0, l.RowTop(3), l.tree->core.width, rh), 0);
+    EXPECT_EQ(c.Count(fg, 4, l.RowTop(4), l.tree->core.width - 8, rh), 0);
 }
 
 TEST(TreeKeys, StateIconPressSelectsAndToggles)
