@@ -166,6 +166,28 @@ TEST(TreeBadInput, OtherWidgetsAndNoWidgetAreIgnored)
     xwktest::Settle();
     EXPECT_EQ(Rows(tree), 2);
     EXPECT_EQ(XmPrjTreeGetParent(tree, child), top);
+
+    // A node of another list: left alone, and nothing of it kept.
+    static int changes = 0;
+    XtAddCallback(tree, XmNselectionChanged, [](Widget, XtPointer, XtPointer) { changes++; },
+                  nullptr);
+    Widget other = XmCreatePrjTree(win.shell, (String) "other", nullptr, 0);
+    XmPrjTreeNode foreign = XmPrjTreeAddSimpleItem(other, "foreign", nullptr);
+    ASSERT_NE(foreign, nullptr);
+    XmPrjTreeSetNode(tree, foreign);
+    XmPrjTreeSelectItem(tree, foreign);
+    XmPrjTreeHighlight(tree, foreign);
+    XmPrjTreeSetTopItem(tree, foreign);
+    XmPrjTreeUpdateNode(tree, foreign);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(tree), child);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(tree), 1);
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(tree), nullptr);
+    EXPECT_EQ(changes, 0);
+    XtDestroyWidget(other);
+    XClearArea(XtDisplay(tree), XtWindow(tree), 0, 0, 0, 0, True);
+    xwktest::Settle();
+    XmPrjTreeSetNode(tree, top);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(tree), top);
 }
 
 }  // namespace

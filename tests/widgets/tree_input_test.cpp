@@ -605,33 +605,6 @@ TEST(TreeCallbacks, RangeAndDragSurviveCallbacksThatDeleteRows)
     EXPECT_LE(XmPrjTreeGetSelectedItemCount(l.tree), 4);
 }
 
-TEST(TreeCallbacks, NodesOfAnotherListAreLeftAlone)
-{
-    Live l(false, XmSINGLE_SELECT, 5);
-    Widget other_shell = XtVaCreatePopupShell("other", topLevelShellWidgetClass, l.shell, NULL);
-    Widget other = XmCreatePrjTree(other_shell, (String) "other", nullptr, 0);
-    XmPrjTreeNode foreign = XmPrjTreeAddSimpleItem(other, "foreign", nullptr);
-    ASSERT_NE(foreign, nullptr);
-    XmPrjTreeNode current = l.Current();
-    ASSERT_NE(current, nullptr);
-    int selected = XmPrjTreeGetSelectedItemCount(l.tree);
-    XmPrjTreeSetNode(l.tree, foreign);
-    XmPrjTreeSelectItem(l.tree, foreign);
-    XmPrjTreeHighlight(l.tree, foreign);
-    XmPrjTreeSetTopItem(l.tree, foreign);
-    XmPrjTreeUpdateNode(l.tree, foreign);
-    EXPECT_EQ(l.Current(), current);
-    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(l.tree), selected);
-    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(l.tree), nullptr);
-    EXPECT_EQ(Count("selectionChanged"), 0);
-    // The other list's row goes; this one works on as before.
-    XmPrjTreeDeleteAllItems(other);
-    XtDestroyWidget(other_shell);
-    l.Key(XK_Down);
-    EXPECT_EQ(XmPrjTreeGetNodeNumber(l.tree, l.Current()),
-              XmPrjTreeGetNodeNumber(l.tree, current) + 1);
-}
-
 TEST(TreeKeys, SlamKeysWorkInAListWithoutSlam)
 {
     Live l(false, XmSINGLE_SELECT, 3);
