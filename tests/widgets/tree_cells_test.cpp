@@ -154,28 +154,13 @@ TEST(TreeCells, ComboCellChoice)
         XmStringFree(i);
 }
 
-TEST(TreeCells, EditorChangeTellsOfBothEditors)
-{
-    // Moving from a text cell to a push button cell: the field's going is
-    // told for the cell it left, then the button's coming for the new one.
-    Sheet s;
-    XmPrjTreeSetColumnType(s.tree, 3, XmCELL_PUSH_BUTTON, 0);
-    XmPrjTreeNode a = s.Add("a1|a2|a3");
-    s.Up();
-    ASSERT_EQ(s.Column(), 1);
-    s.managed.clear();
-    ASSERT_TRUE(XmPrjTreeGotoColumn(s.tree, a, 3));
-    EXPECT_EQ(s.Editor(), Part(s.tree).cellPushButton);
-    EXPECT_EQ(s.managed, (std::vector<Managed>{{XmCR_TREE_CELL_UNMANAGED, 1},
-                                               {XmCR_TREE_CELL_MANAGED, 3}}));
-}
-
 // The rows of these lists are all top-level.
 XmPrjTreeNode Nth(Widget t, int n) { return XmPrjTreeGetItemByPositionFromParent(t, nullptr, n); }
 
-TEST(TreeCells, BlankCellStaysActive)
+TEST(TreeCells, BlankCellStaysActiveAndEditorsTakeTurns)
 {
     Sheet s;
+    XmPrjTreeSetColumnType(s.tree, 3, XmCELL_PUSH_BUTTON, 0);
     XmPrjTreeNode a = s.Add("a1|a2|a3");
     XmPrjTreeNode b = s.Add("b1|b2|b3");
     XmPrjTreeSetColumnLabel(s.tree, b, 2, " ");
@@ -199,6 +184,13 @@ TEST(TreeCells, BlankCellStaysActive)
     xwktest::Pump(200);
     EXPECT_TRUE(XtIsManaged(s.Editor()));
     EXPECT_STREQ(XmPrjTreeGetColumnLabel(s.tree, b, 2), " ");
+    // Moving from a text cell to a push button cell: the field's going is
+    // told for the cell it left, then the button's coming for the new one.
+    s.managed.clear();
+    ASSERT_TRUE(XmPrjTreeGotoColumn(s.tree, a, 3));
+    EXPECT_EQ(s.Editor(), Part(s.tree).cellPushButton);
+    EXPECT_EQ(s.managed, (std::vector<Managed>{{XmCR_TREE_CELL_UNMANAGED, 2},
+                                               {XmCR_TREE_CELL_MANAGED, 3}}));
 }
 
 TEST(TreeCells, CellOperations)
@@ -370,13 +362,9 @@ void Nothing(Widget, XtPointer, XtPointer) { drags++; }
 
 TEST(TreeCells, OpenPointsOfClones)
 {
-    // Each view in a shell of its own: Motif's row column leaks a little
-    // when a child of it is destroyed.
-    auto popup = [](const char *name, int y) {
-        return XtVaCreatePopupShell(name, topLevelShellWidgetClass, xwktest::StartApp(), XmNy, y,
-                                    XmNwidth, 240, XmNheight, 100, NULL);
-    };
-    Widget shell = popup("slam", 0), clone_shell = popup("clone", 150);
+    // Each view in a shell of its own, so that the clone can go alone.
+    Widget shell = xwktest::Shell("slam", 240, 100), clone_shell = xwktest::Shell("clone", 240, 100);
+    XtVaSetValues(clone_shell, XmNy, 150, NULL);
     Widget mother = treetest::Create(shell, "mother", {{XmNheight, 60}, {XmNwidth, 200}});
     // canSlam turned on later brings the built-in state icons.
     XwkIcon *fruitless = nullptr, *open = nullptr, *closed = nullptr;
