@@ -182,7 +182,7 @@ TEST(TreeClicks, MultipleSelectionWithCtrlAndShift)
               Seen(XmCR_ACTIVATE, Last("selectionChanged").part, l.rows[5]));
 }
 
-TEST(TreeKeys, ArrowsPagesAndEnds)
+TEST(TreeScrolling, KeysWheelAndOrigins)
 {
     Live l(false);
     l.ClickRow(0);
@@ -248,6 +248,28 @@ TEST(TreeKeys, ArrowsPagesAndEnds)
     l.Key(XK_Home);
     EXPECT_EQ(t.xOrigin, 0);
     EXPECT_EQ(l.Current(), l.rows[5]);
+    // The wheel: half a page, then a row with Shift, a page with Ctrl.
+    struct Turn { unsigned button, mods; int top; } turns[] = {
+        {5, 0, page - page / 2}, {4, 0, 0}, {5, ShiftMask, 1}, {5, ControlMask, 1 + page},
+    };
+    for (const Turn &turn : turns) {
+        l.Wheel(turn.button, turn.mods);
+        EXPECT_EQ(t.topRow, turn.top) << turn.button << " " << turn.mods;
+    }
+    // The traversal codes of XmPrjTreeScroll: 2 a row down, 1 a row up.
+    XmPrjTreeScroll(l.tree, 2);
+    XmPrjTreeScroll(l.tree, 2);
+    XmPrjTreeScroll(l.tree, 1);
+    int x = -1, y = -1;
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(y, 2 + page);
+    EXPECT_EQ(x, 0);
+    // Origins set from outside: -1 keeps one, the other moves.
+    XmPrjTreeSetOrigins(l.tree, -1, 7);
+    XmPrjTreeGetOrigins(l.tree, &x, &y);
+    EXPECT_EQ(y, 7);
+    EXPECT_EQ(x, 0);
+    EXPECT_EQ(xwktest::Get<int>(t.vScrollBar, XmNvalue), 7);
 }
 
 TEST(TreeKeys, SlamKeysOpenAndClose)
@@ -320,38 +342,6 @@ TEST(TreeKeys, StateIconPressSelectsAndToggles)
     EXPECT_FALSE(XmPrjTreeItemVisible(l.tree, c1));
     XmPrjTreeSetItemAttributes(l.tree, l.rows[2], nullptr, nullptr, nullptr, nullptr);
     XwkIconFree(l.tree, icon);
-}
-
-TEST(TreeWheel, HalfPageRowAndPage)
-{
-    Live l(false, XmSINGLE_SELECT, 100);
-    XmPrjTreePart &t = Part(l.tree);
-    int page = t.visibleRows;
-    ASSERT_GE(page, 4);
-    xwktest::Click(l.tree, 30, l.RowMiddle(0));
-    l.Wheel(5);
-    EXPECT_EQ(t.topRow, page - page / 2);
-    l.Wheel(4);
-    EXPECT_EQ(t.topRow, 0);
-    l.Key(XK_Down);  // keeps the pointer's focus on the list
-    l.Wheel(5, ShiftMask);
-    EXPECT_EQ(t.topRow, 1);
-    l.Wheel(5, ControlMask);
-    EXPECT_EQ(t.topRow, 1 + page);
-    // The traversal codes of XmPrjTreeScroll: 2 a row down, 1 a row up.
-    XmPrjTreeScroll(l.tree, 2);
-    XmPrjTreeScroll(l.tree, 2);
-    XmPrjTreeScroll(l.tree, 1);
-    int x = -1, y = -1;
-    XmPrjTreeGetOrigins(l.tree, &x, &y);
-    EXPECT_EQ(y, 2 + page);
-    EXPECT_EQ(x, 0);
-    // Origins set from outside: -1 keeps one, the other moves.
-    XmPrjTreeSetOrigins(l.tree, -1, 7);
-    XmPrjTreeGetOrigins(l.tree, &x, &y);
-    EXPECT_EQ(y, 7);
-    EXPECT_EQ(x, 0);
-    EXPECT_EQ(xwktest::Get<int>(t.vScrollBar, XmNvalue), 7);
 }
 
 TEST(TreeFocus, FocusCallbackAndDragStart)
