@@ -623,8 +623,7 @@ TEST(TreePointer, ButtonOneDragWaitsForTheMultiClickTimeOrAMove)
 {
     Live l(false, XmSINGLE_SELECT, 10);
     XtAddCallback(l.tree, XmNstartDragCallback, Record, (XtPointer) "startDragCallback");
-    Display *dpy = XtDisplay(l.tree);
-    Widget display = XmGetXmDisplay(dpy);
+    Widget display = XmGetXmDisplay(XtDisplay(l.tree));
     XtVaSetValues(display, XmNenableBtn1Transfer, XmBUTTON2_TRANSFER, NULL);
     l.ClickRow(2);
     ASSERT_EQ(l.Current(), l.rows[2]);
