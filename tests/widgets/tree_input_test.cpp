@@ -272,7 +272,14 @@ TEST(TreeScrolling, KeysWheelAndOrigins)
     EXPECT_EQ(xwktest::Get<int>(t.vScrollBar, XmNvalue), 7);
 }
 
-TEST(TreeKeys, SlamKeysOpenAndClose)
+void FillOnOpen(Widget w, XtPointer, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    if (cbs->part == XmTREE_PART_INDENT && cbs->node)
+        AddRow(w, cbs->node, "filled");
+}
+
+TEST(TreeKeys, SlamKeysOpenCloseAndFill)
 {
     Live l(true, XmSINGLE_SELECT, 3);
     XmPrjTreeNode a1 = AddRow(l.tree, l.rows[0], "a1");
@@ -309,6 +316,29 @@ TEST(TreeKeys, SlamKeysOpenAndClose)
     int rh = Part(l.tree).rowHeight;
     EXPECT_GT(c.Count(fg, 0, l.RowTop(3), l.tree->core.width, rh), 0);
     EXPECT_EQ(c.Count(fg, 4, l.RowTop(4), l.tree->core.width - 8, rh), 0);
+    // Opening a leaf lets the application fill it.
+    XtAddCallback(l.tree, XmNactivateCallback, FillOnOpen, nullptr);
+    l.ClickRow(2);
+    calls.clear();
+    l.Key(XK_Down, ControlMask);
+    EXPECT_EQ(Last("activateCallback").part, XmTREE_PART_INDENT);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, r[1]), XmSLAM_OPEN);
+    EXPECT_EQ(Part(l.tree).visibleList->count, 5);
+    // Return is the default action, which the callback hears; without a
+    // callback of its own a double click toggles the row.
+    calls.clear();
+    l.Key(XK_Return);
+    ASSERT_EQ(Count("defaultActionCallback"), 1);
+    EXPECT_EQ(Of("defaultActionCallback"),
+              Seen(Last("defaultActionCallback").reason, XmTREE_PART_LABEL, r[1]));
+    XtRemoveAllCallbacks(l.tree, XmNdefaultActionCallback);
+    XtRemoveAllCallbacks(l.tree, XmNactivateCallback);
+    AddRow(l.tree, r[2], "kid");
+    PastMultiClick(l.tree);
+    l.ClickRow(4);
+    l.ClickRow(4);
+    EXPECT_EQ(XmPrjTreeGetState(l.tree, r[2]), XmSLAM_OPEN);
+    EXPECT_EQ(Part(l.tree).visibleList->count, 6);
 }
 
 TEST(TreeKeys, StateIconPressSelectsAndToggles)
@@ -392,40 +422,6 @@ TEST(TreeFocus, FocusCallbackAndDragStart)
     xwktest::Capture c(l.tree);
     EXPECT_EQ(c.Count(highlight, 60, l.RowTop(2) + 1, width - 72, rh - 2), 0);
     EXPECT_GT(c.Count(highlight, 60, l.RowTop(3), width - 72, rh), 20);
-}
-
-void FillOnOpen(Widget w, XtPointer, XtPointer call)
-{
-    auto *cbs = (XmPrjTreeCallbackStruct *)call;
-    if (cbs->part == XmTREE_PART_INDENT && cbs->node)
-        AddRow(w, cbs->node, "filled");
-}
-
-TEST(TreeKeys, OpeningALeafLetsTheApplicationFillIt)
-{
-    Live l(true, XmSINGLE_SELECT, 3);
-    XtAddCallback(l.tree, XmNactivateCallback, FillOnOpen, nullptr);
-    l.ClickRow(1);
-    calls.clear();
-    l.Key(XK_Down, ControlMask);
-    EXPECT_EQ(Last("activateCallback").part, XmTREE_PART_INDENT);
-    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[1]), XmSLAM_OPEN);
-    EXPECT_EQ(Part(l.tree).visibleList->count, 4);
-    // Return is the default action, which the callback hears; without a
-    // callback of its own a double click toggles the row.
-    calls.clear();
-    l.Key(XK_Return);
-    ASSERT_EQ(Count("defaultActionCallback"), 1);
-    EXPECT_EQ(Of("defaultActionCallback"),
-              Seen(Last("defaultActionCallback").reason, XmTREE_PART_LABEL, l.rows[1]));
-    XtRemoveAllCallbacks(l.tree, XmNdefaultActionCallback);
-    XtRemoveAllCallbacks(l.tree, XmNactivateCallback);
-    AddRow(l.tree, l.rows[0], "kid");
-    PastMultiClick(l.tree);
-    l.ClickRow(0);
-    l.ClickRow(0);
-    EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[0]), XmSLAM_OPEN);
-    EXPECT_EQ(Part(l.tree).visibleList->count, 5);
 }
 
 TEST(TreePointer, DraggingBelowTheWindowScrolls)
