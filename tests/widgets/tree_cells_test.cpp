@@ -378,12 +378,9 @@ TEST(TreeCells, OpenPointsOfClones)
     Widget display = XmGetXmDisplay(XtDisplay(clone));
     XtVaSetValues(display, XmNenableBtn1Transfer, XmBUTTON2_TRANSFER, NULL);
     Display *dpy = XtDisplay(clone);
-    int x, y, row_y = treetest::RowMiddle(clone, 0), label_x = 0;
+    int x, y, row_y = treetest::RowMiddle(clone, 0), label_x = 60;
     xwktest::RootPosition(clone, &x, &y);
-    while (label_x < clone->core.width &&
-           !XmPrjTreeWhichNode(XmTREE_PART_LABEL, label_x, row_y, clone))
-        label_x++;
-    label_x += 2;
+    ASSERT_NE(XmPrjTreeWhichNode(XmTREE_PART_LABEL, label_x, row_y, clone), nullptr);
     xwktest::Click(clone, label_x, row_y);
     xwktest::PastMultiClick(clone);
     xwktest::MovePointer(dpy, x + label_x, y + row_y);

@@ -466,25 +466,24 @@ TEST(TreePointer, DraggingBelowTheWindowScrolls)
     }
 }
 
-// What the deleting callback removes when it hears its list.
-enum class Drop { nothing, parent, all, node };
-Drop drop = Drop::nothing;
+// What the deleting callback does, once, with the row its list tells of.
+using Drop = std::function<void(Widget, XmPrjTreeNode)>;
+Drop drop;
 std::string drop_on;
 
 void Deleter(Widget w, XtPointer closure, XtPointer call)
 {
     auto *cbs = (XmPrjTreeCallbackStruct *)call;
-    if (drop_on != (const char *)closure || drop == Drop::nothing || !cbs->node)
-        return;
-    Drop what = drop;
-    drop = Drop::nothing;
-    if (what == Drop::parent)
-        XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, cbs->node));
-    else if (what == Drop::all)
-        XmPrjTreeDeleteAllItems(w);
-    else
-        XmPrjTreeDeleteItem(w, cbs->node);
+    if (drop && drop_on == (const char *)closure && cbs->node)
+        std::exchange(drop, nullptr)(w, cbs->node);
 }
+
+void DropParent(Widget w, XmPrjTreeNode node)
+{
+    XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, node));
+}
+
+void DropAll(Widget w, XmPrjTreeNode) { XmPrjTreeDeleteAllItems(w); }
 
 struct Deleting : Live {
     Deleting(unsigned char policy) : Live(true, policy, 6)
@@ -513,7 +512,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     // the branch goes with the row that would have followed it as current,
     // and the press itself raises nothing more.
     PastMultiClick(l.tree);
-    l.Arm("activateCallback", Drop::parent);
+    l.Arm("activateCallback", DropParent);
     calls.clear();
     l.ClickRow(2);
     EXPECT_EQ(l.Shown(), 5);
@@ -524,7 +523,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     l.ClickRow(0);
     EXPECT_EQ(l.Current(), l.rows[1]);
     // A key whose selection callback empties the list.
-    l.Arm("selectionChanged", Drop::all);
+    l.Arm("selectionChanged", DropAll);
     l.Key(XK_Down);
     EXPECT_EQ(l.Shown(), 0);
     EXPECT_EQ(l.Current(), nullptr);
@@ -538,7 +537,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     xwktest::Settle();
     PastMultiClick(l.tree);
     l.ClickRow(1);
-    l.Arm("defaultActionCallback", Drop::node);
+    l.Arm("defaultActionCallback", XmPrjTreeDeleteItem);
     l.ClickRow(1);
     EXPECT_EQ(l.Shown(), 2);
     XmPrjTreeNode first = XmPrjTreeGetFirstNode(l.tree);
@@ -548,7 +547,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     PastMultiClick(l.tree);
     l.ClickRow(1);
     ASSERT_NE(l.Current(), nullptr);
-    l.Arm("activateCallback", Drop::node);
+    l.Arm("activateCallback", XmPrjTreeDeleteItem);
     l.Key(XK_Down, ControlMask);
     EXPECT_EQ(l.Shown(), 1);
     EXPECT_EQ(l.Current(), first);
@@ -561,7 +560,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     ASSERT_EQ(l.Shown(), 3);
     PastMultiClick(l.tree);
     l.ClickRow(2);
-    l.Arm("selectionChanged", Drop::node);
+    l.Arm("selectionChanged", XmPrjTreeDeleteItem);
     l.Key(XK_Up, ControlMask);
     EXPECT_EQ(l.Shown(), 1);
     EXPECT_EQ(l.Current(), first);
@@ -572,7 +571,7 @@ TEST(TreeCallbacks, RangeAndDragSurviveCallbacksThatDeleteRows)
     Deleting l(XmMULTIPLE_SELECT);
     l.ClickRow(0);
     // The range walk stops at the callback that deleted a row.
-    l.Arm("multipleSelectionCallback", Drop::node);
+    l.Arm("multipleSelectionCallback", XmPrjTreeDeleteItem);
     calls.clear();
     l.ClickRow(4, ShiftMask);
     EXPECT_EQ(l.Shown(), 5);
@@ -581,7 +580,7 @@ TEST(TreeCallbacks, RangeAndDragSurviveCallbacksThatDeleteRows)
     // A drag whose selection callback deletes the row it reached.
     PastMultiClick(l.tree);
     xwktest::Press(l.tree, 40, l.RowMiddle(0));
-    l.Arm("selectionChanged", Drop::node);
+    l.Arm("selectionChanged", XmPrjTreeDeleteItem);
     xwktest::MoveTo(l.tree, 40, l.RowMiddle(2));
     xwktest::MoveTo(l.tree, 40, l.RowMiddle(3));
     xwktest::Release(l.tree, 1, 80);
