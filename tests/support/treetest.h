@@ -50,10 +50,7 @@ inline int RowTop(Widget tree, int row)
     return t.treeMarginHeight + shadow + (row - t.topRow) * t.rowHeight;
 }
 
-inline int RowMiddle(Widget tree, int row)
-{
-    return RowTop(tree, row) + Part(tree).rowHeight / 2;
-}
+inline int RowMiddle(Widget tree, int row) { return RowTop(tree, row) + Part(tree).rowHeight / 2; }
 
 // The fill of a shown row, read back from the screen right of its label.
 inline Pixel RowFill(Widget tree, int row)

@@ -35,9 +35,8 @@ int CallEverything(Widget w, XmPrjTreeNode node)
     XtPointer *users = nullptr;
     char **labels = nullptr;
     XmPrjTreeNode *ids = nullptr;
-    int order[2] = {1, 0};
+    int order[2] = {1, 0}, x = 0, y = 0;
     Dimension width = 0, height = 0;
-    int x = 0, y = 0;
 
     note(AddRow(w, node, "a", XmSLAM_OPEN) != nullptr);
     note(XmPrjTreeAddSimpleItemToItem(w, node, "b", nullptr, nullptr) != nullptr);

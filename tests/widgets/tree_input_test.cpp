@@ -664,8 +664,7 @@ TEST(TreeTraversal, TabAndShiftTabMoveBetweenGroups)
     Widget box = XtVaCreateManagedWidget("box", xmRowColumnWidgetClass, shell, NULL);
     Widget tree = treetest::Create(box, "list", {{XmNvisibleLines, 5}});
     Widget second = treetest::Create(box, "second", {{XmNvisibleLines, 2}});
-    for (int i = 0; i < 5; i++)
-        XmPrjTreeAddSimpleItem(tree, (char *)"row", nullptr);
+    XmPrjTreeAddSimpleItem(tree, (char *)"row", nullptr);
     XmPrjTreeAddSimpleItem(second, (char *)"other", nullptr);
     XtManageChild(second);
     Widget group = XtVaCreateManagedWidget("group", xmFormWidgetClass, box, NULL);
