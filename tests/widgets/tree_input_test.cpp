@@ -45,6 +45,31 @@ Seen Of(const std::string &list)
     return {d.reason, d.part, d.node};
 }
 
+// What the deleting callback does, once, with the row its list tells of.
+using Drop = std::function<void(Widget, XmPrjTreeNode)>;
+Drop drop;
+std::string drop_on;
+
+void Deleter(Widget w, XtPointer closure, XtPointer call)
+{
+    auto *cbs = (XmPrjTreeCallbackStruct *)call;
+    if (drop && drop_on == (const char *)closure && cbs->node)
+        std::exchange(drop, nullptr)(w, cbs->node);
+}
+
+void DropParent(Widget w, XmPrjTreeNode node)
+{
+    XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, node));
+}
+
+void DropAll(Widget w, XmPrjTreeNode) { XmPrjTreeDeleteAllItems(w); }
+
+void Arm(const char *list, Drop what)
+{
+    drop_on = list;
+    drop = what;
+}
+
 struct Live : treetest::Window {
     std::vector<XmPrjTreeNode> rows;
     Live(bool slam, unsigned char policy = XmSINGLE_SELECT, int n = 40)
@@ -52,7 +77,9 @@ struct Live : treetest::Window {
     {
         for (const char *name : {"activateCallback", "selectionChanged", "defaultActionCallback",
                                  "multipleSelectionCallback", "focusCallback"})
-            XtAddCallback(tree, name, Record, (XtPointer)name);
+            for (XtCallbackProc proc : {Record, Deleter})
+                XtAddCallback(tree, name, proc, (XtPointer)name);
+        drop = nullptr;
         for (int i = 0; i < n; i++) {
             std::string label = "row " + std::to_string(i);
             rows.push_back(AddRow(tree, nullptr, label.c_str(), XmSLAM_CLOSE, i + 1));
@@ -71,6 +98,7 @@ struct Live : treetest::Window {
         xwktest::Pump(80);
     }
     XmPrjTreeNode Current() { return XmPrjTreeGetSelectedItem(tree); }
+    int Shown() { return Part(tree).visibleList ? Part(tree).visibleList->count : -1; }
 };
 
 TEST(TreeClicks, SelectAndDoubleClick)
@@ -323,7 +351,7 @@ TEST(TreeKeys, SlamKeysOpenCloseAndFill)
     l.Key(XK_Down, ControlMask);
     EXPECT_EQ(Last("activateCallback").part, XmTREE_PART_INDENT);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, r[1]), XmSLAM_OPEN);
-    EXPECT_EQ(Part(l.tree).visibleList->count, 5);
+    EXPECT_EQ(l.Shown(), 5);
     // Return is the default action, which the callback hears; without a
     // callback of its own a double click toggles the row.
     calls.clear();
@@ -338,7 +366,7 @@ TEST(TreeKeys, SlamKeysOpenCloseAndFill)
     l.ClickRow(4);
     l.ClickRow(4);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, r[2]), XmSLAM_OPEN);
-    EXPECT_EQ(Part(l.tree).visibleList->count, 6);
+    EXPECT_EQ(l.Shown(), 6);
 }
 
 TEST(TreeKeys, StateIconPressSelectsAndToggles)
@@ -353,7 +381,7 @@ TEST(TreeKeys, StateIconPressSelectsAndToggles)
     EXPECT_EQ(l.Current(), l.rows[1]);
     EXPECT_EQ(XmPrjTreeGetState(l.tree, l.rows[1]), XmSLAM_OPEN);
     EXPECT_EQ(Last("activateCallback").part, XmTREE_PART_STATE_ICON);
-    EXPECT_EQ(t.visibleList->count, 4);
+    EXPECT_EQ(l.Shown(), 4);
     // With item icons the state icon column of a top-level row counts as
     // the icon: the press selects and toggles nothing.
     XwkIcon *icon = xwktest::SolidIcon(l.tree, 16, 16, "#0000FF");
@@ -466,43 +494,9 @@ TEST(TreePointer, DraggingBelowTheWindowScrolls)
     }
 }
 
-// What the deleting callback does, once, with the row its list tells of.
-using Drop = std::function<void(Widget, XmPrjTreeNode)>;
-Drop drop;
-std::string drop_on;
-
-void Deleter(Widget w, XtPointer closure, XtPointer call)
-{
-    auto *cbs = (XmPrjTreeCallbackStruct *)call;
-    if (drop && drop_on == (const char *)closure && cbs->node)
-        std::exchange(drop, nullptr)(w, cbs->node);
-}
-
-void DropParent(Widget w, XmPrjTreeNode node)
-{
-    XmPrjTreeDeleteItem(w, XmPrjTreeGetParent(w, node));
-}
-
-void DropAll(Widget w, XmPrjTreeNode) { XmPrjTreeDeleteAllItems(w); }
-
-struct Deleting : Live {
-    Deleting(unsigned char policy) : Live(true, policy, 6)
-    {
-        for (const char *name : {"activateCallback", "selectionChanged", "defaultActionCallback",
-                                 "multipleSelectionCallback"})
-            XtAddCallback(tree, name, Deleter, (XtPointer)name);
-    }
-    void Arm(const char *list, Drop what)
-    {
-        drop_on = list;
-        drop = what;
-    }
-    int Shown() { return Part(tree).visibleList ? Part(tree).visibleList->count : -1; }
-};
-
 TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
 {
-    Deleting l(XmSINGLE_SELECT);
+    Live l(true, XmSINGLE_SELECT, 6);
     AddRow(l.tree, l.rows[0], "k1");
     AddRow(l.tree, l.rows[0], "k2");
     XmPrjTreeChangeState(l.tree, l.rows[0], XmSLAM_OPEN);
@@ -512,7 +506,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     // the branch goes with the row that would have followed it as current,
     // and the press itself raises nothing more.
     PastMultiClick(l.tree);
-    l.Arm("activateCallback", DropParent);
+    Arm("activateCallback", DropParent);
     calls.clear();
     l.ClickRow(2);
     EXPECT_EQ(l.Shown(), 5);
@@ -523,7 +517,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     l.ClickRow(0);
     EXPECT_EQ(l.Current(), l.rows[1]);
     // A key whose selection callback empties the list.
-    l.Arm("selectionChanged", DropAll);
+    Arm("selectionChanged", DropAll);
     l.Key(XK_Down);
     EXPECT_EQ(l.Shown(), 0);
     EXPECT_EQ(l.Current(), nullptr);
@@ -537,7 +531,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     xwktest::Settle();
     PastMultiClick(l.tree);
     l.ClickRow(1);
-    l.Arm("defaultActionCallback", XmPrjTreeDeleteItem);
+    Arm("defaultActionCallback", XmPrjTreeDeleteItem);
     l.ClickRow(1);
     EXPECT_EQ(l.Shown(), 2);
     XmPrjTreeNode first = XmPrjTreeGetFirstNode(l.tree);
@@ -547,7 +541,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     PastMultiClick(l.tree);
     l.ClickRow(1);
     ASSERT_NE(l.Current(), nullptr);
-    l.Arm("activateCallback", XmPrjTreeDeleteItem);
+    Arm("activateCallback", XmPrjTreeDeleteItem);
     l.Key(XK_Down, ControlMask);
     EXPECT_EQ(l.Shown(), 1);
     EXPECT_EQ(l.Current(), first);
@@ -560,7 +554,7 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
     ASSERT_EQ(l.Shown(), 3);
     PastMultiClick(l.tree);
     l.ClickRow(2);
-    l.Arm("selectionChanged", XmPrjTreeDeleteItem);
+    Arm("selectionChanged", XmPrjTreeDeleteItem);
     l.Key(XK_Up, ControlMask);
     EXPECT_EQ(l.Shown(), 1);
     EXPECT_EQ(l.Current(), first);
@@ -568,10 +562,10 @@ TEST(TreeCallbacks, InputSurvivesCallbacksThatDeleteRows)
 
 TEST(TreeCallbacks, RangeAndDragSurviveCallbacksThatDeleteRows)
 {
-    Deleting l(XmMULTIPLE_SELECT);
+    Live l(true, XmMULTIPLE_SELECT, 6);
     l.ClickRow(0);
     // The range walk stops at the callback that deleted a row.
-    l.Arm("multipleSelectionCallback", XmPrjTreeDeleteItem);
+    Arm("multipleSelectionCallback", XmPrjTreeDeleteItem);
     calls.clear();
     l.ClickRow(4, ShiftMask);
     EXPECT_EQ(l.Shown(), 5);
@@ -580,7 +574,7 @@ TEST(TreeCallbacks, RangeAndDragSurviveCallbacksThatDeleteRows)
     // A drag whose selection callback deletes the row it reached.
     PastMultiClick(l.tree);
     xwktest::Press(l.tree, 40, l.RowMiddle(0));
-    l.Arm("selectionChanged", XmPrjTreeDeleteItem);
+    Arm("selectionChanged", XmPrjTreeDeleteItem);
     xwktest::MoveTo(l.tree, 40, l.RowMiddle(2));
     xwktest::MoveTo(l.tree, 40, l.RowMiddle(3));
     xwktest::Release(l.tree, 1, 80);
