@@ -42,6 +42,23 @@ inline void QueuedDrag(Display *dpy, int x, int y, int dx, int dy, unsigned butt
     XFlush(dpy);
 }
 
+// Top and middle of a shown row, counted from the top row, in the list.
+inline int RowTop(Widget tree, int row)
+{
+    XmPrjTreePart &t = Part(tree);
+    Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
+    return t.treeMarginHeight + shadow + (row - t.topRow) * t.rowHeight;
+}
+
+inline int RowMiddle(Widget tree, int row) { return RowTop(tree, row) + Part(tree).rowHeight / 2; }
+
+// The fill of a shown row, read back from the screen right of its label.
+inline Pixel RowFill(Widget tree, int row)
+{
+    xwktest::Settle();
+    return xwktest::Capture(tree).Pixel(tree->core.width - 12, RowMiddle(tree, row));
+}
+
 using Args = std::initializer_list<std::pair<const char *, XtArgVal>>;
 
 // A list, scrolled or bare, made with the arguments given.
@@ -69,14 +86,8 @@ struct Window {
         xwktest::Settle();
     }
     void Up(int pump_ms = 150) { xwktest::Show(tree, shell, pump_ms); }
-    // Top and middle of a shown row, counted from the top row, in the list.
-    int RowTop(int row)
-    {
-        XmPrjTreePart &t = Part(tree);
-        Dimension shadow = ((XmManagerWidget)tree)->manager.shadow_thickness;
-        return t.treeMarginHeight + shadow + (row - t.topRow) * t.rowHeight;
-    }
-    int RowMiddle(int row) { return RowTop(row) + Part(tree).rowHeight / 2; }
+    int RowTop(int row) { return treetest::RowTop(tree, row); }
+    int RowMiddle(int row) { return treetest::RowMiddle(tree, row); }
     void ClickRow(int row, unsigned mods = 0, int x = 60)
     {
         xwktest::ClickWith(tree, x, RowMiddle(row), mods);

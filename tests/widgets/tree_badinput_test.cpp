@@ -35,9 +35,8 @@ int CallEverything(Widget w, XmPrjTreeNode node)
     XtPointer *users = nullptr;
     char **labels = nullptr;
     XmPrjTreeNode *ids = nullptr;
-    int order[2] = {1, 0};
+    int order[2] = {1, 0}, x = 0, y = 0;
     Dimension width = 0, height = 0;
-    int x = 0, y = 0;
 
     note(AddRow(w, node, "a", XmSLAM_OPEN) != nullptr);
     note(XmPrjTreeAddSimpleItemToItem(w, node, "b", nullptr, nullptr) != nullptr);
@@ -118,7 +117,6 @@ int CallEverything(Widget w, XmPrjTreeNode node)
     XmPrjTreeShadowHighlight(w);
     XmPrjTreeShadowUnhighlight(w);
     XmPrjTreeSetEditable(w, False);
-    XmPrjTreeSetEditable(w, True);
     XmPrjTreeDeleteItems(w, &node, 1);
     note(XmPrjTreeDeleteChildren(w, node) > 0);
     XmPrjTreeDeleteItem(w, node);
@@ -128,16 +126,12 @@ int CallEverything(Widget w, XmPrjTreeNode node)
 
 TEST(TreeBadInput, OtherWidgetsAndNoWidgetAreIgnored)
 {
-    Widget app = xwktest::StartApp();
-    Widget shell = XtVaCreatePopupShell("bad", topLevelShellWidgetClass, app, XtNwidth, 200,
-                                        XtNheight, 150, NULL);
-    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
-    Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, form, NULL);
-    Widget tree = XmCreateTreeList(form, (String) "tree", nullptr, 0);
-    XtVaSetValues(tree, XmNcanSlam, True, XmNtopAttachment, XmATTACH_WIDGET, XmNtopWidget, label,
-                  XmNbottomAttachment, XmATTACH_FORM, XmNleftAttachment, XmATTACH_FORM,
-                  XmNrightAttachment, XmATTACH_FORM, NULL);
-    xwktest::Show(tree, shell, 0);
+    // A manager and a primitive of other classes beside the list.
+    treetest::Window win({{XmNcanSlam, True}}, 200, 150, false, "tree");
+    Widget form = XtVaCreateWidget("form", xmFormWidgetClass, win.shell, NULL);
+    Widget label = XtVaCreateWidget("label", xmLabelWidgetClass, form, NULL);
+    Widget tree = win.tree;
+    win.Up(0);
 
     XmPrjTreeNode top = XmPrjTreeAddItem(tree, nullptr, "top", nullptr, (XtPointer)7,
                                          XmSLAM_OPEN, nullptr, nullptr, nullptr);
@@ -171,7 +165,28 @@ TEST(TreeBadInput, OtherWidgetsAndNoWidgetAreIgnored)
     xwktest::Settle();
     EXPECT_EQ(Rows(tree), 2);
     EXPECT_EQ(XmPrjTreeGetParent(tree, child), top);
-    XtDestroyWidget(shell);
+
+    // A node of another list: left alone, and nothing of it kept.
+    static int changes = 0;
+    XtAddCallback(tree, XmNselectionChanged, [](Widget, XtPointer, XtPointer) { changes++; },
+                  nullptr);
+    Widget other = XmCreatePrjTree(win.shell, (String) "other", nullptr, 0);
+    XmPrjTreeNode foreign = XmPrjTreeAddSimpleItem(other, "foreign", nullptr);
+    ASSERT_NE(foreign, nullptr);
+    XmPrjTreeSetNode(tree, foreign);
+    XmPrjTreeSelectItem(tree, foreign);
+    XmPrjTreeHighlight(tree, foreign);
+    XmPrjTreeSetTopItem(tree, foreign);
+    XmPrjTreeUpdateNode(tree, foreign);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(tree), child);
+    EXPECT_EQ(XmPrjTreeGetSelectedItemCount(tree), 1);
+    EXPECT_EQ(XmPrjTreeGetHighlightedWidget(tree), nullptr);
+    EXPECT_EQ(changes, 0);
+    XtDestroyWidget(other);
+    XClearArea(XtDisplay(tree), XtWindow(tree), 0, 0, 0, 0, True);
+    xwktest::Settle();
+    XmPrjTreeSetNode(tree, top);
+    EXPECT_EQ(XmPrjTreeGetSelectedItem(tree), top);
 }
 
 }  // namespace
