@@ -148,8 +148,9 @@ TEST(ToolBar, LayoutTipAndShortHelpInBothStyles)
         EXPECT_EQ(XtX(tip), bx + XtWidth(b) / 2);
         EXPECT_EQ(XtY(tip), by + XtHeight(b) + 5);
         EXPECT_EQ(RootPixel(XtX(tip) + 2, XtY(tip) + 2), kTipColour);
-        if (new_style)  // raised in the form's colours while the pointer is inside
+        if (new_style) {  // raised in the form's colours while the pointer is inside
             EXPECT_EQ(xwktest::Capture(b).Pixel(in, in), form_top);
+        }
 
         xwktest::MovePointer(XtDisplay(b), bx + 200, by + 60);
         ASSERT_TRUE(WaitTip(false));
