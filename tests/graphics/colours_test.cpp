@@ -130,7 +130,8 @@ TEST(Converters, PixelConverterWarnsAndFrees)
     Boolean ok;
     EXPECT_EQ(ConvertTo(shell, XmRPixel, "red", &ok), 0xff0000UL);
     EXPECT_TRUE(ok);
-    EXPECT_EQ(ConvertTo(shell, XmRPixel, "XTDEFAULTBACKGROUND", &ok), WhitePixelOfScreen(XtScreen(shell)));
+    EXPECT_EQ(ConvertTo(shell, XmRPixel, "XTDEFAULTBACKGROUND", &ok),
+              WhitePixelOfScreen(XtScreen(shell)));
     EXPECT_TRUE(ok);
 
     warnings.clear();
@@ -168,7 +169,8 @@ TEST(Converters, PixelConverterWarnsAndFrees)
     Display *pdpy = XtDisplay(pseudo);
     Screen *pscreen = XtScreen(pseudo);
     Colormap pmap = DefaultColormapOfScreen(pscreen);
-    XrmValue pargs[2] = {{sizeof(Screen *), (XPointer)&pscreen}, {sizeof(Colormap), (XPointer)&pmap}};
+    XrmValue pargs[2] = {{sizeof(Screen *), (XPointer)&pscreen},
+                         {sizeof(Colormap), (XPointer)&pmap}};
     XrmValue blue = {5, (XPointer)"blue"};
     Pixel pixel = 0;
     XrmValue out = {sizeof(Pixel), (XPointer)&pixel};
@@ -219,8 +221,8 @@ TEST(Converters, SelectColourNamesAndFonts)
     XtFree((char *)tags);
 
     // A label built from the converted table draws with it.
-    Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, shell,
-                                           XtVaTypedArg, XmNrenderTable, XmRString, "fixed", 6, NULL);
+    Widget label = XtVaCreateManagedWidget("label", xmLabelWidgetClass, shell, XtVaTypedArg,
+                                           XmNrenderTable, XmRString, "fixed", 6, NULL);
     EXPECT_NE(xwktest::Get<XmRenderTable>(label, XmNrenderTable), nullptr);
     XtDestroyWidget(label);
 }

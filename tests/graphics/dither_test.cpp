@@ -62,7 +62,8 @@ TEST(PixmapToImage, BlackAndWhiteGreyAndColourOnTrueColor)
     Display *dpy = XtDisplay(shell);
     Colormap map = DefaultColormapOfScreen(XtScreen(shell));
 
-    Pixmap bw = Paint(shell, 5, 2, [](int x, int y) -> unsigned long { return (x + y) % 2 ? 0xffffff : 0; });
+    Pixmap bw = Paint(shell, 5, 2,
+                      [](int x, int y) -> unsigned long { return (x + y) % 2 ? 0xffffff : 0; });
     XwkImage *image = XwkPixmapToImage(shell, bw, map);
     ASSERT_NE(image, nullptr);
     ASSERT_EQ(image->cmapSize, 2);
@@ -73,7 +74,8 @@ TEST(PixmapToImage, BlackAndWhiteGreyAndColourOnTrueColor)
         EXPECT_EQ(image->data[i], (i % 5 + i / 5) % 2) << i;
     XwkImageDelete(image);
 
-    Pixmap grey = Paint(shell, 3, 1, [](int x, int) -> unsigned long { return 0x010101UL * (x * 100); });
+    Pixmap grey =
+        Paint(shell, 3, 1, [](int x, int) -> unsigned long { return 0x010101UL * (x * 100); });
     image = XwkPixmapToImage(shell, grey, map);
     ASSERT_EQ(image->cmapSize, 256);
     EXPECT_EQ(image->cmap[3 * 77], 77);
@@ -83,7 +85,8 @@ TEST(PixmapToImage, BlackAndWhiteGreyAndColourOnTrueColor)
     EXPECT_EQ(image->data[2], 200);
     XwkImageDelete(image);
 
-    Pixmap colour = Paint(shell, 2, 1, [](int x, int) -> unsigned long { return x ? 0x123456 : 0xffffff; });
+    Pixmap colour =
+        Paint(shell, 2, 1, [](int x, int) -> unsigned long { return x ? 0x123456 : 0xffffff; });
     image = XwkPixmapToImage(shell, colour, map);
     ASSERT_EQ(image->cmapSize, 0);
     EXPECT_EQ(image->bytesPerPixel, 3);

@@ -29,7 +29,8 @@ const char *kPlain[] = {
 
 Widget ColouredLabel(Widget parent, Pixel background)
 {
-    return XtVaCreateManagedWidget("icons", xmLabelWidgetClass, parent, XmNbackground, background, NULL);
+    return XtVaCreateManagedWidget("icons", xmLabelWidgetClass, parent, XmNbackground, background,
+                                   NULL);
 }
 
 const char *kFaceFile =

@@ -150,7 +150,8 @@ std::vector<RGB> Cut(const std::vector<RGB> &pixels, int colors, std::vector<uns
             s[0] += Ch(c, 'r') << 3, s[1] += Ch(c, 'g') << 3, s[2] += Ch(c, 'b') << 3;
             histogram[c] = b;
         }
-        map.push_back({(unsigned char)(s[0] / boxes[b].count), (unsigned char)(s[1] / boxes[b].count),
+        map.push_back({(unsigned char)(s[0] / boxes[b].count),
+                       (unsigned char)(s[1] / boxes[b].count),
                        (unsigned char)(s[2] / boxes[b].count)});
     }
     indexes->clear();
@@ -331,7 +332,8 @@ TEST(Compress, MedianCutMatchesTheLiteralAlgorithm)
         for (int y = 0; y < h; y++) {
             for (int x = 0; x < w; x++) {
                 int noise = (int)(rng() % 40);
-                px[y * w + x] = {(unsigned char)(x * 255 / w), (unsigned char)((y * 200 / h + noise) & 0xFF),
+                px[y * w + x] = {(unsigned char)(x * 255 / w),
+                                 (unsigned char)((y * 200 / h + noise) & 0xFF),
                                  (unsigned char)(rng() % (round + 2) * 37)};
             }
         }

@@ -143,7 +143,8 @@ TEST_F(PseudoColorPalette, AllocationTakesFreeCellsThenTheNearest)
     // Fill every free cell with a distinct colour.
     std::vector<Pixel> taken;
     for (int i = 0; p->freeCells > 0; i++) {
-        XColor fill = Rgb((unsigned short)((i % 16) * 0x1000 + 0x0800), (unsigned short)((i / 16) * 0x1000 + 0x0800), 0x2200);
+        XColor fill = Rgb((unsigned short)((i % 16) * 0x1000 + 0x0800),
+                          (unsigned short)((i / 16) * 0x1000 + 0x0800), 0x2200);
         taken.push_back(XwkPaletteAlloc(p, &fill));
         ASSERT_LT(i, 300);
     }
@@ -154,7 +155,7 @@ TEST_F(PseudoColorPalette, AllocationTakesFreeCellsThenTheNearest)
     EXPECT_EQ(XwkPaletteAlloc(p, &near), got);
     EXPECT_EQ(near.pixel, got);
     EXPECT_EQ(p->freeCells, 0);
-    XColor near_fill = Rgb(0x1900, 0x0900, 0x2200);   // closest to fill #1: (0x1800, 0x0800, 0x2200)
+    XColor near_fill = Rgb(0x1900, 0x0900, 0x2200);  // closest to fill #1: (0x1800, 0x0800, 0x2200)
     EXPECT_EQ(XwkPaletteAlloc(p, &near_fill), taken[1]);
 }
 

@@ -40,7 +40,8 @@ TEST(HelpData, EachAncestorCompletesWhatIsStillUnset)
         Widget top = XtVaCreateManagedWidget("top", xmFormWidgetClass, row(), NULL);
         Widget middle = XtVaCreateManagedWidget("middle", xmFormWidgetClass, top, NULL);
         Widget leaf = XtVaCreateManagedWidget("leaf", xmPushButtonWidgetClass, middle, NULL);
-        const std::pair<Widget, Record> records[] = {{top, c.top}, {middle, c.middle}, {leaf, c.leaf}};
+        const std::pair<Widget, Record> records[] = {
+            {top, c.top}, {middle, c.middle}, {leaf, c.leaf}};
         for (const auto &[w, r] : records)
             if (r.file)
                 XwkSetHelpData(w, r.file, r.page, r.anchor);

@@ -84,7 +84,8 @@ TEST(RunProcess, TheStatusIsReadInTheMessageBox)
         // Only the last chunk of the output is reported.
         {"sh -c 'yes | head -c 20000; sleep 0.2; echo tail; exit 127'",
          "Can't execute `" + sh + "':\ntail|"},
-        {"/nonexistent/program", "Can't execute `/nonexistent/program':\nNo such file or directory|"},
+        {"/nonexistent/program",
+         "Can't execute `/nonexistent/program':\nNo such file or directory|"},
         {"sh -c 'exit 13'", "Can't execute `" + sh + "':\nPermission denied|"},
         {"sh -c 'exit 5'", "`" + sh + "' exited:\nInput/output error|"},
         {"sh -c 'kill -TERM $$'", "`" + sh + "' terminated:\nTerminated|"},

@@ -116,9 +116,9 @@ Widget PseudoColorShell()
         fprintf(stderr, "xwktest: the server has no PseudoColor screen\n");
         abort();
     }
-    shell = XtVaAppCreateShell("pseudo", "XwkTest", applicationShellWidgetClass, dpy,
-                               XtNscreen, ScreenOfDisplay(dpy, 1), XtNdepth, DefaultDepth(dpy, 1),
-                               XtNcolormap, DefaultColormap(dpy, 1), XmNwidth, 60, XmNheight, 40, nullptr);
+    shell = XtVaAppCreateShell("pseudo", "XwkTest", applicationShellWidgetClass, dpy, XtNscreen,
+                               ScreenOfDisplay(dpy, 1), XtNdepth, DefaultDepth(dpy, 1), XtNcolormap,
+                               DefaultColormap(dpy, 1), XmNwidth, 60, XmNheight, 40, nullptr);
     return shell;
 }
 
@@ -178,8 +178,8 @@ bool OthersCanGrab()
     if (!other)
         return false;
     Window root = DefaultRootWindow(other);
-    int p = XGrabPointer(other, root, False, ButtonPressMask, GrabModeAsync, GrabModeAsync, None, None,
-                         CurrentTime);
+    int p = XGrabPointer(other, root, False, ButtonPressMask, GrabModeAsync, GrabModeAsync, None,
+                         None, CurrentTime);
     int k = XGrabKeyboard(other, root, False, GrabModeAsync, GrabModeAsync, CurrentTime);
     XUngrabPointer(other, CurrentTime);
     XUngrabKeyboard(other, CurrentTime);
@@ -280,7 +280,12 @@ void GestureStep(XtPointer closure, XtIntervalId *)
 
 void DragPointer(Widget w, int x0, int y0, int x1, int y1, unsigned button, int steps, int step_ms)
 {
-    Gesture g{XtDisplay(w), XScreenNumberOfScreen(XtScreen(w)), x0, y0, x1, y1, button, steps, step_ms, 0, false, 0};
+    Gesture g{XtDisplay(w), XScreenNumberOfScreen(XtScreen(w)),
+              x0,           y0,
+              x1,           y1,
+              button,       steps,
+              step_ms,      0,
+              false,        0};
     PointerTo(g.dpy, XtScreen(w), x0, y0);
     XTestFakeButtonEvent(g.dpy, button, True, CurrentTime);
     XFlush(g.dpy);

@@ -357,7 +357,8 @@ void Nothing(Widget, XtPointer, XtPointer) { drags++; }
 TEST(TreeCells, OpenPointsOfClones)
 {
     // Each view in a shell of its own, so that the clone can go alone.
-    Widget shell = xwktest::Shell("slam", 240, 100), clone_shell = xwktest::Shell("clone", 240, 100);
+    Widget shell = xwktest::Shell("slam", 240, 100),
+           clone_shell = xwktest::Shell("clone", 240, 100);
     XtVaSetValues(clone_shell, XmNy, 150, NULL);
     Widget mother = treetest::Create(shell, "mother", {{XmNheight, 60}, {XmNwidth, 200}});
     // canSlam turned on later brings the built-in state icons.
