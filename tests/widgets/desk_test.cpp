@@ -441,6 +441,9 @@ TEST(DeskItems, SortingWrappingListsAndDeletion)
     XmString drawn = XmStringCreateLtoR((char *)"abcdefghijklm\nnopqrstuvwxyz\n0123",
                                         (char *)XmSTRING_DEFAULT_CHARSET);
     XmStringExtent(d.fontList, drawn, &sw, &sh);
+    xwktest::Pump(60);
+    ASSERT_NE(item(longer)->labelString, nullptr);
+    EXPECT_TRUE(XmStringByteCompare(item(longer)->labelString, drawn));
     XmStringFree(drawn);
     EXPECT_EQ(item(longer)->labelWidth, sw);
     EXPECT_EQ(item(longer)->labelHeight, sh);
