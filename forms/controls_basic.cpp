@@ -4,6 +4,7 @@
 #include <Xwk/Text.h>
 
 #include "forms_private.h"
+#include "frame/xmstring_private.h"
 
 #include <Xm/XmP.h>
 #include <Xm/Label.h>
@@ -82,7 +83,7 @@ bool item_usable(XwkDeskItem *item)
 
 XmString ltor(const char *text)
 {
-    return XmStringCreateLtoR(smi18n_gettext(text ? text : ""), (char *)XmFONTLIST_DEFAULT_TAG);
+    return xwk::LinesString(smi18n_gettext(text ? text : ""), (char *)XmFONTLIST_DEFAULT_TAG);
 }
 
 XmString localized(const char *text)

@@ -2,6 +2,7 @@
 // other, with font tags, alignment and separator lines.
 #include <Xwk/Dialogs.h>
 #include <Xwk/Strings.h>
+#include "frame/xmstring_private.h"
 
 #include <Xm/XmP.h>
 #include <Xm/Label.h>
@@ -40,7 +41,7 @@ void add_string(XmString *string, const char *text, const char *tag)
         tabs += *p == '\t';
     std::vector<char> expanded(strlen(text) + tabs * kTabWidth + 1);
     stpexpan(expanded.data(), text, kTabWidth, (int)expanded.size());
-    XmString piece = XmStringCreateLtoR(expanded.data(), (char *)tag);
+    XmString piece = xwk::LinesString(expanded.data(), (char *)tag);
     if (!*string) {
         *string = piece;
         return;

@@ -2,6 +2,7 @@
 // shows near the pointer after a delay.
 #include "bars.h"
 #include "tiplabel.h"
+#include "frame/xmstring_private.h"
 
 #include <Xwk/Frame.h>
 #include <Xwk/Graphics.h>
@@ -132,7 +133,8 @@ void show_tip(XtPointer, XtIntervalId *id)
     bool first = !tip.shell;
     if (first)
         create_tip(target);
-    XmString s = XmStringCreateLtoR(smi18n_gettext(tip.text.c_str()), (XmStringCharSet)XmFONTLIST_DEFAULT_TAG);
+    XmString s = xwk::LinesString(smi18n_gettext(tip.text.c_str()),
+                                   (XmStringTag)XmFONTLIST_DEFAULT_TAG);
     XtVaSetValues(xwkTipLabelWidget, XmNlabelString, s, NULL);
     XmStringFree(s);
     XtRealizeWidget(tip.shell);

@@ -1,6 +1,7 @@
 // Items of the desk list: adding, renaming, deleting, labels and their
 // extents, sorting, and the lists and lookups of the public interface.
 #include "widgets/desk/desk.h"
+#include "frame/xmstring_private.h"
 #include "widgets/tree/tree.h"
 #include "frame/sort_private.h"
 
@@ -41,38 +42,11 @@ bool Wraps(Widget w, const char *label)
     return (long)strlen(label) > (long)M(w).maxChars;
 }
 
-// The string XmStringCreateLtoR makes of text with newlines, built line by
-// line around one separator kept for the life of the process.
-// XmStringCreateLtoR calls XmStringSeparatorCreate at every break, which
-// raises the 8-bit reference count of Motif's cached separator but hands
-// out a clone, so the count is never lowered; when it would wrap, Motif
-// drops the cached separator without freeing it.  Wrapped labels would leak
-// 64 bytes every 255 breaks.
-XmString LinesString(const std::string &text)
-{
-    static XmString separator = XmStringSeparatorCreate();
-    XmString out = nullptr;
-    for (size_t start = 0;;) {
-        size_t end = text.find('\n', start);
-        std::string line = text.substr(start, end - start);
-        // Like XmStringCreateLtoR, the first line always gives a segment,
-        // later empty lines none.
-        if (!out || !line.empty()) {
-            XmString piece = XmStringCreateLtoR((char *)line.c_str(),
-                                                (XmStringCharSet)XmSTRING_DEFAULT_CHARSET);
-            out = out ? XmStringConcatAndFree(out, piece) : piece;
-        }
-        if (end == std::string::npos)
-            return out;
-        out = XmStringConcatAndFree(out, XmStringCopy(separator));
-        start = end + 1;
-    }
-}
-
 XmString MakeString(Widget w, const char *label)
 {
     if (Wraps(w, label))
-        return LinesString(Wrapped(label, M(w).maxChars));
+        return xwk::LinesString(Wrapped(label, M(w).maxChars).c_str(),
+                                (XmStringTag)XmSTRING_DEFAULT_CHARSET);
     return XmStringCreateLocalized((char *)label);
 }
 

@@ -3,6 +3,7 @@
 // items and columns.
 #include "widgets/tree/tree.h"
 #include "frame/XmPrivate.h"
+#include "frame/xmstring_private.h"
 
 #include <Xm/XmP.h>
 #include <Xm/PrimitiveP.h>
@@ -48,10 +49,10 @@ void MakeStrings(Widget w, XmPrjTreeColumnRec *c)
     if (c->xmLabel)
         XmStringFree(c->xmLabel);
     const char *text = smi18n_gettext(c->label ? c->label : "");
-    c->xmLabel = XmStringCreateLtoR((char *)text, (XmStringCharSet)m.defaultCharSet);
+    c->xmLabel = xwk::LinesString(text, (XmStringTag)m.defaultCharSet);
     bool same = !m.selectCharSet || !m.defaultCharSet || !strcmp(m.selectCharSet, m.defaultCharSet);
     c->xmLabelBold = same ? c->xmLabel
-                          : XmStringCreateLtoR((char *)text, (XmStringCharSet)m.selectCharSet);
+                          : xwk::LinesString(text, (XmStringTag)m.selectCharSet);
     Dimension width = 0, height = 0, bw = 0, bh = 0;
     XmStringExtent(TitleFonts(w), c->xmLabel, &width, &height);
     if (c->xmLabelBold != c->xmLabel) {
