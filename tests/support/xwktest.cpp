@@ -57,7 +57,9 @@ Widget Search(Widget w, const std::function<bool(Widget)> &match)
         return nullptr;
     if (match(w))
         return w;
-    for (Cardinal i = 0; i < w->core.num_popups; i++)
+    // Gadgets (an option menu's label and button) are objects: no core
+    // pop-up fields to read.
+    for (Cardinal i = 0; XtIsWidget(w) && i < w->core.num_popups; i++)
         if (Widget f = Search(w->core.popup_list[i], match))
             return f;
     if (XtIsComposite(w)) {

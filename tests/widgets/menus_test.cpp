@@ -28,8 +28,10 @@ void OnChoose(Widget, XtPointer closure, XtPointer call_data)
     choices.push_back({(const char *)closure, call->reason, call->click_count,
                        call->event != nullptr, !Viewable(pulldown_of_file),
                        xwktest::OthersCanGrab()});
-    if (destroy_in_callback)
-        XtDestroyWidget(destroy_in_callback);
+    if (destroy_in_callback) {
+        XtDestroyWidget(destroy_in_callback);  // the bar, and File's pulldown with it
+        pulldown_of_file = nullptr;
+    }
     destroy_in_callback = nullptr;
 }
 
@@ -285,6 +287,13 @@ TEST(Menus, BadTablesAndCallbacksThatDestroyTheMenu)
     for (int i = 0; i < 7; i++)
         EXPECT_NE(odd[i].widget, nullptr);
 
+    XwkMenuItem sizes[3];
+    Entry(&sizes[0], "Small", nullptr, nullptr, "small");
+    Entry(&sizes[1], "Large", nullptr, nullptr, "large");
+    sizes[2] = {};
+    Widget option = XwkCreateSubmenu(win.form, XwkMENU_OPTION, "&Size", 'S', 1, sizes);
+    ASSERT_NE(option, nullptr);
+
     destroy_in_callback = win.bar;
     xwktest::PressKey(XtDisplay(win.shell), XK_q, ControlMask);
     ASSERT_TRUE(win.WaitChoice());
@@ -292,7 +301,20 @@ TEST(Menus, BadTablesAndCallbacksThatDestroyTheMenu)
     EXPECT_EQ(xwktest::FindWidget(win.form, "xwkMenuBar"), nullptr);
     EXPECT_EQ(ShortHelp(win.area), "Ready");
     EXPECT_TRUE(XwkGetShortHelpSensitive(win.area));
+    // The option menu on the same form still works: its pulldown was not
+    // the bar's to destroy.
+    Widget button = XmOptionButtonGadget(option);
+    choices.clear();
+    xwktest::Click(option, button->core.x + 5, button->core.y + 5);
+    ASSERT_TRUE(xwktest::WaitViewable(sizes[0].widget));
+    xwktest::Settle();
+    for (KeySym key : {XK_Up, XK_Return})  // from the present choice, Large
+        xwktest::PressKey(XtDisplay(option), key);
+    ASSERT_TRUE(win.WaitChoice());
+    EXPECT_EQ(choices[0].name, "small");
+    EXPECT_EQ(xwktest::Get<Widget>(option, XmNmenuHistory), sizes[0].widget);
     FreeItems(odd);
+    FreeItems(sizes);
 }
 
 }  // namespace
