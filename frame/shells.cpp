@@ -132,7 +132,8 @@ bool shells_for(Widget w, Widget *shell, Widget *top)
 void set_class_values(Widget w, WidgetClass *classes, Cardinal nclasses, ArgList args,
                       Cardinal nargs)
 {
-    for (Cardinal i = 0; i < w->core.num_popups; i++)
+    // Gadgets have no pop-up list: their record ends before those fields.
+    for (Cardinal i = 0; XtIsWidget(w) && i < w->core.num_popups; i++)
         set_class_values(w->core.popup_list[i], classes, nclasses, args, nargs);
     if (XtIsComposite(w)) {
         CompositeWidget c = (CompositeWidget)w;

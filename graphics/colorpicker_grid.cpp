@@ -56,10 +56,18 @@ void collect_pixels(Widget w, std::vector<Pixel> &pixels)
 {
     if (!w || w->core.being_destroyed)
         return;
-    pixels.push_back(w->core.background_pixel);
-    pixels.push_back(w->core.border_pixel);
+    // A gadget's record ends before the core colours and pop-up list.
+    bool widget = XtIsWidget(w);
+    Pixel background = 0;
+    if (widget)
+        background = w->core.background_pixel;
+    else
+        XtVaGetValues(w, XmNbackground, &background, NULL);
+    pixels.push_back(background);
+    if (widget)
+        pixels.push_back(w->core.border_pixel);
     Pixel more[6];
-    std::fill(std::begin(more), std::end(more), w->core.background_pixel);
+    std::fill(std::begin(more), std::end(more), background);
     // Resources a widget lacks are left as they were.
     XtVaGetValues(w, XmNforeground, &more[0], XmNtopShadowColor, &more[1], XmNbottomShadowColor,
                   &more[2], XmNhighlightColor, &more[3], XmNselectColor, &more[4],
@@ -70,7 +78,7 @@ void collect_pixels(Widget w, std::vector<Pixel> &pixels)
         for (Cardinal i = 0; i < c->composite.num_children; i++)
             collect_pixels(c->composite.children[i], pixels);
     }
-    for (Cardinal i = 0; i < w->core.num_popups; i++)
+    for (Cardinal i = 0; widget && i < w->core.num_popups; i++)
         collect_pixels(w->core.popup_list[i], pixels);
 }
 

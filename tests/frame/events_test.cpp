@@ -165,6 +165,7 @@ TEST(Shells, ClassValuesGoToExactClassesPopupsIncluded)
     Widget popup = XtVaCreatePopupShell("p", topLevelShellWidgetClass, form, NULL);
     Widget inner = XtVaCreateWidget("in", xmPushButtonWidgetClass, popup, NULL);
     Widget nested_form = XtVaCreateWidget("nf", xmFormWidgetClass, form, NULL);
+    XtVaCreateWidget("gadget", xmLabelGadgetClass, form, NULL);  // no pop-up list to walk
     WidgetClass classes[] = {xmPushButtonWidgetClass};
     Arg args[1];
     XtSetArg(args[0], XmNwidth, 77);

@@ -3,6 +3,7 @@
 // returns, its fields in every unit, and the pixels of its sample.
 #include "xwktest.h"
 
+#include <Xm/LabelG.h>
 #include <Xm/TextF.h>
 
 namespace {
@@ -193,7 +194,10 @@ TEST(ColorPickerWidget, InAnOwnWindowOnAWritablePalette)
     Widget shell = XtVaCreatePopupShell("pickerShell", topLevelShellWidgetClass, pseudo,
                                         XtNvisual, palette->visual, XtNdepth, palette->depth,
                                         XtNcolormap, palette->colormap, NULL);
-    Widget picker = ColorPicker(shell, "ownPicker", palette, nullptr);
+    // The application's form holds a gadget too: it has no core colours.
+    Widget form = XtVaCreateManagedWidget("form", xmFormWidgetClass, shell, NULL);
+    XtVaCreateManagedWidget("note", xmLabelGadgetClass, form, NULL);
+    Widget picker = ColorPicker(form, "ownPicker", palette, nullptr);
     XtPopup(shell, XtGrabNone);
     ASSERT_TRUE(xwktest::WaitViewable(picker));
     xwktest::Settle();
