@@ -185,6 +185,13 @@ void CloseByWindowMenu(Widget shell)
         Rect r = RootRect(dpy, menu);
         MovePointer(dpy, r.x + r.w / 2, r.y + r.h / 2);
         SleepMs(50);
+    } else {
+        Rect frame = RootRect(dpy, FrameOf(shell));
+        Rect client = RootRect(dpy, XtWindow(shell));
+        // Says what the press met when the close misses, which happens rarely under load.
+        fprintf(stderr,
+                "wm: no window menu for a press at %d,%d; frame %d,%d %dx%d, client %d,%d %dx%d\n",
+                x, y, frame.x, frame.y, frame.w, frame.h, client.x, client.y, client.w, client.h);
     }
     Press(dpy, 3, false);
 }
