@@ -2,6 +2,7 @@
 // other, with font tags, alignment and separator lines.
 #include <Xwk/Dialogs.h>
 #include <Xwk/Strings.h>
+
 #include "frame/xmstring_private.h"
 
 #include <Xm/XmP.h>

@@ -1,6 +1,7 @@
 // Compound strings of text with line breaks, without Motif's separator leak.
 #include "frame/xmstring_private.h"
 
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -8,8 +9,12 @@ namespace xwk {
 
 XmString LinesString(const char *text, XmStringTag tag)
 {
+    if (!text)
+        text = "";
+    if (!strchr(text, '\n'))
+        return XmStringCreateLtoR((char *)text, tag);
     static XmString separator = XmStringSeparatorCreate();
-    std::string_view rest(text ? text : "");
+    std::string_view rest(text);
     XmString out = nullptr;
     for (;;) {
         size_t end = rest.find('\n');

@@ -59,10 +59,7 @@ void collect_pixels(Widget w, std::vector<Pixel> &pixels)
     // A gadget's record ends before the core colours and pop-up list.
     bool widget = XtIsWidget(w);
     Pixel background = 0;
-    if (widget)
-        background = w->core.background_pixel;
-    else
-        XtVaGetValues(w, XmNbackground, &background, NULL);
+    XtVaGetValues(w, XmNbackground, &background, NULL);
     pixels.push_back(background);
     if (widget)
         pixels.push_back(w->core.border_pixel);

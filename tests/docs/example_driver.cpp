@@ -184,8 +184,7 @@ bool Load(Window id, Win *out)
 
 bool Viewable(Window id)
 {
-    XWindowAttributes a;
-    return XGetWindowAttributes(dpy, id, &a) && a.map_state == IsViewable;
+    return xwktest::MapState(dpy, id) == IsViewable;
 }
 
 // The viewable top-level window with the title, 0 if there is none.  There

@@ -59,16 +59,9 @@ inline void when(Step *step, std::function<bool()> cond, std::function<void()> a
     start(step);
 }
 
-inline bool viewable(Widget w)
-{
-    XWindowAttributes a;
-    return w && XtIsRealized(w) && XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) &&
-           a.map_state == IsViewable;
-}
-
 inline bool box_up()
 {
-    return viewable(xwkConditWidget);
+    return xwktest::Viewable(xwkConditWidget);
 }
 
 // Acts once the present box is viewable.
@@ -82,7 +75,7 @@ inline void when_up(Step *step, std::function<void()> action)
 inline bool form_up()
 {
     Widget form = xwkParentWidget;
-    return form && xwktest::FindWidget(form, "xwkActionArea") && viewable(form);
+    return form && xwktest::FindWidget(form, "xwkActionArea") && xwktest::Viewable(form);
 }
 
 // The n-th (from 1) button of that form's action area.

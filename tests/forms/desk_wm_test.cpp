@@ -177,7 +177,7 @@ TEST_F(UnderManager, ForceUpdateReturnsOnceTheManagerHasMappedTheWindow)
     XtManageChild(form);
     ForceUpdate(form);
     // No events are handled between the return and these checks.
-    EXPECT_TRUE(boxdriver::viewable(shell));
+    EXPECT_TRUE(xwktest::Viewable(shell));
     EXPECT_NE(xwktest::FrameOf(shell), XtWindow(shell)) << "reparented before the return";
 
     XtUnmanageChild(form);

@@ -15,7 +15,7 @@ Widget list_up()
     Widget tree = boxdriver::form_up()
                       ? xwktest::FindWidgetOfClass(xwkParentWidget, xmPrjTreeWidgetClass)
                       : nullptr;
-    return boxdriver::viewable(tree) ? tree : nullptr;
+    return xwktest::Viewable(tree) ? tree : nullptr;
 }
 
 void when_up(Step *step, std::function<void(Widget)> action)

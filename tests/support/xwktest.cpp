@@ -154,14 +154,14 @@ void Settle()
     }
 }
 
+bool Viewable(Widget w)
+{
+    return w && XtIsRealized(w) && MapState(XtDisplay(w), XtWindow(w)) == IsViewable;
+}
+
 bool WaitViewable(Widget w, int timeout_ms)
 {
-    return PumpUntil([w] {
-        if (!XtIsRealized(w))
-            return false;
-        XWindowAttributes a;
-        return XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) && a.map_state == IsViewable;
-    }, timeout_ms);
+    return PumpUntil([w] { return Viewable(w); }, timeout_ms);
 }
 
 Widget FindWidget(Widget root, const char *name)

@@ -72,6 +72,8 @@ bool PumpUntil(const std::function<bool()> &cond, int timeout_ms = 3000);
 void Pump(int ms);
 // Flushes, waits for the server and handles all that is pending.
 void Settle();
+// True when the widget is realized and its window and all its ancestors are mapped.
+bool Viewable(Widget w);
 // Waits until the widget's window is viewable.
 bool WaitViewable(Widget w, int timeout_ms = 3000);
 
@@ -244,9 +246,6 @@ inline int SameWord(XtPointer data, XtPointer arg)
     return V(data) == V(arg) ? 0 : 1;
 }
 
-}  // namespace xwktest
-
-namespace xwktest {
 // While it stands the library's user globals name another user (uid and group 4242).
 struct AnotherUser {
     int uid = xwkUID, count = xwkNumGIDs, *gids = xwkGIDs, mine[1] = {4242};
@@ -263,6 +262,7 @@ struct AnotherUser {
         xwkNumGIDs = count;
     }
 };
+
 }  // namespace xwktest
 
 #endif

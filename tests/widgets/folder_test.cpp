@@ -101,9 +101,7 @@ struct Folder {
     bool Shown(int n)
     {
         Widget child = children[n - 1];
-        XWindowAttributes a;
-        return XtIsManaged(child) && XGetWindowAttributes(XtDisplay(child), XtWindow(child), &a) &&
-               a.map_state == IsViewable;
+        return XtIsManaged(child) && xwktest::Viewable(child);
     }
 };
 

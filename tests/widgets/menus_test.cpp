@@ -15,18 +15,11 @@ std::vector<Choice> choices;
 Widget pulldown_of_file;
 Widget destroy_in_callback;
 
-bool Viewable(Widget w)
-{
-    XWindowAttributes a;
-    return w && XtWindow(w) && XGetWindowAttributes(XtDisplay(w), XtWindow(w), &a) &&
-           a.map_state == IsViewable;
-}
-
 void OnChoose(Widget, XtPointer closure, XtPointer call_data)
 {
     XmPushButtonCallbackStruct *call = (XmPushButtonCallbackStruct *)call_data;
     choices.push_back({(const char *)closure, call->reason, call->click_count,
-                       call->event != nullptr, !Viewable(pulldown_of_file),
+                       call->event != nullptr, !xwktest::Viewable(pulldown_of_file),
                        xwktest::OthersCanGrab()});
     if (destroy_in_callback) {
         XtDestroyWidget(destroy_in_callback);  // the bar, and File's pulldown with it

@@ -1,9 +1,9 @@
 // Items of the desk list: adding, renaming, deleting, labels and their
 // extents, sorting, and the lists and lookups of the public interface.
 #include "widgets/desk/desk.h"
-#include "frame/xmstring_private.h"
 #include "widgets/tree/tree.h"
 #include "frame/sort_private.h"
+#include "frame/xmstring_private.h"
 
 #include <Xm/XmP.h>
 
